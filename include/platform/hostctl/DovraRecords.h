@@ -1,0 +1,176 @@
+// The values that pass between the control library and those who call it.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "platform/hostctl/Network.h"
+
+namespace HostCtl::Dovra {
+
+/// A 128-bit UUID, most significant byte first.
+struct Uuid {
+  std::array<std::uint8_t, 16> bytes{};
+  auto operator<=>(const Uuid&) const = default;
+};
+
+/// The classes of objects that have a default storage policy each.
+enum class DovraPolicyClass { kCluster, kVdisk, kVmNamespace, kVmSwap, kVmem };
+
+/// An address of either family; the other family's member is left as it was made.
+struct DovraIpAddress {
+  bool isIpv6 = false;
+  Network::Ipv4Address ipv4;
+  Network::Ipv6Address ipv6;
+
+  DovraIpAddress() = default;
+  explicit DovraIpAddress(Network::Ipv4Address address) : ipv4(address) {}
+  explicit DovraIpAddress(Network::Ipv6Address address) : isIpv6(true), ipv6(std::move(address)) {}
+
+  std::string GetStringAddress() const {
+    return isIpv6 ? ipv6.GetStringAddress() : ipv4.GetStringAddress();
+  }
+  bool operator==(const DovraIpAddress& other) const {
+    return isIpv6 == other.isIpv6 && (isIpv6 ? ipv6 == other.ipv6 : ipv4 == other.ipv4);
+  }
+};
+
+struct DovraClusterConfig {
+  bool enabled = false;
+  std::string clusterUuid;  ///< empty when not enabled
+};
+
+struct DovraConfigGeneration {
+  std::string uuid;  ///< may be empty
+  std::uint64_t generation = 0;
+  std::uint64_t timestamp = 0;  ///< milliseconds since the epoch
+};
+
+struct DovraMemberInfo {
+  std::string uuid;
+};
+
+/// A datastore of the cluster.
+class [[gnu::visibility("default")]] DovraDatastore {
+ public:
+  DovraDatastore(std::string uuid, std::string name, bool isDefault);
+  const std::string& GetUuid() const {
+    return uuid_;
+  }
+  const std::string& GetName() const {
+    return name_;
+  }
+  bool IsDefault() const {
+    return isDefault_;
+  }
+
+ private:
+  std::string uuid_;
+  std::string name_;
+  bool isDefault_;
+};
+
+/// A disk device of this host that belongs to the cluster.
+class [[gnu::visibility("default")]] DovraDiskLun {
+ public:
+  virtual Uuid GetUuid() const = 0;
+  virtual std::string GetDeviceName() const = 0;
+  virtual ~DovraDiskLun();
+};
+
+/// What is known of one disk of the cluster.
+struct DovraDiskInfo {
+  std::string deviceName;
+  bool isFlash = false;
+  std::string uuid;
+  std::string diskGroupUuid;
+  std::string diskGroupName;
+  std::string vendor;
+  std::string model;
+  bool usedByThisHost = false;
+  bool inTavdir = false;  ///< published in the cluster directory
+  std::int32_t formatVersion = 0;
+  bool deduplication = false;
+  std::string checksum;
+  bool checksumOk = false;
+  bool isCapacityTier = false;
+  bool encryption = false;
+  bool diskKeyLoaded = false;
+  bool isMounted = false;
+};
+
+/// One kernel network interface of the storage network, its IPv4 side.
+class [[gnu::visibility("default")]] DovraKnicConfig {
+ public:
+  virtual ~DovraKnicConfig();
+
+  const std::string& GetKnicName() const {
+    return knicName_;
+  }
+  const std::string& GetIfaceUuid() const {
+    return ifaceUuid_;
+  }
+  const DovraIpAddress& GetAgentMulticastGroup() const {
+    return agentGroup_;
+  }
+  const DovraIpAddress& GetMasterMulticastGroup() const {
+    return masterGroup_;
+  }
+  int GetAgentMulticastPort() const {
+    return agentPort_;
+  }
+  int GetMasterMulticastPort() const {
+    return masterPort_;
+  }
+  int GetHostUnicastPort() const {
+    return hostUnicastPort_;
+  }
+  int GetMulticastTTL() const {
+    return multicastTtl_;
+  }
+
+ protected:
+  DovraKnicConfig(std::string knicName, DovraIpAddress agentGroup, DovraIpAddress masterGroup,
+                  int agentPort, int masterPort, int hostUnicastPort, int multicastTtl,
+                  std::string ifaceUuid);
+
+ private:
+  std::string knicName_;
+  DovraIpAddress agentGroup_;
+  DovraIpAddress masterGroup_;
+  int agentPort_;
+  int masterPort_;
+  int hostUnicastPort_;
+  int multicastTtl_;
+  std::string ifaceUuid_;
+};
+
+/// One kernel network interface of the storage network, with IPv6 groups and traffic types.
+class [[gnu::visibility("default")]] DovraKnicConfig2 : public DovraKnicConfig {
+ public:
+  DovraKnicConfig2(std::string knicName, DovraIpAddress agentGroup, DovraIpAddress agentV6Group,
+                   DovraIpAddress masterGroup, DovraIpAddress masterV6Group, int agentPort,
+                   int masterPort, int hostUnicastPort, int multicastTtl, bool carriesDovra,
+                   bool carriesWitness, std::string ifaceUuid);
+  ~DovraKnicConfig2() override;
+
+  const DovraIpAddress& GetAgentV6MulticastGroup() const {
+    return agentV6Group_;
+  }
+  const DovraIpAddress& GetMasterV6MulticastGroup() const {
+    return masterV6Group_;
+  }
+  /// Fills `types` with "dovra" and "witness", as far as the interface carries them.
+  void GetTrafficTypes(std::vector<std::string> & types) const;
+
+  bool carriesDovra;
+  bool carriesWitness;
+
+ private:
+  DovraIpAddress agentV6Group_;
+  DovraIpAddress masterV6Group_;
+};
+
+}  // namespace HostCtl::Dovra

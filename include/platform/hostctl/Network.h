@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace HostCtl::Network {
+
+/// An IPv4 address; 0.0.0.0 unless given otherwise.
+class [[gnu::visibility("default")]] Ipv4Address {
+ public:
+  /// Whether `text` is an address in dotted form, all four parts given.
+  static bool IsValidAddress(const std::string& text);
+
+  Ipv4Address() = default;
+  /// Throws `DovraCtlException` when `text` is not a valid address.
+  explicit Ipv4Address(const std::string& text);
+
+  std::string GetStringAddress() const;
+  bool operator==(const Ipv4Address&) const = default;
+
+ private:
+  std::uint32_t address_ = 0;  // network byte order
+};
+
+/// An IPv6 address, kept in the spelling in which it was given; "::" unless given otherwise.
+class [[gnu::visibility("default")]] Ipv6Address {
+ public:
+  static bool IsValidAddress(const std::string& text);
+
+  Ipv6Address() = default;
+  /// Throws `DovraCtlException` when `text` is not a valid address.
+  explicit Ipv6Address(const std::string& text);
+
+  const std::string& GetStringAddress() const {
+    return text_;
+  }
+  /// Whether both are the same address, however they are spelt.
+  bool operator==(const Ipv6Address& other) const;
+
+ private:
+  std::string text_ = "::";
+};
+
+}  // namespace HostCtl::Network

@@ -1,0 +1,74 @@
+#include "platform/clitools/AutoCli.h"
+
+#include <algorithm>
+
+namespace CliTools::AutoCli {
+
+namespace {
+
+void Set(CommandSpec::Pairs& pairs, const std::string& key, std::string value) {
+  const auto known = std::ranges::find(pairs, key, &CommandSpec::Pairs::value_type::first);
+  if (known != pairs.end()) {
+    known->second = std::move(value);
+  } else {
+    pairs.emplace_back(key, std::move(value));
+  }
+}
+
+}  // namespace
+
+NamespaceNode::NamespaceNode() = default;
+NamespaceNode::~NamespaceNode() = default;
+void NamespaceNode::SetDescription(std::string text) {
+  description_ = std::move(text);
+}
+
+CommandSpec::CommandSpec() = default;
+CommandSpec::~CommandSpec() = default;
+
+void CommandSpec::SetMetaDataField(const std::string& key, std::string value) {
+  Set(metaData_, key, std::move(value));
+}
+void CommandSpec::SetDefaultOutputFormatter(std::string formatter) {
+  formatter_ = std::move(formatter);
+}
+void CommandSpec::SetDefaultOutputParameter(const std::string& key, std::string value) {
+  Set(outputParameters_, key, std::move(value));
+}
+
+std::string CommandSpec::GetMetaDataField(const std::string& key) const {
+  const auto known = std::ranges::find(metaData_, key, &Pairs::value_type::first);
+  return known == metaData_.end() ? std::string() : known->second;
+}
+
+bool CommandSpec::HasNamespaceNode(const std::string& name) const {
+  return GetNamespaceNode(name) != nullptr;
+}
+
+std::shared_ptr<NamespaceNode> CommandSpec::GetNamespaceNode(const std::string& name) const {
+  const auto known = std::ranges::find(children_, name, &NamespaceNode::name_);
+  return known == children_.end() ? nullptr : *known;
+}
+
+void CommandSpec::RegisterNamespaceNode(std::shared_ptr<NamespaceNode> child,
+                                        const std::string& name) {
+  child->name_ = name;
+  child->parent_ = weak_from_this();
+  const auto known = std::ranges::find(children_, name, &NamespaceNode::name_);
+  if (known != children_.end()) {
+    *known = std::move(child);
+  } else {
+    children_.push_back(std::move(child));
+  }
+}
+
+Namespace::Namespace() = default;
+Namespace::~Namespace() = default;
+std::shared_ptr<Namespace> Namespace::New() {
+  return std::make_shared<Namespace>();
+}
+
+Command::Command() = default;
+Command::~Command() = default;
+
+}  // namespace CliTools::AutoCli

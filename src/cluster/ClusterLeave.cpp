@@ -1,0 +1,59 @@
+#include "cluster/ClusterCommands.h"
+#include "frame/ControlLibrary.h"
+#include "frame/HostPaths.h"
+#include "frame/Text.h"
+
+namespace OrvaneCli::DovraNamespace {
+
+using HostCtl::Dovra::DovraDatastore;
+using HostCtl::Dovra::DovraInfo;
+
+namespace {
+
+/// The datastores' names, joined by commas.
+std::string ReadDatastoreNames(const ControlLibrary& library) {
+  DovraInfo::Datastores datastores;
+  library->GetDatastores(datastores);
+  std::string names;
+  names.reserve(datastores.size() * 16);
+  for (const auto& datastore : datastores) {
+    if (datastore != datastores.front()) names += ',';
+    names += datastore->GetName();
+  }
+  return names;
+}
+
+/// Tells the host's management daemon what becomes of the datastores. That it may fail is no
+/// reason not to leave.
+void NotifyDatastores(const char* event, const std::string& names) {
+  std::string unused;
+  CliTools::AutoCli::AutoCli_ShellCmd(
+      ShellWord(HostPaths::NotifyDatastoreScript()) + " -t " + event + " -d " + ShellWord(names),
+      unused, "");
+}
+
+}  // namespace
+
+ClusterLeave::ClusterLeave() {
+  DescribeOperation("Leave the Dovra cluster the host is currently joined to.");
+}
+
+void ClusterLeave::ExecuteInternal(const InputPtr&, const OutputPtr& output) {
+  std::string names;
+  try {
+    const ControlLibrary library;
+    if (!library->GetClusterConfig().enabled) {
+      output->AddErrorMessage("The host is not in a Dovra cluster.");
+      return;
+    }
+    names = ReadDatastoreNames(library);
+    NotifyDatastores("PreUnmount", names);
+    library->LeaveCluster(false);
+    output->SetRootObject(MetaBool::New(true));
+  } catch (const DovraCtlException& failure) {
+    Report(output, "", failure);
+    if (!names.empty()) NotifyDatastores("FailedUnmount", names);
+  }
+}
+
+}  // namespace OrvaneCli::DovraNamespace

@@ -1,0 +1,10 @@
+// Texts that more than one cluster command says.
+#pragma once
+
+namespace OrvaneCli::DovraNamespace {
+
+inline constexpr const char* kAlreadyInClusterMessage =
+    "The host is in a Dovra cluster and enabled for Dovra. You need to remove it from the cluster "
+    "or disable Dovra.";
+
+}  // namespace OrvaneCli::DovraNamespace

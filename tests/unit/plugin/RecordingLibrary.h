@@ -1,0 +1,72 @@
+// The control library that the commands under test meet: it records every operation, answers with
+// what the test set, and throws where the test said so.
+#pragma once
+
+#include <cstdint>
+#include <exception>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/hostctl/DovraPluginFactory.h"
+
+namespace Testing {
+
+struct RecordingLibrary {
+  /// "Operation(argument, ...)" for each call, in order. Texts stand as they are, truth values as
+  /// true and false, lists in brackets. `GetDovraPlugin` and `GetDovraInfo` are recorded too.
+  std::vector<std::string> calls;
+  /// By operation: the text of the `DovraCtlException` that it throws after it was recorded.
+  std::map<std::string, std::string> failures;
+  /// By operation: how many calls succeed before the failure sets in; 0 unless set.
+  std::map<std::string, int> failAfter;
+  /// By operation: an exception of another kind.
+  std::map<std::string, std::exception_ptr> otherExceptions;
+  /// Objects handed out and not released yet.
+  int liveObjects = 0;
+
+  // What the operations answer.
+  bool hasInfo = true;   ///< `GetDovraInfo` yields an object
+  bool hasInfo2 = true;  ///< ... and it has the newer operations
+  HostCtl::Dovra::DovraClusterConfig config{true, "c0000000-0000-0000-0000-000000000001"};
+  HostCtl::Dovra::DovraConfigGeneration generation;
+  bool isWitness = false;
+  std::vector<std::string> members;
+  bool unicastMode = false;
+  bool stretched = true;
+  bool autoClaim = false;
+  bool knicInUseForDovra = false;
+  bool knicInUseForWitness = false;
+  std::vector<HostCtl::Dovra::DovraKnicConfig2> knics;
+  bool knicsHoldNull = false;  ///< every entry handed out is missing
+  std::vector<HostCtl::Dovra::DovraDatastore> datastores;
+  std::vector<std::string> unicastAgents;
+  std::vector<std::string> unicastWitnesses;
+  bool removeUnicastAgentResult = true;
+  /// Local devices: device name and UUID text.
+  std::vector<std::pair<std::string, std::string>> luns;
+  std::vector<std::string> serviceDisks;  ///< UUID texts
+  /// By UUID text: what `GetDiskInfo` fills in; an unknown disk leaves the record empty.
+  std::map<std::string, HostCtl::Dovra::DovraDiskInfo> diskInfos;
+  /// By what was asked (policy class, datastore UUID); others yield the empty text.
+  std::map<std::string, std::string> policies;
+  std::map<std::string, std::string> datastoreNames;
+  std::int64_t throttle = 0;
+  std::int64_t bandwidth = 0;
+  std::string faultDomainName = "site-a";
+  /// Exit statuses of `DovraExec`, in order; the last one repeats. 0 if there is none.
+  std::vector<int> execStatuses;
+
+  /// The library that the linked operations use: the one living instance.
+  static RecordingLibrary& Get();
+  RecordingLibrary();
+  ~RecordingLibrary();
+  RecordingLibrary(const RecordingLibrary&) = delete;
+  RecordingLibrary& operator=(const RecordingLibrary&) = delete;
+
+  /// Records the call, then fails if the test said so.
+  void Record(const std::string& operation, const std::vector<std::string>& arguments = {});
+};
+
+}  // namespace Testing
