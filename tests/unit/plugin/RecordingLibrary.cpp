@@ -20,9 +20,9 @@ std::string Text(const HostCtl::Dovra::DovraIpAddress& address) {
   return (address.isIpv6 ? "v6 " : "v4 ") + address.GetStringAddress();
 }
 std::string Text(const std::vector<std::string>& values) {
-  std::string text = "[";
-  for (const auto& value : values) text += (text.size() > 1 ? ", " : "") + value;
-  return text + "]";
+  std::string text;
+  for (const auto& value : values) text += (&value == &values.front() ? "" : ", ") + value;
+  return "[" + text + "]";
 }
 std::string Text(const HostCtl::Dovra::Uuid& uuid) {
   return CoreCtl::Dovra::DovraUtil::DovraUuidToString(uuid);

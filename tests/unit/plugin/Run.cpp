@@ -1,5 +1,7 @@
 #include "Run.h"
 
+#include <algorithm>
+
 #include "frame/HostPaths.h"
 #include "trace/RestartPause.h"
 
@@ -24,14 +26,14 @@ std::string ToText(const std::shared_ptr<MetaObject>& value) {
       return static_cast<const MetaString&>(*value).GetValue();
     case MetaType::kStruct:
       for (const auto& [name, field] : static_cast<const MetaStruct&>(*value).GetFields()) {
-        text += (text.empty() ? "" : ", ") + name + ": " + ToText(field);
+        text += name + ": " + ToText(field) + ", ";
       }
-      return "{" + text + "}";
+      return "{" + text.substr(0, text.size() - std::min<std::size_t>(text.size(), 2)) + "}";
     case MetaType::kList:
       for (const auto& element : static_cast<const MetaList&>(*value).GetElements()) {
-        text += (text.empty() ? "" : ", ") + ToText(element);
+        text += ToText(element) + ", ";
       }
-      return "[" + text + "]";
+      return "[" + text.substr(0, text.size() - std::min<std::size_t>(text.size(), 2)) + "]";
   }
   return "a value of no known type";
 }

@@ -1,0 +1,48 @@
+#include "autocli/Plugins.h"
+
+#include <dlfcn.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "store/Sqlite.h"
+
+namespace AutoCliProgram {
+
+namespace fs = std::filesystem;
+using Lab::LabError;
+
+namespace {
+
+std::vector<fs::path> FindPlugins(const fs::path& folder) {
+  std::vector<fs::path> plugins;
+  std::error_code error;
+  for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
+       entry.increment(error)) {
+    if (entry->path().extension() == ".so") plugins.push_back(entry->path());
+  }
+  if (error) {
+    throw LabError("the plug-ins' folder \"" + folder.string() +
+                   "\" cannot be read: " + error.message());
+  }
+  if (plugins.empty()) throw LabError("there is no plug-in in \"" + folder.string() + "\"");
+  std::ranges::sort(plugins);
+  return plugins;
+}
+
+}  // namespace
+
+void LoadPlugins(const fs::path& folder,
+                 const std::shared_ptr<CliTools::AutoCli::Namespace>& root) {
+  for (const fs::path& plugin : FindPlugins(folder)) {
+    void* const handle = dlopen(plugin.c_str(), RTLD_LAZY | RTLD_LOCAL);
+    void* const entry = handle == nullptr ? nullptr : dlsym(handle, "AutoCli_RegisterNamespaces");
+    if (entry == nullptr) {
+      throw LabError("the plug-in \"" + plugin.string() + "\" cannot be loaded: " + dlerror());
+    }
+    reinterpret_cast<decltype(&AutoCli_RegisterNamespaces)>(entry)(root);
+  }
+}
+
+}  // namespace AutoCliProgram

@@ -1,0 +1,269 @@
+#include "clitools/CommandLine.h"
+
+#include <getopt.h>
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <string_view>
+
+#include "clitools/Suggest.h"
+#include "clitools/Text.h"
+
+namespace CliTools {
+
+using CallSpec::Input;
+using CallSpec::InputSpec;
+using CallSpec::ParameterConstraint;
+using CallSpec::ParameterConstraintType;
+using CallSpec::ParameterSpec;
+using CallSpec::ParameterType;
+
+namespace {
+
+using Parameters = std::vector<std::shared_ptr<ParameterSpec>>;
+/// The values given to each parameter, in the parameters' order; a flag is given as one value.
+using GivenValues = std::vector<std::vector<std::string>>;
+
+/// The program's own options, which stand before the path of the command.
+constexpr std::array<std::string_view, 4> kGlobalOptions = {"lab", "host", "formatter",
+                                                            "plugin-dir"};
+
+/// What getopt_long returns for the first parameter's long name: above every short name.
+constexpr int kFirstLongName = 256;
+
+std::string OptionName(const ParameterSpec& parameter) {
+  return "--" + parameter.GetName();
+}
+
+bool HasLongName(const Parameters& parameters, std::string_view name) {
+  return std::ranges::find(parameters, name, &ParameterSpec::GetName) != parameters.end();
+}
+
+/// What there is, for somebody who gave something else.
+std::string OptionsInWords(const Parameters& parameters) {
+  if (parameters.empty()) return "there are no options here";
+  std::vector<std::string> names;
+  for (const auto& parameter : parameters) names.push_back(OptionName(*parameter));
+  return "the options are " + Join(names, ", ");
+}
+
+/// `word` is what was typed, without hyphens and value.
+[[noreturn]] void RefuseUnknownOption(const Parameters& parameters, const std::string& given,
+                                      std::string_view word) {
+  std::vector<std::string> names;
+  for (const auto& parameter : parameters) names.push_back(parameter->GetName());
+  std::vector<std::string> meant = Nearest(word, names);
+  for (std::string& name : meant) name.insert(0, "--");
+  throw UsageError("Unknown option " + given + "; " +
+                   (meant.empty() ? OptionsInWords(parameters) : DidYouMean(meant)));
+}
+
+/// Refuses a long option that is not spelt out in full, before getopt_long takes an abbreviation
+/// for the whole.
+void CheckLongName(const Parameters& parameters, std::string_view word) {
+  if (!word.starts_with("--") || word == "--") return;
+  const std::string_view name = word.substr(2, word.find('=') - 2);
+  if (HasLongName(parameters, name)) return;
+  const std::string given = "--" + std::string(name);
+  if (std::ranges::find(kGlobalOptions, name) != kGlobalOptions.end()) {
+    throw UsageError("Option " + given + " goes before the namespace, as in \"autocli " + given +
+                     " VALUE NAMESPACE... COMMAND\"");
+  }
+  RefuseUnknownOption(parameters, Quote(given), name);
+}
+
+[[noreturn]] void RefuseUnknownLetter(const Parameters& parameters, std::string_view word) {
+  const std::string letter = {'-', static_cast<char>(optopt)};
+  if (word == letter) RefuseUnknownOption(parameters, Quote(letter), "");
+  RefuseUnknownOption(parameters, Quote(letter) + " in " + Quote(word),
+                      word.substr(1, word.find('=') - 1));
+}
+
+/// getopt_long over one command's parameters.
+class OptionReader {
+ public:
+  OptionReader(const Parameters& parameters, const std::vector<std::string>& arguments)
+      : parameters_(parameters), words_(arguments), given_(parameters.size()) {
+    words_.insert(words_.begin(), "autocli");
+    for (std::string& word : words_) argv_.push_back(word.data());
+    argv_.push_back(nullptr);
+    for (const auto& parameter : parameters) {
+      const bool isFlag = parameter->GetType() == ParameterType::kFlag;
+      longNames_.push_back({parameter->GetName().c_str(), isFlag ? no_argument : required_argument,
+                            nullptr, kFirstLongName + static_cast<int>(longNames_.size())});
+      if (parameter->GetShortName().empty()) continue;
+      shortNames_ += parameter->GetShortName();
+      if (!isFlag) shortNames_ += ':';
+    }
+    longNames_.push_back({});
+  }
+
+  GivenValues Read() {
+    opterr = 0;
+    optind = 0;  // begins anew
+    while (ReadOption()) continue;
+    if (const auto next = static_cast<std::size_t>(optind); next < words_.size()) RefuseWord(next);
+    return std::move(given_);
+  }
+
+ private:
+  /// False if there is no further option.
+  bool ReadOption() {
+    const std::size_t next = std::max<std::size_t>(1, static_cast<std::size_t>(optind));
+    const std::string_view word = next < words_.size() ? words_[next] : std::string_view();
+    CheckLongName(parameters_, word);
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): the header says so
+    const int code = getopt_long(static_cast<int>(words_.size()), argv_.data(), shortNames_.c_str(),
+                                 longNames_.data(), nullptr);
+    if (code == -1) return false;
+    const std::size_t index = IndexOf(code == '?' || code == ':' ? optopt : code);
+    if (index == parameters_.size()) RefuseUnknownLetter(parameters_, word);
+    last_ = parameters_[index].get();
+    if (code == ':') {
+      throw UsageError(OptionName(*last_) + " needs a value: " + ValueInWords(*last_));
+    }
+    if (code == '?') {  // the option is known: it is a flag that was given a value
+      throw UsageError(OptionName(*last_) + " takes no value, but was given " +
+                       Quote(word.substr(word.find('=') + 1)));
+    }
+    lastValue_ = optarg == nullptr ? "" : optarg;
+    given_[index].push_back(lastValue_);
+    return true;
+  }
+
+  /// The parameter for which getopt_long returned `code`; the number of parameters if none.
+  std::size_t IndexOf(int code) const {
+    if (code >= kFirstLongName) return static_cast<std::size_t>(code - kFirstLongName);
+    const std::string letter(1, static_cast<char>(code));
+    const auto found = std::ranges::find(parameters_, letter, &ParameterSpec::GetShortName);
+    return static_cast<std::size_t>(found - parameters_.begin());
+  }
+
+  /// A word that belongs to no option: the one before it may have been misunderstood.
+  [[noreturn]] void RefuseWord(std::size_t index) const {
+    const std::string_view before = words_[index - 1];
+    std::string hint;
+    if (last_ == nullptr) {
+      hint = OptionsInWords(parameters_);
+    } else if (before.starts_with('-') && HasLongName(parameters_, before.substr(1))) {
+      hint = DidYouMean({"-" + std::string(before)});  // "-uuid X" was read as "-u uid" and X
+    } else if (last_->GetType() == ParameterType::kFlag) {
+      hint = OptionName(*last_) + " takes no value";
+    } else if (last_->GetType() == ParameterType::kStringList) {
+      hint = "repeat " + OptionName(*last_) + " before each of its values";
+    } else {
+      hint = OptionName(*last_) + " was given " + Quote(lastValue_) +
+             "; a value with blanks stands in quotes";
+    }
+    throw UsageError("Unexpected argument " + Quote(words_[index]) + "; " + hint);
+  }
+
+  const Parameters& parameters_;
+  std::vector<std::string> words_;
+  std::vector<char*> argv_;
+  std::string shortNames_ = "+:";  // nothing is reordered; a missing value is told apart
+  std::vector<option> longNames_;
+  GivenValues given_;
+  const ParameterSpec* last_ = nullptr;
+  std::string lastValue_;
+};
+
+[[noreturn]] void RefuseValue(const ParameterSpec& parameter, const std::string& text,
+                              const std::string& suggestion = {}) {
+  throw UsageError("Invalid value " + Quote(text) + " for " + OptionName(parameter) +
+                   ": expected " + ValueInWords(parameter) +
+                   (suggestion.empty() ? "" : "; " + suggestion));
+}
+
+void CheckText(const ParameterSpec& parameter, const std::string& text) {
+  const auto& constraint = parameter.GetConstraint();
+  if (!constraint || constraint->GetType() != ParameterConstraintType::kStringEnum) return;
+  std::vector<std::string> allowed;
+  for (const auto& [value, description] : constraint->GetStringEnums()) allowed.push_back(value);
+  if (std::ranges::find(allowed, text) != allowed.end()) return;
+  RefuseValue(parameter, text, DidYouMean(Nearest(text, allowed)));
+}
+
+std::int64_t ToInt(const ParameterSpec& parameter, const std::string& text) {
+  std::int64_t number = 0;
+  const char* const end = text.data() + text.size();
+  const auto [stop, error] = std::from_chars(text.data(), end, number);
+  if (error != std::errc() || stop != end) RefuseValue(parameter, text);
+  const auto& constraint = parameter.GetConstraint();
+  if (constraint && constraint->GetType() == ParameterConstraintType::kIntRange &&
+      (number < constraint->GetIntMin() || number > constraint->GetIntMax())) {
+    RefuseValue(parameter, text);
+  }
+  return number;
+}
+
+bool ToBool(const ParameterSpec& parameter, const std::string& text) {
+  if (text == "true" || text == "1" || text == "yes" || text == "on") return true;
+  if (text == "false" || text == "0" || text == "no" || text == "off") return false;
+  RefuseValue(parameter, text);
+}
+
+Input::Value ToValue(const ParameterSpec& parameter, const std::vector<std::string>& given) {
+  if (parameter.GetType() == ParameterType::kFlag) return true;
+  if (parameter.GetType() == ParameterType::kStringList) {
+    for (const std::string& text : given) CheckText(parameter, text);
+    return given;
+  }
+  if (given.size() > 1) {
+    throw UsageError(OptionName(parameter) + " is given twice, as " + Quote(given[0]) + " and " +
+                     Quote(given[1]) + "; it takes one value");
+  }
+  if (parameter.GetType() == ParameterType::kInt) return ToInt(parameter, given[0]);
+  if (parameter.GetType() == ParameterType::kBool) return ToBool(parameter, given[0]);
+  CheckText(parameter, given[0]);
+  return given[0];
+}
+
+}  // namespace
+
+std::shared_ptr<Input> ParseParameters(const InputSpec& spec,
+                                       const std::vector<std::string>& arguments) {
+  const Parameters& parameters = spec.GetParameters();
+  const GivenValues given = OptionReader(parameters, arguments).Read();
+  auto input = Input::New();
+  std::vector<std::string> missing;
+  for (std::size_t index = 0; index < parameters.size(); ++index) {
+    const ParameterSpec& parameter = *parameters[index];
+    if (!given[index].empty()) {
+      input->SetParameter(parameter.GetName(), ToValue(parameter, given[index]));
+    } else if (parameter.IsRequired()) {
+      missing.push_back(OptionName(parameter) + " (" + ValueInWords(parameter) + ")");
+    }
+  }
+  if (missing.empty()) return input;
+  throw UsageError(
+      (missing.size() == 1 ? "Missing required parameter " : "Missing required parameters ") +
+      Join(missing, ", "));
+}
+
+std::string AllowedValues(const ParameterConstraint& constraint) {
+  if (constraint.GetType() == ParameterConstraintType::kIntRange) {
+    return std::to_string(constraint.GetIntMin()) + " to " + std::to_string(constraint.GetIntMax());
+  }
+  std::vector<std::string> values;
+  for (const auto& [value, description] : constraint.GetStringEnums()) values.push_back(value);
+  return Join(values, ", ");
+}
+
+std::string ValueInWords(const ParameterSpec& parameter) {
+  const auto& constraint = parameter.GetConstraint();
+  switch (parameter.GetType()) {
+    case ParameterType::kFlag:
+      return {};
+    case ParameterType::kBool:
+      return "true or false (also 1/0, yes/no, on/off)";
+    case ParameterType::kInt:
+      return constraint ? "a whole number from " + AllowedValues(*constraint)
+                        : "a whole number of at most 64 bits";
+    default:
+      return constraint ? "one of " + AllowedValues(*constraint) : "text";
+  }
+}
+
+}  // namespace CliTools

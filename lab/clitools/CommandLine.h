@@ -1,0 +1,27 @@
+// From what a user typed to a command's parameters.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "clitools/UsageError.h"
+#include "platform/clitools/CallSpec.h"
+
+namespace CliTools {
+
+/// Reads the words that follow a command: `-u X`, `-uX`, `--uuid X`, `--uuid=X`, flags in a cluster
+/// (`-wt`). A value is taken exactly as it is, also if it begins with a hyphen or is empty; a list
+/// is given by repeating its option. Throws `UsageError` for what the parameters do not allow.
+/// Not for several threads at once: `getopt_long` keeps its place in the process.
+std::shared_ptr<CallSpec::Input> ParseParameters(const CallSpec::InputSpec& spec,
+                                                 const std::vector<std::string>& arguments);
+
+/// What a constraint allows: "a, b" for an enumeration, "0 to 512" for a range.
+std::string AllowedValues(const CallSpec::ParameterConstraint& constraint);
+
+/// What one value of a parameter is, in words: "text", "one of a, b", "a whole number from 0 to
+/// 512". Empty for a flag, which has none.
+std::string ValueInWords(const CallSpec::ParameterSpec& parameter);
+
+}  // namespace CliTools

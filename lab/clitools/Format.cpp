@@ -1,0 +1,155 @@
+#include "clitools/Format.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "clitools/Formatters.h"
+#include "clitools/Text.h"
+
+namespace CliTools {
+
+namespace {
+
+struct Formatter {
+  std::string_view name;
+  std::string (*format)(const MetaObject&, const Pairs&);
+  bool showsRecordsOnly;
+};
+
+constexpr Formatter kFormatters[] = {
+    {"simple", FormatSimple, false}, {"table", FormatTable, true},
+    {"json", FormatJson, false},     {"csv", FormatCsv, true},
+    {"xml", FormatXml, false},       {"keyvalue", FormatKeyValue, false},
+};
+
+bool CanShow(const Formatter& formatter, const MetaObject& value) {
+  return !formatter.showsRecordsOnly || HoldsRecords(value);
+}
+
+/// Empty if the key is not set.
+std::string_view Lookup(const Pairs& parameters, const std::string& key) {
+  const auto found = std::ranges::find(parameters, key, &Pairs::value_type::first);
+  return found == parameters.end() ? std::string_view() : found->second;
+}
+
+std::string_view Trim(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(' ');
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+bool IsNumber(const MetaStruct& record, const std::string& field) {
+  const auto value = record.GetField(field);
+  return value && value->GetType() == MetaType::kInt;
+}
+
+/// The record that shows how all of them look; null if there is none.
+const MetaStruct* PatternOf(const MetaObject& value) {
+  if (value.GetType() == MetaType::kStruct) return static_cast<const MetaStruct*>(&value);
+  const auto& list = static_cast<const MetaList&>(value);
+  if (list.GetElementTemplate()) return list.GetElementTemplate().get();
+  if (list.GetElements().empty()) return nullptr;
+  return static_cast<const MetaStruct*>(list.GetElements().front().get());
+}
+
+}  // namespace
+
+std::vector<std::string> FormatterNames() {
+  std::vector<std::string> names;
+  for (const Formatter& formatter : kFormatters) names.emplace_back(formatter.name);
+  return names;
+}
+
+std::vector<std::string> FormattersFor(const MetaObject& rootTemplate) {
+  std::vector<std::string> names;
+  for (const Formatter& formatter : kFormatters) {
+    if (CanShow(formatter, rootTemplate)) names.emplace_back(formatter.name);
+  }
+  return names;
+}
+
+bool CanShow(std::string_view formatter, const MetaObject& rootTemplate) {
+  const auto known = std::ranges::find(kFormatters, formatter, &Formatter::name);
+  return known != std::end(kFormatters) && CanShow(*known, rootTemplate);
+}
+
+std::string Format(const MetaObject& root, std::string_view formatter, const Pairs& parameters) {
+  if (formatter.empty()) return FormatBare(root, parameters);
+  const auto known = std::ranges::find(kFormatters, formatter, &Formatter::name);
+  if (known == std::end(kFormatters)) {
+    throw std::invalid_argument("no formatter " + Quote(formatter));
+  }
+  return CanShow(*known, root) ? known->format(root, parameters) : FormatSimple(root, parameters);
+}
+
+std::vector<std::string> ShownFields(const MetaStruct& record, const Pairs& parameters) {
+  std::vector<std::string> names;
+  std::string_view listed = Lookup(parameters, "fields:" + record.GetName());
+  while (!listed.empty()) {
+    const std::string_view name = listed.substr(0, listed.find(','));
+    if (!Trim(name).empty()) names.emplace_back(Trim(name));
+    listed.remove_prefix(std::min(listed.size(), name.size() + 1));
+  }
+  if (names.empty()) {
+    for (const auto& [name, value] : record.GetFields()) names.push_back(name);
+  }
+  return names;
+}
+
+bool HoldsRecords(const MetaObject& value) {
+  if (value.GetType() == MetaType::kStruct) return true;
+  return value.GetType() == MetaType::kList &&
+         static_cast<const MetaList&>(value).GetElementType() == MetaType::kStruct;
+}
+
+const std::vector<std::shared_ptr<MetaObject>>& ElementsOf(const MetaObject& list) {
+  return static_cast<const MetaList&>(list).GetElements();
+}
+
+RecordSet RecordsOf(const MetaObject& value, const Pairs& parameters) {
+  RecordSet set;
+  if (const MetaStruct* const pattern = PatternOf(value)) {
+    set.name = pattern->GetName();
+    set.caption = Lookup(parameters, "header:" + set.name);
+    for (std::string& field : ShownFields(*pattern, parameters)) {
+      std::string unit(Lookup(parameters, "units:" + set.name + "." + field));
+      const bool isNumber = IsNumber(*pattern, field);
+      set.columns.push_back({std::move(field), std::move(unit), isNumber});
+    }
+  }
+  if (value.GetType() == MetaType::kStruct) {
+    set.records.push_back(static_cast<const MetaStruct*>(&value));
+    return set;
+  }
+  for (const auto& element : ElementsOf(value)) {
+    set.records.push_back(static_cast<const MetaStruct*>(element.get()));
+  }
+  return set;
+}
+
+std::string PlainText(const MetaObject* value, std::string_view separator) {
+  if (value == nullptr) return {};
+  switch (value->GetType()) {
+    case MetaType::kBool:
+      return static_cast<const MetaObj::MetaBool*>(value)->GetValue() ? "true" : "false";
+    case MetaType::kInt:
+      return std::to_string(static_cast<const MetaObj::MetaInt*>(value)->GetValue());
+    case MetaType::kString:
+      return static_cast<const MetaObj::MetaString*>(value)->GetValue();
+    default:
+      break;
+  }
+  std::vector<std::string> parts;
+  if (value->GetType() == MetaType::kList) {
+    for (const auto& element : ElementsOf(*value)) {
+      parts.push_back(PlainText(element.get(), separator));
+    }
+  } else {
+    for (const auto& [name, field] : static_cast<const MetaStruct*>(value)->GetFields()) {
+      parts.push_back(name + ": " + PlainText(field.get(), separator));
+    }
+  }
+  return Join(parts, separator);
+}
+
+}  // namespace CliTools

@@ -1,0 +1,38 @@
+// How a result is shown.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/clitools/AutoCli.h"
+
+namespace CliTools {
+
+/// The formatters' names, in the order in which help lists them: those for people first.
+std::vector<std::string> FormatterNames();
+
+/// The names of those that can show a result of this shape (a command's output template). "table"
+/// and "csv" show records only.
+std::vector<std::string> FormattersFor(const MetaObj::MetaObject& rootTemplate);
+
+/// Whether `formatter` is one of `FormattersFor(rootTemplate)`.
+bool CanShow(std::string_view formatter, const MetaObj::MetaObject& rootTemplate);
+
+/// The whole text of a result, ended by a newline unless it is empty. `parameters` are the
+/// command's ("header:", "fields:", "units:"). The empty formatter name means the bare value: a
+/// text, number or truth value as it is. A result that the formatter cannot show, such as a failed
+/// command may leave, is shown by "simple". Throws `std::invalid_argument` for a name that is not
+/// one of `FormatterNames()`.
+///
+/// Every formatter but the bare value yields valid UTF-8, whatever bytes the texts hold. "simple"
+/// and "table" show control characters escaped; the other formats keep the value.
+std::string Format(const MetaObj::MetaObject& root, std::string_view formatter,
+                   const AutoCli::CommandSpec::Pairs& parameters);
+
+/// The fields of a record that formatters show, in display order: those of "fields:" + its name,
+/// else all.
+std::vector<std::string> ShownFields(const MetaObj::MetaStruct& record,
+                                     const AutoCli::CommandSpec::Pairs& parameters);
+
+}  // namespace CliTools

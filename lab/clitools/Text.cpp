@@ -1,0 +1,158 @@
+#include "clitools/Text.h"
+
+#include <locale.h>
+#include <wchar.h>
+
+#include <algorithm>
+#include <cstdio>
+
+namespace CliTools {
+
+namespace {
+
+/// Whether every byte is a character of its own, of one column: most texts, so they take a short
+/// way.
+bool IsPlain(std::string_view text) {
+  return std::ranges::all_of(text, [](char c) { return c >= ' ' && c <= '~'; });
+}
+
+/// Direction marks and Unicode's line ends: a value that holds them can reorder or break the line
+/// in which it is shown.
+bool MisleadsReader(char32_t value) {
+  return value == 0x061C || (value >= 0x200E && value <= 0x200F) ||
+         (value >= 0x2028 && value <= 0x202E) || (value >= 0x2066 && value <= 0x2069);
+}
+
+std::string Escape(char32_t value) {
+  if (value == '\n') return "\\n";
+  if (value == '\r') return "\\r";
+  if (value == '\t') return "\\t";
+  char buffer[16];
+  std::snprintf(buffer, sizeof buffer, value < 0x100 ? "\\x%02x" : "\\u%04x",
+                static_cast<unsigned>(value));
+  return buffer;
+}
+
+/// The columns of one character. The process's own locale may know no Unicode, so it is not asked.
+std::size_t DisplayWidth(char32_t value) {
+  static const locale_t utf8 = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
+  if (utf8 == nullptr) return 1;
+  const locale_t callers = uselocale(utf8);
+  const int width = wcwidth(static_cast<wchar_t>(value));
+  uselocale(callers);
+  return width < 0 ? 1 : static_cast<std::size_t>(width);
+}
+
+/// The words of `line`, without the blanks around them.
+std::vector<std::string> Words(std::string_view line) {
+  std::vector<std::string> words;
+  while (!line.empty()) {
+    const std::string_view word = line.substr(0, line.find(' '));
+    if (!word.empty()) words.emplace_back(word);
+    line.remove_prefix(std::min(line.size(), word.size() + 1));
+  }
+  return words;
+}
+
+}  // namespace
+
+CodePoint DecodeUtf8(std::string_view text) {
+  const auto byte = [text](std::size_t index) {
+    return index < text.size() ? static_cast<unsigned char>(text[index]) : 0U;
+  };
+  const unsigned lead = byte(0);
+  if (lead < 0x80) return {lead, text.substr(0, 1), true};
+  if (lead < 0xC2 || lead > 0xF4) return {0xFFFD, text.substr(0, 1), false};
+  const std::size_t length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
+  // The second byte's bounds keep out overlong forms, surrogates and what lies above U+10FFFF.
+  unsigned low = lead == 0xE0 ? 0xA0 : lead == 0xF0 ? 0x90 : 0x80;
+  unsigned high = lead == 0xED ? 0x9F : lead == 0xF4 ? 0x8F : 0xBF;
+  char32_t value = lead & (0x7FU >> length);
+  for (std::size_t index = 1; index < length; ++index) {
+    if (byte(index) < low || byte(index) > high) return {0xFFFD, text.substr(0, index), false};
+    value = (value << 6) | (byte(index) & 0x3F);
+    low = 0x80;
+    high = 0xBF;
+  }
+  return {value, text.substr(0, length), true};
+}
+
+std::string ValidUtf8(std::string_view text) {
+  if (IsPlain(text)) return std::string(text);
+  std::string valid;
+  valid.reserve(text.size());
+  ForEachCodePoint(
+      text, [&](const CodePoint& point) { valid += point.valid ? point.bytes : kReplacement; });
+  return valid;
+}
+
+std::string Printable(std::string_view text) {
+  if (IsPlain(text)) return std::string(text);
+  std::string printable;
+  printable.reserve(text.size());
+  ForEachCodePoint(text, [&](const CodePoint& point) {
+    if (IsControl(point.value) || MisleadsReader(point.value)) {
+      printable += Escape(point.value);
+    } else {
+      printable += point.valid ? point.bytes : kReplacement;
+    }
+  });
+  return printable;
+}
+
+std::string Quote(std::string_view text) {
+  return '"' + Printable(text) + '"';
+}
+
+std::size_t DisplayWidth(std::string_view text) {
+  if (IsPlain(text)) return text.size();
+  std::size_t width = 0;
+  ForEachCodePoint(text, [&](const CodePoint& point) {
+    width += point.value < 0x80 ? 1 : DisplayWidth(point.value);
+  });
+  return width;
+}
+
+std::string Join(const std::vector<std::string>& texts, std::string_view separator) {
+  std::string joined;
+  for (const std::string& text : texts) {
+    if (&text != &texts.front()) joined += separator;
+    joined += text;
+  }
+  return joined;
+}
+
+std::string WrapItems(const std::vector<std::string>& items, std::size_t indent,
+                      std::size_t width) {
+  std::string lines;
+  std::size_t used = 0;  // columns of the line so far; none before its first item
+  for (const std::string& item : items) {
+    const std::size_t needed = DisplayWidth(item);
+    if (used != 0 && used + 1 + needed > width) {
+      lines += '\n';
+      used = 0;
+    }
+    if (used == 0) {
+      lines.append(indent, ' ');
+      used = indent + needed;
+    } else {
+      lines += ' ';
+      used += 1 + needed;
+    }
+    lines += item;
+  }
+  return lines + '\n';
+}
+
+std::string Wrap(std::string_view text, std::size_t indent, std::size_t width) {
+  std::string lines;
+  do {
+    const std::string_view line = text.substr(0, text.find('\n'));
+    const std::size_t ownIndent = std::min(line.find_first_not_of(' '), line.size());
+    lines += WrapItems(Words(line), indent + ownIndent, width);
+    text.remove_prefix(std::min(text.size(), line.size() + 1));
+  } while (!text.empty());
+  return lines;
+}
+
+}  // namespace CliTools

@@ -1,0 +1,258 @@
+#include "corectl/Disks.h"
+
+#include <algorithm>
+#include <map>
+#include <set>
+
+#include "corectl/LabHost.h"
+#include "platform/corectl/DovraUtil.h"
+#include "store/NewUuid.h"
+
+namespace Lab {
+
+using CoreCtl::Dovra::DovraUtil;
+
+namespace {
+
+constexpr std::size_t kMaxGroupDisks = 7;  // behind one flash device
+constexpr std::int64_t kFormatVersion = 5;
+
+std::string Quoted(const std::string& text) {
+  return "\"" + text + "\"";
+}
+
+DiskRow RequireDevice(Store& store, const HostRow& host, const std::string& device) {
+  auto disk = store.FindDisk(host.id, device);
+  if (!disk) Refuse("Host " + host.name + " has no disk " + Quoted(device) + ".");
+  return *disk;
+}
+
+/// The disks behind the group's flash device.
+std::vector<DiskRow> ListCapacityDisks(Store& store, const HostRow& host,
+                                       const std::string& group) {
+  auto disks = store.ListDisks(host.id);
+  std::erase_if(disks, [&](const DiskRow& disk) { return disk.group != group || disk.IsCache(); });
+  return disks;
+}
+
+/// Partitions and formats the disk for the group that `fronting` names.
+void Claim(DiskRow& disk, const std::string& group, const std::string& groupName) {
+  disk.uuid = NewUuid();
+  disk.group = group.empty() ? disk.uuid : group;
+  disk.groupName = groupName;
+  disk.mounted = true;
+  disk.formatVersion = kFormatVersion;
+  disk.checksum = "crc32c";
+  disk.checksumOk = true;
+}
+
+void Release(Store& store, const DiskRow& disk) {
+  DiskRow empty;
+  empty.id = disk.id;
+  empty.flash = disk.flash;
+  empty.capacityTag = disk.capacityTag;
+  store.SaveDisk(empty);
+}
+
+void RequireEmpty(const DiskRow& disk) {
+  if (disk.IsClaimed()) {
+    Refuse("Disk " + Quoted(disk.device) + " is in use by disk group " + Quoted(disk.groupName) +
+           ".");
+  }
+}
+
+/// The device that is to front the group: its own group's, or an empty one of the right kind.
+DiskRow TakeFronting(Store& store, const HostRow& host, const std::string& ssd) {
+  DiskRow disk = RequireDevice(store, host, ssd);
+  if (disk.IsCache()) return disk;
+  RequireEmpty(disk);
+  if (!disk.flash) Refuse("Disk " + Quoted(ssd) + " is not a flash device.");
+  if (disk.capacityTag) {
+    Refuse("Disk " + Quoted(ssd) + " is tagged capacityFlash; it cannot front a disk group.");
+  }
+  Claim(disk, "", disk.device);
+  store.SaveDisk(disk);
+  return disk;
+}
+
+/// What auto-claim has to work with.
+struct Unclaimed {
+  std::vector<DiskRow> flash;
+  std::vector<DiskRow> capacity;
+  /// By number of disks: the groups that have room.
+  std::multimap<std::size_t, std::string> groups;
+};
+
+Unclaimed FindUnclaimed(Store& store, const HostRow& host) {
+  Unclaimed found;
+  std::map<std::string, std::size_t> sizes;
+  for (const DiskRow& disk : store.ListDisks(host.id)) {
+    if (disk.IsCache()) {
+      sizes[disk.device] += 0;
+    } else if (disk.IsClaimed()) {
+      ++sizes[disk.groupName];
+    } else if (disk.IsCapacityKind()) {
+      found.capacity.push_back(disk);
+    } else {
+      found.flash.push_back(disk);
+    }
+  }
+  for (const auto& [name, size] : sizes) found.groups.emplace(size, name);
+  return found;
+}
+
+/// Claims every empty disk: a group for each flash device as far as there are disks to put behind
+/// it, the others evenly behind them all.
+void AutoClaim(Store& store, const HostRow& host) {
+  Unclaimed unclaimed = FindUnclaimed(store, host);
+  auto fronting = unclaimed.flash.begin();
+  for (const DiskRow& disk : unclaimed.capacity) {
+    auto smallest = unclaimed.groups.begin();
+    if (fronting != unclaimed.flash.end()) {
+      smallest = unclaimed.groups.emplace(0, (fronting++)->device);
+    }
+    if (smallest == unclaimed.groups.end() || smallest->first >= kMaxGroupDisks) return;
+    AddDisks(store, host, smallest->second, {disk.device});
+    unclaimed.groups.emplace(smallest->first + 1, smallest->second);
+    unclaimed.groups.erase(smallest);
+  }
+}
+
+std::string DeviceName(std::int64_t adapter, std::int64_t target) {
+  return "mpx.xhba" + std::to_string(adapter) + ":C0:T" + std::to_string(target) + ":L0";
+}
+
+}  // namespace
+
+void AddDisks(Store& store, const HostRow& host, const std::string& ssd,
+              const std::vector<std::string>& disks) {
+  const DiskRow fronting = TakeFronting(store, host, ssd);
+  if (ListCapacityDisks(store, host, fronting.uuid).size() + disks.size() > kMaxGroupDisks) {
+    Refuse("Disk group " + Quoted(fronting.device) + " can have at most " +
+           std::to_string(kMaxGroupDisks) + " capacity disks.");
+  }
+  for (const std::string& device : disks) {
+    DiskRow disk = RequireDevice(store, host, device);
+    RequireEmpty(disk);
+    if (!disk.IsCapacityKind()) {
+      Refuse("Disk " + Quoted(device) +
+             " is a flash device; to hold data it must be tagged capacityFlash.");
+    }
+    Claim(disk, fronting.uuid, fronting.device);
+    store.SaveDisk(disk);
+  }
+}
+
+DiskRow RequireClaimedDisk(Store& store, const HostRow& host, const std::string& device) {
+  DiskRow disk = RequireDevice(store, host, device);
+  if (!disk.IsClaimed()) Refuse("Disk " + Quoted(device) + " is not in use by Dovra.");
+  return disk;
+}
+
+DiskRow RequireGroupDisk(Store& store, const HostRow& host, const std::string& ssd) {
+  DiskRow disk = RequireClaimedDisk(store, host, ssd);
+  if (!disk.IsCache()) Refuse("Disk " + Quoted(ssd) + " does not front a disk group.");
+  return disk;
+}
+
+DiskRow RequireDiskByUuid(Store& store, const HostRow& host, const std::string& uuid) {
+  const std::string canonical = DovraUtil::DovraUuidToString(DovraUtil::StringToDovraUuid(uuid));
+  auto disk = store.FindDiskByUuid(canonical);
+  if (!disk || disk->host != host.id) {
+    Refuse("Host " + host.name + " has no disk with UUID " + canonical + ".");
+  }
+  return *disk;
+}
+
+void RemoveCapacityDisk(Store& store, const HostRow& host, const DiskRow& disk) {
+  if (disk.IsCache()) {
+    Refuse("Disk " + Quoted(disk.device) +
+           " fronts a disk group; it can only be removed with the whole group.");
+  }
+  if (ListCapacityDisks(store, host, disk.group).size() == 1) {
+    Refuse("Disk " + Quoted(disk.device) + " is the last capacity disk of disk group " +
+           Quoted(disk.groupName) + "; remove the whole group by its ssd.");
+  }
+  Release(store, disk);
+}
+
+void RemoveGroup(Store& store, const HostRow& host, const DiskRow& fronting) {
+  for (const DiskRow& disk : ListCapacityDisks(store, host, fronting.uuid)) Release(store, disk);
+  Release(store, fronting);
+}
+
+void RemoveDiskOrGroup(Store& store, const HostRow& host, const DiskRow& disk) {
+  if (disk.IsCache()) {
+    RemoveGroup(store, host, disk);
+  } else {
+    RemoveCapacityDisk(store, host, disk);
+  }
+}
+
+void SetMounted(Store& store, const HostRow& host, const DiskRow& disk, bool mounted) {
+  std::vector<DiskRow> disks = {disk};
+  if (disk.IsCache()) {
+    for (const DiskRow& behind : ListCapacityDisks(store, host, disk.uuid)) disks.push_back(behind);
+  } else if (mounted && !RequireDevice(store, host, disk.groupName).mounted) {
+    Refuse("Disk group " + Quoted(disk.groupName) + " is not mounted; mount it by its ssd first.");
+  }
+  std::erase_if(disks, [=](const DiskRow& one) { return one.mounted == mounted; });
+  if (disks.empty()) {
+    Refuse("Disk " + Quoted(disk.device) + (mounted ? " is mounted already." : " is not mounted."));
+  }
+  for (DiskRow& one : disks) {
+    one.mounted = mounted;
+    store.SaveDisk(one);
+  }
+}
+
+void SetCapacityTag(Store& store, const HostRow& host, const std::string& device, bool tagged) {
+  DiskRow disk = RequireDevice(store, host, device);
+  if (!disk.flash) Refuse("Disk " + Quoted(device) + " is not a flash device.");
+  RequireEmpty(disk);
+  if (disk.capacityTag == tagged) {
+    Refuse("Disk " + Quoted(device) +
+           (tagged ? " is tagged capacityFlash already." : " is not tagged capacityFlash."));
+  }
+  disk.capacityTag = tagged;
+  store.SaveDisk(disk);
+}
+
+void CheckEvacuationMode(const std::string& mode) {
+  static constexpr const char* kModes[] = {"", "NoAction", "EnsureObjectAccessibility",
+                                           "EvacuateAllData"};
+  if (std::ranges::find(kModes, mode) == std::end(kModes)) {
+    Refuse("Unknown evacuation mode \"" + mode +
+           "\"; the modes are NoAction, EnsureObjectAccessibility and EvacuateAllData.");
+  }
+}
+
+void PlugIn(Store& store, const HostRow& host, const std::string& device, bool flash) {
+  if (store.FindDisk(host.id, device)) {
+    Refuse("Host " + host.name + " has a disk " + Quoted(device) + " already.");
+  }
+  DiskRow disk;
+  disk.host = host.id;
+  disk.device = device;
+  disk.flash = flash;
+  store.AddDisk(disk);
+  if (host.autoClaim) AutoClaim(store, host);
+}
+
+void Generate(Store& store, const HostRow& host, std::int64_t count) {
+  std::int64_t adapter = 3;  // the first two hold the disks that every host has
+  while (store.FindDisk(host.id, DeviceName(adapter, 0))) ++adapter;
+  DiskRow fronting;
+  for (std::int64_t target = 0; target < count; ++target) {
+    DiskRow disk;
+    disk.host = host.id;
+    disk.device = DeviceName(adapter, target);
+    disk.flash = target % static_cast<std::int64_t>(kMaxGroupDisks + 1) == 0;
+    if (disk.flash) fronting = DiskRow();
+    Claim(disk, fronting.uuid, disk.flash ? disk.device : fronting.device);
+    if (disk.flash) fronting = disk;
+    store.AddDisk(disk);
+  }
+}
+
+}  // namespace Lab

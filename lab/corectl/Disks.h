@@ -1,0 +1,46 @@
+// Rules of disks and disk groups. A disk group is one flash device, which fronts it, and its
+// capacity disks; it is named after the flash device. Each function works within its caller's
+// transaction and refuses with `DovraCtlException`.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "store/Store.h"
+
+namespace Lab {
+
+/// Makes a disk group of an empty flash device, or adds the disks to the one it fronts.
+void AddDisks(Store& store, const HostRow& host, const std::string& ssd,
+              const std::vector<std::string>& disks);
+
+/// How a command names a disk: by its device name, as the device that fronts a disk group, or by
+/// the UUID of either.
+DiskRow RequireClaimedDisk(Store& store, const HostRow& host, const std::string& device);
+DiskRow RequireGroupDisk(Store& store, const HostRow& host, const std::string& ssd);
+DiskRow RequireDiskByUuid(Store& store, const HostRow& host, const std::string& uuid);
+
+/// Releases one capacity disk, but not the last one of its group.
+void RemoveCapacityDisk(Store& store, const HostRow& host, const DiskRow& disk);
+/// Releases the flash device and each disk behind it.
+void RemoveGroup(Store& store, const HostRow& host, const DiskRow& fronting);
+/// The one or the other, by what the disk is.
+void RemoveDiskOrGroup(Store& store, const HostRow& host, const DiskRow& disk);
+
+/// Mounts or unmounts a disk; the device that fronts a group stands for the whole group.
+void SetMounted(Store& store, const HostRow& host, const DiskRow& disk, bool mounted);
+
+void SetCapacityTag(Store& store, const HostRow& host, const std::string& device, bool tagged);
+
+/// Refuses a mode that is none; the empty one is the default.
+void CheckEvacuationMode(const std::string& mode);
+
+/// Adds an empty disk to the host. With auto-claim on, this is the event at which the service
+/// claims what is empty.
+void PlugIn(Store& store, const HostRow& host, const std::string& device, bool flash);
+/// Adds `count` claimed disks on an adapter of their own, in groups of one flash device and up to
+/// seven capacity disks.
+void Generate(Store& store, const HostRow& host, std::int64_t count);
+
+}  // namespace Lab

@@ -1,0 +1,37 @@
+// The way into the control library.
+
+#include "corectl/info/LabInfo.h"
+#include "platform/hostctl/DovraPluginFactory.h"
+
+namespace HostCtl {
+
+namespace {
+
+class LabPlugin final : public DovraPlugin {
+ public:
+  std::unique_ptr<Dovra::DovraInfo> GetDovraInfo() override {
+    auto& host = Lab::LabHost::Current();
+    const std::int64_t version = host.Read(
+        "GetDovraInfo", [](Lab::Store&, const Lab::HostRow& row) { return row.apiVersion; });
+    if (version >= 2) return std::make_unique<Lab::LabInfo2>(host);
+    return std::make_unique<Lab::LabInfo>(host);
+  }
+};
+
+}  // namespace
+
+DovraPlugin::~DovraPlugin() = default;
+
+std::unique_ptr<DovraPlugin> DovraPluginFactory::GetDovraPlugin() {
+  Lab::LabHost::Current().FailIfTold("GetDovraPlugin");
+  return std::make_unique<LabPlugin>();
+}
+
+namespace Dovra {
+
+DovraInfo::~DovraInfo() = default;
+DovraInfo2::~DovraInfo2() = default;
+
+}  // namespace Dovra
+
+}  // namespace HostCtl

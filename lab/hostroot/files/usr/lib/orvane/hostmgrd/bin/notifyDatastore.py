@@ -1,0 +1,35 @@
+#!/usr/bin/env python3
+"""Tells the stand-in host's management daemon what becomes of datastores.
+
+notifyDatastore.py -t EVENT -d DATASTORES
+
+There is no daemon to tell; what it would have been told is appended to
+var/log/notifyDatastore.log below the host's root, one JSON object a line.
+"""
+import json
+import pathlib
+import sys
+import time
+
+EVENTS = ("PreUnmount", "FailedUnmount")
+
+
+def main(arguments):
+    # Read by place, not by name: a datastore's name may look like an option.
+    if len(arguments) not in (3, 4) or arguments[0] != "-t" or arguments[2] != "-d":
+        sys.exit("usage: notifyDatastore.py -t EVENT -d DATASTORES")
+    event = arguments[1]
+    if event not in EVENTS:
+        sys.exit(f"unknown event {event!r}; expected one of {', '.join(EVENTS)}")
+    log = pathlib.Path(__file__).resolve().parents[5] / "var" / "log" / "notifyDatastore.log"
+    log.parent.mkdir(parents=True, exist_ok=True)
+    entry = {
+        "time": time.strftime("%Y-%m-%dT%H:%M:%S%z"),
+        "event": event,
+        "datastores": arguments[3] if len(arguments) == 4 else "",
+    }
+    with log.open("a", encoding="utf-8", errors="surrogateescape") as file:
+        file.write(json.dumps(entry) + "\n")
+
+
+main(sys.argv[1:])

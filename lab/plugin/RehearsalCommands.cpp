@@ -1,0 +1,132 @@
+// `lab fault`, `lab api`, `lab maintenance`, `lab resync`: a host made to behave as a rehearsal
+// wants it.
+
+#include "corectl/Clusters.h"
+#include "corectl/LabHost.h"
+#include "corectl/Operations.h"
+#include "plugin/LabCommands.h"
+
+namespace Lab {
+
+namespace {
+
+constexpr Field kFaultFields[] = {
+    {"Host", MetaType::kString},
+    {"Operation", MetaType::kString},
+    {"Message", MetaType::kString},
+    {"Remaining", MetaType::kInt},
+};
+
+ConstraintPtr AnyOperation() {
+  ConstraintPtr constraint = OneOf({});
+  for (const char* const operation : kOperations) constraint->AddStringEnum(operation, "");
+  return constraint;
+}
+
+}  // namespace
+
+FaultAdd::FaultAdd() {
+  DescribeOperation("Make the next calls of a control-library operation on this host fail.");
+}
+
+InputSpecPtr FaultAdd::GetInputSpecInternal() {
+  return MakeInputSpec({
+      {"operation", "o", ParameterType::kString, Need::kRequired,
+       "The operation that is to fail, one of %ENUM%.", AnyOperation()},
+      {"message", "m", ParameterType::kString, Need::kRequired,
+       "What the operation says when it fails."},
+      {"count", "c", ParameterType::kInt, Need::kOptional,
+       "How many calls fail (%ENUM%, 1 if not given).", Between(1, 1000000)},
+  });
+}
+
+void FaultAdd::ExecuteInternal(const InputPtr& input, const OutputPtr& output) {
+  SucceedOrNothing(output, "Unable to add fault: ", [&] {
+    LabHost::Current().Change("", [&](Store& store, const HostRow& host) {
+      const std::int64_t count = input->HasParameter("count") ? input->GetParameterInt("count") : 1;
+      store.AddFault(host.id, {host.name, input->GetParameter("operation"),
+                               input->GetParameter("message"), count});
+    });
+  });
+}
+
+const Record FaultList::kRecord = {"LabFaultList", kFaultFields};
+
+FaultList::FaultList() {
+  DescribeFetcher("List the faults that wait for their calls, on every host of the lab.");
+  SetDefaultOutputFormatter("table");
+  SetDefaultOutputParameter("fields:LabFaultList", FieldNames(kRecord));
+}
+
+void FaultList::ExecuteInternal(const InputPtr&, const OutputPtr& output) {
+  const ListPtr list = MakeList();
+  for (const FaultRow& fault : OpenStore().ListFaults()) {
+    const StructPtr row = GetOutputStructure();
+    row->SetField("Host", fault.host);
+    row->SetField("Operation", fault.operation);
+    row->SetField("Message", fault.message);
+    row->SetField("Remaining", MetaInt::New(fault.remaining));
+    list->Add(row);
+  }
+  output->SetRootObject(list);
+}
+
+FaultClear::FaultClear() {
+  DescribeOperation("Take back every fault, on every host of the lab.");
+}
+
+void FaultClear::ExecuteInternal(const InputPtr&, const OutputPtr& output) {
+  SucceedOrNothing(output, "Unable to clear faults: ", [] { OpenStore().ClearFaults(); });
+}
+
+ApiSet::ApiSet() {
+  DescribeOperation("Set the version of this host's control library.");
+}
+
+InputSpecPtr ApiSet::GetInputSpecInternal() {
+  return MakeInputSpec(
+      {{"version", "v", ParameterType::kInt, Need::kRequired,
+        "Version (%ENUM%). Version 1 lacks the newer network operations.", Between(1, 2)}});
+}
+
+void ApiSet::ExecuteInternal(const InputPtr& input, const OutputPtr& output) {
+  SucceedOrNothing(output, "Unable to set the API version: ", [&] {
+    LabHost::Current().Change("", [&](Store& store, HostRow& host) {
+      host.apiVersion = input->GetParameterInt("version");
+      store.SaveHost(host);
+    });
+  });
+}
+
+MaintenanceStart::MaintenanceStart() {
+  DescribeOperation(
+      "Let this host begin to enter maintenance mode; \"dovra maintenancemode cancel\" ends it.");
+}
+
+void MaintenanceStart::ExecuteInternal(const InputPtr&, const OutputPtr& output) {
+  SucceedOrNothing(output, "Unable to start maintenance: ", [] {
+    LabHost::Current().Change("",
+                              [](Store& store, HostRow& host) { StartMaintenance(store, host); });
+  });
+}
+
+ResyncSet::ResyncSet() {
+  DescribeOperation("Set how much this host resynchronises; the throttle limits it.");
+}
+
+InputSpecPtr ResyncSet::GetInputSpecInternal() {
+  return MakeInputSpec(
+      {{"demand", "d", ParameterType::kInt, Need::kRequired,
+        "What resync would use unthrottled, in Mbps (%ENUM%).", Between(0, 1000000)}});
+}
+
+void ResyncSet::ExecuteInternal(const InputPtr& input, const OutputPtr& output) {
+  SucceedOrNothing(output, "Unable to set resync: ", [&] {
+    LabHost::Current().Change("", [&](Store& store, HostRow& host) {
+      host.resyncDemand = input->GetParameterInt("demand");
+      store.SaveHost(host);
+    });
+  });
+}
+
+}  // namespace Lab

@@ -1,0 +1,29 @@
+#include "store/NewUuid.h"
+
+#include <uuid/uuid.h>
+
+namespace Lab {
+
+namespace {
+
+std::string ToText(const uuid_t uuid) {
+  char text[UUID_STR_LEN];
+  uuid_unparse_lower(uuid, text);
+  return text;
+}
+
+}  // namespace
+
+std::string NewUuid() {
+  uuid_t uuid;
+  uuid_generate_random(uuid);
+  return ToText(uuid);
+}
+
+std::string UuidOfName(const std::string& name) {
+  uuid_t uuid;
+  uuid_generate_sha1(uuid, *uuid_get_template("url"), name.data(), name.size());
+  return ToText(uuid);
+}
+
+}  // namespace Lab

@@ -1,0 +1,36 @@
+#include "cluster/UnicastAgent.h"
+
+#include <cstdlib>
+
+#include "frame/Constants.h"
+#include "frame/Text.h"
+
+namespace OrvaneCli::DovraNamespace {
+
+std::int32_t ReadAgentPort(const InputPtr& input) {
+  if (!input->HasParameter("port")) return kDefaultUnicastPort;
+  return ClampToInt32(input->GetParameterInt("port"));
+}
+
+UnicastAgentEntry::UnicastAgentEntry(const std::string& text) {
+  std::size_t begin = 0;
+  while (fields_.size() < kInterfaceName) {
+    const std::size_t end = text.find(';', begin);
+    if (end == std::string::npos) break;
+    fields_.push_back(text.substr(begin, end - begin));
+    begin = end + 1;
+  }
+  fields_.push_back(text.substr(begin));
+}
+
+std::string UnicastAgentEntry::DescribeFault() const {
+  constexpr const char* kFieldNames[] = {"nodeuuid", "isWitness", "ucast support", "ip", "port"};
+  return std::string("Invalid unicastAgent entry for ") + kFieldNames[GetBrokenField()] + " " +
+         Join(fields_, ";");
+}
+
+std::int32_t UnicastAgentEntry::GetNumber(Field field) const {
+  return ClampToInt32(std::strtoll(GetText(field).c_str(), nullptr, 10));
+}
+
+}  // namespace OrvaneCli::DovraNamespace

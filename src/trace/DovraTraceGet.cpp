@@ -1,0 +1,111 @@
+#include <algorithm>
+#include <fstream>
+#include <locale>
+#include <optional>
+#include <sstream>
+
+#include "frame/HostPaths.h"
+#include "trace/TraceCommands.h"
+#include "trace/TraceDaemon.h"
+
+namespace OrvaneCli::DovraNamespace {
+
+namespace {
+
+constexpr Field kFields[] = {
+    {"DOVRA Traces Directory", MetaType::kString},
+    {"Number Of Files To Rotate", MetaType::kInt},
+    {"Maximum Trace File Size", MetaType::kInt},
+    {"Log Urgent Traces To Syslog", MetaType::kBool},
+};
+
+/// The daemon's settings; where the file is silent, what the daemon then does.
+struct Settings {
+  std::string directory = "No volume selected.";
+  std::int64_t maxFiles = 8;
+  std::int64_t fileSize = 45;
+  bool urgentToSyslog = true;
+};
+
+/// Reads a number, or a truth value as "1" or "0", as a stream does: white space before it is
+/// skipped, and it ends at the first character that is no part of it. Text that is no number counts
+/// as 0, a number out of range as the nearest one within; an empty value changes nothing.
+template <class Value>
+void Extract(std::string_view text, Value& setting) {
+  std::istringstream stream{std::string(text)};
+  stream.imbue(std::locale::classic());
+  stream >> setting;
+}
+
+std::string WithoutQuotes(std::string_view text) {
+  std::string plain(text);
+  std::erase(plain, '"');
+  return plain;
+}
+
+/// Takes over what the line sets, if anything. Blanks may stand before the key, tabs may not; the
+/// value is all that follows it, so a carriage return is part of it too.
+void ReadLine(std::string_view line, Settings& settings) {
+  line.remove_prefix(std::min(line.find_first_not_of(' '), line.size()));
+  const auto valueOf = [line](std::string_view key) -> std::optional<std::string_view> {
+    if (!line.starts_with(key)) return std::nullopt;
+    return line.substr(key.size());
+  };
+  if (const auto directory = valueOf(TraceDaemon::kLastSelectedVolumeKey)) {
+    settings.directory = WithoutQuotes(*directory);
+  } else if (const auto maxFiles = valueOf(TraceDaemon::kMaxFilesKey)) {
+    Extract(*maxFiles, settings.maxFiles);
+  } else if (const auto fileSize = valueOf(TraceDaemon::kFileSizeKey)) {
+    Extract(*fileSize, settings.fileSize);
+  } else if (const auto urgentToSyslog = valueOf(TraceDaemon::kUrgentToSyslogKey)) {
+    Extract(*urgentToSyslog, settings.urgentToSyslog);
+  }
+}
+
+/// Nothing when the file cannot be read.
+std::optional<Settings> ReadConfiguration() {
+  std::ifstream file(HostPaths::TraceConfiguration());
+  if (!file) return std::nullopt;
+  Settings settings;
+  for (std::string line; std::getline(file, line);) ReadLine(line, settings);
+  if (file.bad()) return std::nullopt;
+  return settings;
+}
+
+}  // namespace
+
+const Record DovraTraceGet::kRecord = {"DovraTraceGet", kFields};
+
+DovraTraceGet::DovraTraceGet() {
+  DescribeFetcher("Get the Dovra tracing configuration.");
+  SetDefaultOutputFormatter("simple");
+  SetDefaultOutputParameter("fields:DovraTraceGet", FieldNames(kRecord));
+  SetDefaultOutputParameter("units:DovraTraceGet.Maximum Trace File Size", "MB");
+}
+
+void DovraTraceGet::ExecuteInternal(const InputPtr&, const OutputPtr& output) {
+  try {
+    const int status = TraceDaemon::RunInitScript("status");
+    if (status < 0) throw DovraCtlException("Checking dovratraced status failed.");
+    if (status == TraceDaemon::kNotRunning) {
+      output->AddErrorMessage("Dovra is not enabled on this host.");
+      return;
+    }
+    const std::optional<Settings> settings = ReadConfiguration();
+    if (!settings) {
+      output->AddErrorMessage("Error opening Dovra trace config file for reading.");
+      return;
+    }
+    const StructPtr record = GetOutputStructure();
+    record->SetField("DOVRA Traces Directory", settings->directory);
+    record->SetField("Number Of Files To Rotate", MetaInt::New(settings->maxFiles));
+    record->SetField("Maximum Trace File Size", MetaInt::New(settings->fileSize));
+    record->SetField("Log Urgent Traces To Syslog", MetaBool::New(settings->urgentToSyslog));
+    output->SetRootObject(record);
+  } catch (const DovraCtlException& failure) {
+    // No blank between the two sentences: the text is known like this.
+    output->AddErrorMessage(failure.GetMessage() + "Refer to /var/log/syslog.log for details.");
+  }
+}
+
+}  // namespace OrvaneCli::DovraNamespace

@@ -1,0 +1,136 @@
+# Clusters of several hosts, as administrators bring them up and take them down.
+load common
+
+nil=00000000-0000-0000-0000-000000000000
+
+roles() { # HOST: master, backup and members as the host sees them, by host name
+    local host=$1
+    autocli --host "$host" --formatter json dovra cluster get |
+        jq -r '[."Sub-Cluster Master UUID", ."Sub-Cluster Backup UUID", (."Sub-Cluster Member UUIDs" | join(" "))] | join(" | ")' |
+        sed "s/$nil/none/g; $(autocli --formatter json lab host list | jq -r '.[] | "s/\(.UUID)/\(.Name)/g"' | paste -sd';')"
+}
+
+@test "the empty record, its message and exit 1 outside any cluster" {
+    expect 1 '*' 'Dovra Clustering is not enabled on this host' --formatter json dovra cluster get
+    [[ $(jq -c . <<<"$output") == '{"Enabled":false,"Current Local Time":"","Local Node UUID":"","Local Node Type":"","Local Node State":"","Local Node Health State":"","Sub-Cluster Master UUID":"","Sub-Cluster Backup UUID":"","Sub-Cluster UUID":"","Sub-Cluster Membership Entry Revision":0,"Sub-Cluster Member Count":0,"Sub-Cluster Member UUIDs":[],"Sub-Cluster Membership UUID":"","Unicast Mode Enabled":false,"Maintenance Mode State":"","Config Generation":""}' ]]
+}
+
+@test "one typed object with the sixteen fields in order" {
+    new_cluster
+    expect 0 '*' '' --formatter json dovra cluster get
+    [[ $(jq -c 'to_entries | map(.value | type)' <<<"$output") == '["boolean","string","string","string","string","string","string","string","string","number","number","array","string","boolean","string","string"]' ]]
+    [[ $(jq -r .Enabled <<<"$output") == true ]]
+    [[ $(jq -r '."Config Generation"' <<<"$output") =~ ^[0-9a-f-]{36}\ 1\ [0-9T:-]+\.[0-9]{1,3}$ ]]
+}
+
+@test "three hosts see one cluster, and leaving hands the roles on" {
+    new_cluster host2
+    autocli lab host add --name witness
+    succeed --host witness dovra cluster join -u "${cluster^^}" -wt -p site-a
+    autocli lab host add --name host3
+    succeed --host host3 dovra cluster join --cluster-uuid="$cluster" --wait
+    for host in host1 host2 witness host3; do
+        [[ $(roles "$host") == 'host1 | host2 | host1 host2 witness host3' ]]
+    done
+    [[ $(cluster_field "Local Node Type" witness) == WITNESS ]]
+    [[ $(cluster_field "Sub-Cluster Membership Entry Revision") == 4 ]]
+
+    succeed dovra cluster leave
+    [[ $(roles host3) == 'host2 | host3 | host2 host3 witness' ]]
+    refuse 'The host is not in a Dovra cluster.' dovra cluster leave
+    succeed --host host2 dovra cluster leave
+    succeed --host host3 dovra cluster leave
+    [[ $(roles witness) == 'none | none | witness' ]]
+    succeed --host witness dovra cluster leave
+    # Nobody is left, so the name is free for a new cluster with a datastore of its own.
+    succeed dovra cluster join -u "$cluster"
+    [[ $(roles host1) == 'host1 | none | host1' ]]
+}
+
+@test "what join and new refuse" {
+    new_cluster
+    other=11111111-2222-3333-4444-555555555555
+    busy='The host is in a Dovra cluster and enabled for Dovra. You need to remove it from the cluster or disable Dovra.'
+    refuse "$busy" dovra cluster new
+    refuse "$busy" dovra cluster join -u no-uuid -p x
+    autocli lab host add --name host2
+    export AUTOCLI_HOST=host2
+    refuse 'If --witness-node is specified, --witness-preferred-fault-domain must also be specified.' dovra cluster join -u "$cluster" -t
+    refuse 'Preferred fault domain name cannot be empty or exceed 256 characters.' dovra cluster join -u "$cluster" -t -p ''
+    refuse '--witness-preferred-fault-domain is valid only when --witness-node is specified.' dovra cluster join -u "$cluster" -p a
+    expect 1 false '"no-uuid" is not a UUID: expected 36 characters of the form nnnnnnnn-nnnn-nnnn-nnnn-nnnnnnnnnnnn, each n a hexadecimal digit.' dovra cluster join -u no-uuid
+    expect 1 false "There is no cluster $other for a witness to join." dovra cluster join -u "$other" -t -p a
+    expect 1 false 'The nil UUID names no cluster.' dovra cluster join -u "$nil"
+    succeed dovra cluster join -u "$cluster" -t -p a
+    autocli lab host add --name host3
+    expect 1 false "Cluster $cluster has a witness already." --host host3 dovra cluster join -u "$cluster" -t -p a
+    # None of them left anything behind.
+    [[ $(cluster_field "Sub-Cluster Membership Entry Revision") == 2 ]]
+    expect 1 '*' 'Dovra Clustering is not enabled on this host' --host host3 dovra cluster get
+}
+
+@test "a reboot loses what runs, restore brings it back" {
+    new_cluster host2
+    succeed lab host reboot
+    expect 1 '*' 'Dovra Clustering is not enabled on this host' dovra cluster get
+    [[ $(roles host2) == 'host2 | none | host2' ]]
+    succeed dovra cluster restore --boot
+    [[ $(roles host1) == 'host2 | host1 | host2 host1' ]]
+    succeed dovra cluster restore
+    [[ $(cluster_field "Sub-Cluster Membership Entry Revision") == 4 ]]
+    succeed --host host2 dovra cluster leave
+    succeed --host host2 dovra cluster restore --boot
+    expect 1 false 'This host has no persisted Dovra cluster configuration.' --host host2 dovra cluster restore
+    # The last host of a cluster may reboot: the cluster is still there for it.
+    succeed lab host reboot --name host1
+    succeed dovra cluster restore
+    [[ $(roles host1) == 'host1 | none | host1' ]]
+}
+
+@test "a host that dies leaves its cluster to the others" {
+    new_cluster host2
+    succeed lab host remove --name host1
+    [[ $(roles host2) == 'host2 | none | host2' ]]
+    [[ ! -e $AUTOCLI_LAB/hosts/host1 ]]
+    expect 3 '' 'autocli: no host "host1" in this lab; its hosts are: host2' dovra cluster get
+}
+
+@test "a leave that fails tells the management daemon so" {
+    new_cluster
+    succeed lab fault add --operation LeaveCluster --message busy
+    refuse busy dovra cluster leave
+    log=$AUTOCLI_LAB/hosts/host1/var/log/notifyDatastore.log
+    [[ $(jq -c '[.event, .datastores]' "$log") == $'["PreUnmount","dovraDatastore"]\n["FailedUnmount","dovraDatastore"]' ]]
+    succeed dovra cluster leave
+    [[ $(jq -r .event "$log" | paste -sd' ') == 'PreUnmount FailedUnmount PreUnmount' ]]
+    # A script that is not there is no reason to stay.
+    autocli dovra cluster new
+    rm "$AUTOCLI_LAB/hosts/host1/usr/lib/orvane/hostmgrd/bin/notifyDatastore.py"
+    ln -s /nowhere "$AUTOCLI_LAB/hosts/host1/usr/lib/orvane/hostmgrd/bin/notifyDatastore.py"
+    succeed dovra cluster leave
+}
+
+@test "a datastore's name reaches the script as it is, and runs nothing" {
+    export AUTOCLI_LAB="$BATS_TEST_TMPDIR/a lab's \$(touch ran-0)"
+    new_cluster
+    log=$AUTOCLI_LAB/hosts/host1/var/log/notifyDatastore.log
+    cd "$BATS_TEST_TMPDIR"
+    names=("two  blanks" "quote's \"two\"" '$(touch ran-1) `touch ran-2`' '; touch ran-3' $'line\nbreak; touch ran-4' '-x' '\n *')
+    expected=dovraDatastore
+    for name in "${names[@]}"; do
+        succeed dovra datastore add --name="$name"
+        expected+=,$name
+    done
+    succeed dovra cluster leave
+    [[ $(jq -r .datastores "$log") == "$expected" ]]
+    [[ -z $(compgen -G 'ran-*') ]]
+}
+
+@test "time stamps show the host's time zone" {
+    new_cluster
+    for zone in UTC Asia/Kolkata America/New_York; do
+        time=$(TZ=$zone cluster_field "Config Generation" | cut -d' ' -f3)
+        [[ $(TZ=$zone date -d "${time%.*}" +%s) -le $(date +%s) ]]
+        [[ $(TZ=$zone date -d "${time%.*}" +%s) -gt $(($(date +%s) - 60)) ]]
+    done
+}

@@ -1,0 +1,49 @@
+# What every scenario uses. $AUTOCLI is the program under test; each test has a lab of its own.
+bats_require_minimum_version 1.5.0
+
+setup() {
+    export AUTOCLI_LAB=$BATS_TEST_TMPDIR/lab
+    unset AUTOCLI_HOST NO_COLOR
+}
+
+autocli() { "$AUTOCLI" "$@"; }
+
+# matches TEXT WANTED: whether they are equal, or TEXT begins as WANTED does up to a "*" at its end.
+matches() {
+    if [[ $2 == *'*' ]]; then [[ $1 == "${2%'*'}"* ]]; else [[ $1 == "$2" ]]; fi
+}
+
+# expect STATUS STDOUT STDERR WORDS...: runs autocli and compares all that it left.
+expect() {
+    local wanted=("$1" "$2" "$3")
+    shift 3
+    run --separate-stderr autocli "$@"
+    [[ $status == "${wanted[0]}" ]] && matches "$output" "${wanted[1]}" &&
+        matches "$stderr" "${wanted[2]}" && return
+    printf 'autocli %s\n' "$*"
+    printf '%s: %s\nwanted: %s\n' status "$status" "${wanted[0]}" output "$output" "${wanted[1]}" \
+        stderr "$stderr" "${wanted[2]}"
+    return 1
+}
+
+# succeed WORDS...: a command whose result is true.
+succeed() { expect 0 true '' "$@"; }
+
+# refuse MESSAGE WORDS...: a command that fails with this message and no result.
+refuse() { expect 1 '' "$@"; }
+
+# cluster_field NAME [HOST]: one field of `dovra cluster get`.
+cluster_field() { autocli --host "${2:-host1}" --formatter json dovra cluster get | jq -r --arg n "$1" '.[$n]'; }
+
+# new_cluster HOST...: a cluster of these hosts, added as far as they are new; $cluster is its UUID.
+new_cluster() {
+    local host
+    autocli dovra cluster new >/dev/null
+    cluster=$(cluster_field "Sub-Cluster UUID")
+    for host; do
+        autocli lab host add --name "$host" >/dev/null
+        autocli --host "$host" dovra cluster join -u "$cluster" >/dev/null
+    done
+}
+
+host_uuid() { autocli --formatter json lab host list | jq -r --arg n "$1" '.[] | select(.Name == $n).UUID'; }

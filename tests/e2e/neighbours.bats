@@ -1,0 +1,161 @@
+# The cluster's neighbours: unicast agents, fault domains, maintenance mode, interfaces.
+load common
+
+host2=10000000-0000-0000-0000-000000000002
+
+agents() { autocli --formatter json dovra cluster unicastagent list | jq -c 'map(to_entries | map(.value))'; }
+
+@test "unicast agents are added, listed, removed and cleared" {
+    expect 1 '' "Dovra isn't enabled on the host" dovra cluster unicastagent list
+    new_cluster
+    add='dovra cluster unicastagent add'
+    succeed $add -a 10.0.0.9
+    succeed $add -t node -u $host2 -U true -a fe80::2 -p 4000 -i knic1
+    [[ $(agents) == '[["00000000-0000-0000-0000-000000000000",1,false,"10.0.0.9",12321,""],["'$host2'",0,true,"fe80::2",4000,"knic1"]]' ]]
+    [[ $(cluster_field "Unicast Mode Enabled") == true ]]
+    before=$(agents)
+    refuse 'Dovra does not support connecting to more than one unicast witness, and there is already a unicast witness configured: 10.0.0.9.' $add -a 10.0.0.8
+    refuse 'Can not add unicastagent without specifying node-uuid' $add -t node -a 10.0.0.8
+    refuse 'Can not add unicastagent without specifying unicast support' $add -t node -a 10.0.0.8 -u $host2
+    refuse 'Invalid IP address 10.0.0' $add -a 10.0.0
+    node="$add -t node -U 1 -u"
+    other=10000000-0000-0000-0000-000000000003
+    refuse '"me" is not a UUID: *' $node me -a 10.0.0.3
+    refuse 'The port 70000 is not between 1 and 65535.' $node $other -a 10.0.0.3 -p 70000
+    refuse 'The port 2147483647 is not between 1 and 65535.' $node $other -a 10.0.0.3 -p 4294979617
+    refuse 'The port -1 is not between 1 and 65535.' $node $other -a 10.0.0.3 -p -1
+    refuse 'The address 224.0.0.1 is not one of a single host.' $node $other -a 224.0.0.1
+    refuse 'Host host1 has no interface "knic7"; it has knic0, knic1.' $node $other -a 10.0.0.3 -i knic7
+    refuse 'There is a unicast agent at fe80:0::2 port 4000 already.' $node $other -a fe80:0::2 -p 4000
+    refuse "There is a unicast agent with UUID $host2 already." $node $host2 -a 10.0.0.3
+    remove='dovra cluster unicastagent remove'
+    refuse 'Unable to remove the unicast agent: There is no unicast agent at 10.0.0.9 port 1.' $remove -a 10.0.0.9 -p 1
+    [[ $(agents) == "$before" ]]
+    succeed $remove -a 10.0.0.9
+    succeed $remove -a fe80::2 -p 4000 -u ${host2^^}
+    [[ $(agents) == '[]' ]]
+    for i in 1 2 3; do succeed $node 10000000-0000-0000-0000-00000000000$i -a 10.0.0.$i; done
+    succeed dovra cluster unicastagent clear
+    succeed dovra cluster unicastagent clear
+    [[ $(agents) == '[]' ]]
+}
+
+@test "a stretched cluster of two sites and a witness" {
+    succeed dovra faultdomain set -n "site a"
+    new_cluster
+    for host in host2 witness; do succeed lab host add --name $host; done
+    succeed --host host2 dovra faultdomain set --fdname site-b
+    succeed --host host2 dovra cluster join -u "$cluster"
+    preferred='dovra cluster preferredfaultdomain'
+    refuse 'Cannot get preferred fault domain if host is not in a stretched cluster.' $preferred get
+    succeed --host witness dovra faultdomain set -n site-c
+    expect 1 false '"site-c" is not a fault domain of a data site; these are "site a" and "site-b".' --host witness dovra cluster join -u "$cluster" -t -p site-c
+    expect 1 '*' 'Dovra Clustering is not enabled on this host' --host witness dovra cluster get
+    succeed --host witness dovra cluster join -u "$cluster" -t -p site-b
+
+    # Every host gives the same name to the same domain.
+    id_of() { autocli --host "$1" --formatter json dovra faultdomain get | jq -r .faultDomainId; }
+    expect 0 $'   Preferred Fault Domain Name: site-b\n   Preferred Fault Domain Id: '"$(id_of host2)" '' $preferred get
+    [[ $(id_of host1) != $(id_of host2) ]]
+    expect 1 true 'Cannot set preferred fault domain if the host is not a witness node.' $preferred set -n 'site a'
+    expect 1 '' 'Unable to set preferred fault domain name: "site-c" is not a fault domain of a data site; these are "site a" and "site-b".' --host witness $preferred set -n site-c
+    succeed --host witness $preferred set -n 'site a'
+    expect 0 $'   Preferred Fault Domain Name: site a\n   Preferred Fault Domain Id: '"$(id_of host1)" '' --host host2 $preferred get
+    refuse "This host is a witness node which doesn't support adding unicast agent." --host witness dovra cluster unicastagent add -a 10.0.0.1
+    expect 1 '[]' "Unable to list unicast agent, this host is a witness node which doesn't support listing unicast agent." --host witness --formatter json dovra cluster unicastagent list
+
+    succeed --host host2 dovra faultdomain reset
+    refuse 'Cannot get preferred fault domain if host is not in a stretched cluster.' $preferred get
+    for host in witness host2 host1; do succeed --host $host dovra cluster leave; done
+    expect 0 $'   faultDomainName: site a\n   faultDomainId: ' '' dovra faultdomain get
+    succeed dovra faultdomain set --fdname=
+    expect 0 $'   faultDomainName: \n   faultDomainId: ' '' dovra faultdomain get
+}
+
+@test "a maintenance mode operation is seen and cancelled" {
+    refuse 'Unable to start maintenance: This host is not in a Dovra cluster.' lab maintenance start
+    new_cluster
+    expect 1 false 'No maintenance mode operation is in progress on this host.' dovra maintenancemode cancel
+    succeed lab maintenance start
+    [[ $(cluster_field "Maintenance Mode State") == ENTERING ]]
+    succeed dovra maintenancemode cancel
+    [[ $(cluster_field "Maintenance Mode State") == OFF ]]
+    succeed lab maintenance start
+    succeed lab host reboot
+    succeed dovra cluster restore
+    [[ $(cluster_field "Maintenance Mode State") == OFF ]]
+}
+
+knics() { autocli --formatter json dovra network list | jq -c 'map([."KNic Name", ."Agent Group Multicast Port", ."Multicast TTL", ."Traffic Type"])'; }
+
+@test "interfaces: what is running and what is persisted" {
+    expect 0 '' '' dovra network list
+    succeed dovra network ip add -i knic0
+    expect 0 '*' '' dovra network list
+    [[ $(sed 's/Interface UUID: .*/Interface UUID: .../' <<<"$output") == 'Interface
+   KNic Name: knic0
+   IP Protocol: IP
+   Interface UUID: ...
+   Agent Group Multicast Address: 224.2.3.4
+   Agent Group IPv6 Multicast Address: FF19:0:0:0:0:2:3:4
+   Agent Group Multicast Port: 23451
+   Master Group Multicast Address: 224.1.2.3
+   Master Group IPv6 Multicast Address: FF19:0:0:0:0:1:2:3
+   Master Group Multicast Port: 12345
+   Host Unicast Channel Bound Port: 12321
+   Multicast TTL: 5
+   Traffic Type: dovra' ]]
+    succeed dovra network ipv4 add -i knic1 -T dovra -T witness -p 1000
+    [[ $(knics) == '[["knic0",23451,5,"dovra"],["knic1",1000,5,"dovra, witness"]]' ]]
+    uuids=$(autocli --formatter json dovra network list | jq -c 'map(."Interface UUID")')
+    succeed dovra network ip set -i knic0 -t 9 -T witness
+    [[ $(autocli --formatter json dovra network list | jq -c 'map(."Interface UUID")') == "$uuids" ]]
+    both='[["knic0",23451,9,"witness"],["knic1",1000,5,"dovra, witness"]]'
+    [[ $(knics) == "$both" ]]
+    for formatter in simple table csv xml keyvalue; do
+        expect 0 '*' '' --formatter $formatter dovra network list
+        [[ $output == *knic0*witness*knic1*'dovra, witness'* ]]
+    done
+
+    succeed lab host reboot
+    [[ $(knics) == '[]' ]]
+    succeed dovra network restore
+    [[ $(knics) == "$both" ]]
+    succeed dovra network ip remove -i knic0
+    expect 1 false 'Interface "knic0" is not in the Dovra network configuration.' dovra network remove -i knic0
+    succeed dovra network remove -i knic0 --force
+    succeed dovra network clear
+    succeed dovra network restore
+    [[ $(knics) == '[]' ]]
+}
+
+@test "what the storage network refuses, and stores nothing of" {
+    add='dovra network ip add -i'
+    refuse 'Host host1 has no interface "knic7"; it has knic0, knic1.' $add knic7
+    refuse '"224.2.3" is not an IPv4 address.' $add knic0 -d 224.2.3
+    refuse '"fe80::g" is not an IPv6 address.' $add knic0 -U fe80::g
+    refuse "The agent group's IPv4 address 10.0.0.1 is not a multicast address." $add knic0 -d 10.0.0.1
+    refuse "The master group's IPv6 address fe80::1 is not a multicast address." $add knic0 -U fe80::1
+    refuse "The master group's port 70000 is not between 1 and 65535." $add knic0 -o 70000
+    refuse "The host's unicast port -1 is not between 1 and 65535." $add knic0 -c -1
+    refuse 'The multicast TTL 0 is not between 1 and 255.' $add knic0 -t 0
+    refuse 'The multicast TTL 2147483647 is not between 1 and 255.' $add knic0 -t 4294967297
+    refuse 'Unknown traffic type' $add knic0 -T dovra -T foo
+    [[ $(knics) == '[]' ]]
+    refuse "This Hostkernel network interface is not in use. Can't set/reconfigure. If you want to add, use 'add' command." dovra network ip set -i knic0
+    succeed $add knic0
+    refuse "This Hostkernel network interface is already in use. Can't add again. If you want to reconfigure, use 'set' command." $add knic0
+    refuse 'The multicast TTL 256 is not between 1 and 255.' dovra network ip set -i knic0 -t 256
+    [[ $(knics) == '[["knic0",23451,5,"dovra"]]' ]]
+}
+
+@test "a control library too old for the newer network operations" {
+    succeed lab api set --version 1
+    old='Could not get DovraInfo2. Plugin version mismatch?'
+    refuse "$old" dovra network ip add -i knic0
+    refuse "$old" dovra network ip set -i knic0
+    expect 1 '[]' "$old" --formatter json dovra network list
+    expect 1 false 'Interface "knic0" is not in the Dovra network configuration.' dovra network remove -i knic0
+    succeed lab api set --version 2
+    succeed dovra network ip add -i knic0
+}

@@ -1,0 +1,171 @@
+# Disks, datastores, policies, resync and traces.
+load common
+
+ssd=mpx.xhba1:C0:T0:L0
+ssd2=mpx.xhba1:C0:T1:L0
+hdd() { echo "mpx.xhba2:C0:T$1:L0"; }
+
+claimed() { autocli --formatter json lab disk list | jq -r '[.[] | select(.Use != "empty") | "\(.Device)=\(.Use)"] | join(" ")'; }
+uuid_of() { autocli --formatter json lab disk list | jq -r --arg d "$1" '.[] | select(.Device == $d).UUID'; }
+mounted() { autocli --formatter json dovra storage list | jq -c 'map(."Is Mounted") | sort | unique'; }
+
+@test "disks are claimed, listed and released" {
+    expect 0 '' '' dovra storage list
+    succeed dovra storage add -s $ssd -d "$(hdd 0)" -d "$(hdd 1)"
+    expect 0 '*' '' --formatter json dovra storage list
+    [[ $(jq -c 'map(."DOVRA UUID") == (map(."DOVRA UUID") | sort) and length == 3' <<<"$output") == true ]]
+    [[ $(jq -r '.[] | select(.Device == "'$ssd'") | [."Is SSD", ."Is Capacity Tier", ."In Tavdir", ."On-disk format version"] | @csv' <<<"$output") == 'true,false,false,"5"' ]]
+    expect 0 "$(hdd 1)"$'\n   Device: '"$(hdd 1)*" '' dovra storage list -d "$(hdd 1)"
+    expect 0 '*' '' dovra storage list -u "$(uuid_of "$(hdd 0)")"
+    expect 1 '' 'Unable to find device with name: none' dovra storage list -d none
+    expect 1 '' 'Unable to list devices: "none" is not a UUID: *' dovra storage list -u none
+    refuse 'Only one of --device or --uuid can be specified.' dovra storage list -u a -d b
+
+    before=$(claimed)
+    add='dovra storage add -s'
+    prefix='Unable to add device: '
+    refuse "${prefix}Host host1 has no disk \"none\"." $add none -d "$(hdd 2)"
+    refuse "${prefix}Host host1 has no disk \"none\"." $add $ssd2 -d "$(hdd 2)" -d none
+    refuse "${prefix}Disk \"$(hdd 2)\" is not a flash device." $add "$(hdd 2)" -d "$(hdd 3)"
+    refuse "${prefix}Disk \"$(hdd 0)\" is in use by disk group \"$ssd\"." $add $ssd2 -d "$(hdd 0)"
+    refuse "${prefix}Disk \"$ssd2\" is a flash device; to hold data it must be tagged capacityFlash." $add $ssd -d $ssd2
+    refuse "${prefix}Disk \"$(hdd 2)\" is in use *" $add $ssd -d "$(hdd 2)" -d "$(hdd 2)"
+    remove='dovra storage remove'
+    refuse 'No option provided' $remove
+    refuse "Unable to remove device: Disk \"$(hdd 3)\" is not in use by Dovra." $remove -d "$(hdd 3)"
+    refuse "Unable to remove device: Disk \"$ssd\" fronts a disk group; *" $remove -d $ssd
+    refuse "Unable to remove device: Disk \"$(hdd 0)\" does not front a disk group." $remove -s "$(hdd 0)"
+    refuse "Unable to remove device: Host host1 has no disk with UUID 00000000-0000-0000-0000-000000000000." $remove -u 00000000-0000-0000-0000-000000000000
+    refuse "Expected a single value from the set [noAction, ensureObjectAccessibility, evacuateAllData] got 'all'" $remove -d "$(hdd 0)" -m all
+    [[ $(claimed) == "$before" ]]
+
+    succeed $remove -d "$(hdd 0)" -m evacuateAllData
+    refuse "Unable to remove device: Disk \"$(hdd 1)\" is the last capacity disk of disk group \"$ssd\"; remove the whole group by its ssd." $remove -u "$(uuid_of "$(hdd 1)")"
+    succeed $add $ssd -d "$(hdd 0)"
+    succeed $remove -u "$(uuid_of $ssd)"
+    [[ -z $(claimed) ]]
+}
+
+@test "disk groups mount and unmount, flash is tagged" {
+    succeed dovra storage tag add -t capacityFlash -d $ssd2
+    refuse "Unable to add tag to disk: Disk \"$ssd2\" is tagged capacityFlash already." dovra storage tag add -t capacityFlash -d $ssd2
+    refuse "Unable to add tag to disk: Disk \"$(hdd 0)\" is not a flash device." dovra storage tag add -t capacityFlash -d "$(hdd 0)"
+    refuse "Unable to add device: Disk \"$ssd2\" is tagged capacityFlash; it cannot front a disk group." dovra storage add -s $ssd2 -d "$(hdd 0)"
+    succeed dovra storage add -s $ssd -d "$(hdd 0)" -d $ssd2
+    refuse "Unable to remove tag for disk: Disk \"$ssd2\" is in use *" dovra storage tag remove -t capacityFlash -d $ssd2
+    group='dovra storage diskgroup'
+    succeed $group unmount -s $ssd
+    [[ $(mounted) == '[false]' ]]
+    refuse "Unable to unmount: Disk \"$ssd\" is not mounted." $group unmount -s $ssd
+    refuse "Unable to mount: Disk group \"$ssd\" is not mounted; *" $group mount -d $ssd2
+    succeed $group mount -u "$(uuid_of $ssd)"
+    [[ $(mounted) == '[true]' ]]
+    succeed $group unmount -d $ssd2
+    [[ $(mounted) == '[false,true]' ]]
+    succeed $group mount -d $ssd2
+    expect 1 false 'Either --ssd, --disk or --uuid is required' $group mount
+    refuse 'Need one of --disk, --ssd or --uuid.' $group unmount
+}
+
+@test "auto claim takes what is empty when a disk comes" {
+    expect 0 '   Enabled: false' '' dovra storage automode get
+    succeed lab disk add -d new0 -k capacity
+    [[ -z $(claimed) ]]
+    succeed dovra storage automode set --enabled on
+    [[ -z $(claimed) ]]
+    succeed lab disk add -d new1 -k capacity
+    [[ $(claimed | tr ' ' '\n' | cut -d= -f2 | sort | uniq -c | xargs) == '2 cache 6 capacity' ]]
+    refuse 'Unable to add disk: Host host1 has a disk "new1" already.' lab disk add -d new1 -k flash
+}
+
+@test "the service knows the disks of other hosts, this host only its own" {
+    new_cluster host2
+    succeed dovra storage add -s $ssd -d "$(hdd 0)"
+    succeed --host host2 dovra storage add -s $ssd -d "$(hdd 0)"
+    expect 0 '*' '' --formatter json dovra storage list
+    [[ $(jq -c '[length, (map(select(."Used by this host")) | length), (map(select(."In Tavdir")) | length)]' <<<"$output") == '[4,2,4]' ]]
+    expect 0 '*' '' --formatter json dovra storage list -d $ssd
+    [[ $(jq length <<<"$output") == 1 ]]
+}
+
+@test "ten thousand disks are sorted and each listed once" {
+    new_cluster
+    succeed lab disk generate --count 10000
+    expect 0 '*' '' --formatter json dovra storage list
+    jq -r '.[]."DOVRA UUID"' <<<"$output" >"$BATS_TEST_TMPDIR/uuids"
+    [[ $(wc -l <"$BATS_TEST_TMPDIR/uuids") == 10000 ]]
+    LC_ALL=C sort --check=quiet --unique "$BATS_TEST_TMPDIR/uuids"
+}
+
+@test "datastores: unique names, a default that stays" {
+    refuse 'Unable to add datastore: This host is not in a Dovra cluster.' dovra datastore add -n one
+    expect 0 '' '' dovra datastore list
+    new_cluster
+    id=12345678-1234-1234-1234-1234567890AB
+    succeed dovra datastore add -n one -u $id
+    succeed dovra datastore add -n two
+    [[ $(autocli --formatter json dovra datastore list | jq -c 'map([."User Friendly Name", .Default])') == '[["dovraDatastore",true],["one",false],["two",false]]' ]]
+    refuse "Unable to add datastore: The name \"one\" is taken by datastore ${id,,}." dovra datastore add -n one
+    refuse "Unable to add datastore: Datastore ${id,,} exists already." dovra datastore add -n three -u $id
+    refuse 'Unable to add datastore: "x" is not a UUID: *' dovra datastore add -n three -u x
+    refuse "Unable to add datastore: The datastore's name must have 1 to 128 characters." dovra datastore add -n ''
+    refuse 'Unable to set Dovra datastore name: The name "two" is taken by *' dovra datastore name set -u $id -n two
+    succeed dovra datastore name set -u $id -n uno
+    expect 0 '   Name: uno' '' dovra datastore name get -u $id
+    expect 0 '   Name: dovraDatastore' '' dovra datastore name get
+    default=$(autocli --formatter json dovra datastore list | jq -r '.[0]."Datastore UUID"')
+    refuse "Unable to remove datastore: Datastore $default is the default datastore; it cannot be removed." dovra datastore remove -u "$default"
+    succeed dovra datastore remove -u $id
+    refuse "Unable to remove datastore: The cluster has no datastore ${id,,}." dovra datastore remove -u $id
+    succeed dovra datastore clear
+    expect 0 $'Datastore\n   Datastore UUID: '"$default"$'\n   User Friendly Name: dovraDatastore\n   Default: true' '' dovra datastore list
+}
+
+@test "policies are checked before they are kept" {
+    expect 0 $'Policy Class  Policy Value\n------------  ------------\nvmswap' '' dovra policy getdefault -c vmswap
+    set='dovra policy setdefault -c vdisk -p'
+    succeed $set 'hostFailuresToTolerate=2, stripeWidth=12 replicaPreference=RAID-5/6'
+    wrong() { expect 1 false "$1" $set "$2"; }
+    wrong 'Unknown policy attribute "width"; the attributes are cacheReservation, *' width=1
+    wrong 'The policy attribute stripeWidth cannot be "13"; it is a whole number from 1 to 12.' stripeWidth=13
+    wrong 'The policy attribute hostFailuresToTolerate cannot be "4"; it is a whole number from 0 to 3.' hostFailuresToTolerate=4
+    wrong 'The policy attribute cacheReservation cannot be "1000001"; *' cacheReservation=1000001
+    wrong 'The policy attribute proportionalCapacity cannot be "101"; *' proportionalCapacity=101
+    wrong 'The policy attribute iopsLimit cannot be "99999999999999999999"; it is a whole number from 0 up.' iopsLimit=99999999999999999999
+    wrong 'The policy attribute replicaPreference cannot be "RAID-0"; it is RAID-1 or RAID-5/6.' replicaPreference=RAID-0
+    wrong 'The policy attribute iopsLimit is given twice.' iopsLimit=1,iopsLimit=2
+    wrong '"thick" is not of the form attribute=value.' thick
+    wrong 'The policy is empty; *' ' , '
+    [[ $(autocli --formatter csv dovra policy getdefault) == $'Policy Class,Policy Value\ncluster,\nvdisk,"hostFailuresToTolerate=2, stripeWidth=12 replicaPreference=RAID-5/6"\nvmnamespace,\nvmswap,\nvmem,' ]]
+    succeed dovra policy cleardefault
+    [[ $(autocli --formatter json dovra policy getdefault | jq -c 'map(."Policy Value") | unique') == '[""]' ]]
+}
+
+@test "resync answers to its throttle" {
+    succeed lab resync set --demand 300
+    expect 0 '   Rate: 300 Mbps' '' dovra resync bandwidth get
+    succeed dovra resync throttle set --level 100
+    expect 0 '   Level: 100 Mbps' '' dovra resync throttle get
+    expect 0 '   Rate: 100 Mbps' '' dovra resync bandwidth get
+    succeed dovra resync throttle set --level 0
+    expect 0 '   Rate: 300 Mbps' '' dovra resync bandwidth get
+}
+
+@test "traces move to another volume, and the daemon takes it" {
+    succeed dovra trace set -p '/volume 2/$traces' -f 4 -s 4095 -l off
+    expect 0 $'   DOVRA Traces Directory: /volume 2/$traces\n   Number Of Files To Rotate: 4\n   Maximum Trace File Size: 4095 MB\n   Log Urgent Traces To Syslog: false' '' dovra trace get
+    succeed dovra trace set --reset true
+    expect 0 $'   DOVRA Traces Directory: /var/dovra/traces\n   Number Of Files To Rotate: 8\n   Maximum Trace File Size: 45 MB\n   Log Urgent Traces To Syslog: true' '' dovra trace get
+    refuse 'File size should be < 4096 MB.' dovra trace set -s 4096
+    refuse 'No options provided.' dovra trace set
+    succeed lab traced set --state stopped
+    refuse 'Dovra is not enabled on this host.' dovra trace get
+    succeed dovra trace set -p /later
+    succeed lab traced set --state running
+    conf=$AUTOCLI_LAB/hosts/host1/etc/orvane/dovra/dovratraced.conf
+    grep -qx 'DOVRATRACED_VOLUME="/later"' "$conf"
+    expect 0 $'   DOVRA Traces Directory: /var/dovra/traces\n*' '' dovra trace get
+    rm "$AUTOCLI_LAB/hosts/host1/etc/init.d/dovratraced" && mkdir "$AUTOCLI_LAB/hosts/host1/etc/init.d/dovratraced"
+    refuse 'Checking dovratraced status failed.Refer to /var/log/syslog.log for details.' dovra trace get
+    refuse 'Failed to check dovratraced status. Refer /var/log/syslog.log for details.' dovra trace set -f 2
+}

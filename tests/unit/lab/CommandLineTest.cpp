@@ -1,0 +1,156 @@
+#include <gtest/gtest.h>
+
+#include "clitools/CommandLine.h"
+
+namespace {
+
+using CliTools::ParseParameters;
+using CliTools::UsageError;
+using namespace CliTools::CallSpec;
+
+using Words = std::vector<std::string>;
+
+using Constraint = std::shared_ptr<ParameterConstraint>;
+
+void Add(InputSpec& spec, const char* name, const char* letter, ParameterType type,
+         const Constraint& constraint = nullptr, bool required = false) {
+  auto parameter = ParameterSpec::New(name, type);
+  parameter->SetShortName(letter);
+  parameter->SetConstraint(constraint);
+  parameter->SetRequired(required);
+  spec.AddParameter(parameter);
+}
+
+std::shared_ptr<InputSpec> MakeSpec() {
+  const auto enumeration = ParameterConstraint::New(ParameterConstraintType::kStringEnum);
+  for (const char* value : {"witness", "node"}) enumeration->AddStringEnum(value, "");
+  const auto range = ParameterConstraint::New(ParameterConstraintType::kIntRange);
+  range->SetIntRange(0, 512);
+  auto spec = InputSpec::New();
+  Add(*spec, "uuid", "u", ParameterType::kString, nullptr, true);
+  Add(*spec, "uuid-file", "", ParameterType::kString);
+  Add(*spec, "type", "t", ParameterType::kString, enumeration);
+  Add(*spec, "roles", "r", ParameterType::kStringList, enumeration);
+  Add(*spec, "level", "l", ParameterType::kInt, range);
+  Add(*spec, "port", "p", ParameterType::kInt);
+  Add(*spec, "enabled", "e", ParameterType::kBool);
+  Add(*spec, "wait", "w", ParameterType::kFlag);
+  Add(*spec, "boot", "b", ParameterType::kFlag);
+  Add(*spec, "disks", "d", ParameterType::kStringList);
+  return spec;
+}
+
+/// What was read, "name=<value>" each in the parameters' order; or what was refused.
+std::string Parse(const InputSpec& spec, const Words& words) try {
+  const auto input = ParseParameters(spec, words);
+  std::string text;
+  for (const auto& parameter : spec.GetParameters()) {
+    const std::string& name = parameter->GetName();
+    if (!input->HasParameter(name)) continue;
+    Words values = {input->GetParameter(name)};
+    if (parameter->GetType() == ParameterType::kStringList) {
+      input->GetParameterList(name, values);
+    } else if (parameter->GetType() == ParameterType::kInt) {
+      values = {std::to_string(input->GetParameterInt(name))};
+    } else if (parameter->GetType() != ParameterType::kString) {
+      values = {input->GetParameterBool(name) ? "true" : "false"};
+    }
+    text += text.empty() ? "" : " ";
+    text += name + "=";
+    for (const std::string& value : values) text += "<" + value + ">";
+  }
+  return text;
+} catch (const UsageError& error) {
+  return error.what();
+}
+
+TEST(CommandLine, TakesOptionsAsAdministratorsTypeThem) {
+  const auto spec = MakeSpec();
+  const std::vector<std::pair<Words, std::string>> cases = {
+      {{"-u", "X"}, "uuid=<X>"},
+      {{"-uX"}, "uuid=<X>"},
+      {{"--uuid", "X"}, "uuid=<X>"},
+      {{"--uuid=X=Y"}, "uuid=<X=Y>"},
+      {{"-u", "a", "--uuid-file", "b"}, "uuid=<a> uuid-file=<b>"},  // one begins like the other
+      {{"-wbuX"}, "uuid=<X> wait=<true> boot=<true>"},
+      {{"-w", "-w", "-uX", "--"}, "uuid=<X> wait=<true>"},
+      {{"-u", "--wait"}, "uuid=<--wait>"},
+      {{"-u", "--"}, "uuid=<-->"},
+      {{"--uuid=", "-d", ""}, "uuid=<> disks=<>"},
+      {{"-u", " [a,b] \n\"'\\"}, "uuid=< [a,b] \n\"'\\>"},
+      {{"-d", "b,c", "-u1", "--disks=[a]", "-d-"}, "uuid=<1> disks=<b,c><[a]><->"},
+      {{"-uX", "-rnode", "-r", "witness", "-tnode"}, "uuid=<X> type=<node> roles=<node><witness>"},
+      {{"-u1", "-p", "-1", "-l0"}, "uuid=<1> level=<0> port=<-1>"},
+      {{"-u1", "-p-9223372036854775808", "-l512"},
+       "uuid=<1> level=<512> port=<-9223372036854775808>"},
+  };
+  for (const auto& [words, expected] : cases) EXPECT_EQ(Parse(*spec, words), expected);
+  EXPECT_EQ(Parse(*InputSpec::New(), {}), "");
+  for (const auto& [yes, no] : std::initializer_list<std::pair<const char*, const char*>>{
+           {"true", "false"}, {"1", "0"}, {"yes", "no"}, {"on", "off"}}) {
+    EXPECT_EQ(Parse(*spec, {"-uX", "-e", yes}), "uuid=<X> enabled=<true>");
+    EXPECT_EQ(Parse(*spec, {"-uX", "-e", no}), "uuid=<X> enabled=<false>");
+  }
+}
+
+TEST(CommandLine, RefusesWhatItCannotTakeAsItIs) {
+  const auto spec = MakeSpec();
+  const std::string all =
+      "the options are --uuid, --uuid-file, --type, --roles, --level, --port, --enabled, "
+      "--wait, --boot, --disks";
+  const std::string global =
+      " goes before the namespace, as in \"autocli --formatter VALUE NAMESPACE... COMMAND\"";
+  const std::string anyNumber = " for --port: expected a whole number of at most 64 bits";
+  const std::string level = " for --level: expected a whole number from 0 to 512";
+  const std::vector<std::pair<Words, std::string>> cases = {
+      {{"--uui", "X"}, "Unknown option \"--uui\"; did you mean \"--uuid\" or \"--uuid-file\"?"},
+      {{"--prot=1"}, "Unknown option \"--prot\"; did you mean \"--port\"?"},
+      {{"--bo\nt"}, "Unknown option \"--bo\\nt\"; did you mean \"--boot\"?"},
+      {{"--colour"}, "Unknown option \"--colour\"; " + all},
+      {{"-wx"}, "Unknown option \"-x\" in \"-wx\"; " + all},
+      {{"-wait=1"}, "Unknown option \"-a\" in \"-wait=1\"; did you mean \"--wait\"?"},
+      {{"-uX", "--formatter", "json"}, "Option --formatter" + global},
+      {{"--formatter=json"}, "Option --formatter" + global},
+      {{"X"}, "Unexpected argument \"X\"; " + all},
+      {{"--", "-uX"}, "Unexpected argument \"-uX\"; " + all},
+      {{"-uuid", "X"}, "Unexpected argument \"X\"; did you mean \"--uuid\"?"},
+      {{"-w", "true"}, "Unexpected argument \"true\"; --wait takes no value"},
+      {{"-d", "a", "b"}, "Unexpected argument \"b\"; repeat --disks before each of its values"},
+      {{"-u", "", "b"},
+       "Unexpected argument \"b\"; --uuid was given \"\"; a value with blanks stands in quotes"},
+      {{"--uuid", "--level", "3"},
+       "Unexpected argument \"3\"; --uuid was given \"--level\"; a value with blanks stands in "
+       "quotes"},
+      {{"--wait=tr=ue", "-uX"}, "--wait takes no value, but was given \"tr=ue\""},
+      {{"-w", "-p"}, "--port needs a value: a whole number of at most 64 bits"},
+      {{"-w"}, "Missing required parameter --uuid (text)"},
+      {{"-ua", "--uuid=b\x1b"},
+       "--uuid is given twice, as \"a\" and \"b\\x1b\"; it takes one value"},
+      {{"-uX", "-twitnes"},
+       "Invalid value \"witnes\" for --type: expected one of witness, node; did you mean "
+       "\"witness\"?"},
+      {{"-uX", "-rnode", "-r", ""},
+       "Invalid value \"\" for --roles: expected one of witness, node"},
+      {{"-uX", "-l513"}, "Invalid value \"513\"" + level},
+      {{"-uX", "-l", "-1"}, "Invalid value \"-1\"" + level},
+      {{"-uX", "-p", "99999999999999999999"}, "Invalid value \"99999999999999999999\"" + anyNumber},
+      {{"-uX", "-p", "80 "}, "Invalid value \"80 \"" + anyNumber},
+      {{"-uX", "-p", ""}, "Invalid value \"\"" + anyNumber},
+      {{"-uX", "-e", "True"},
+       "Invalid value \"True\" for --enabled: expected true or false (also 1/0, yes/no, on/off)"},
+  };
+  for (const auto& [words, expected] : cases) EXPECT_EQ(Parse(*spec, words), expected);
+  EXPECT_EQ(Parse(*InputSpec::New(), {"-x"}), "Unknown option \"-x\"; there are no options here");
+}
+
+TEST(CommandLine, NamesEveryMissingParameterAndKeepsOwnOptionsApartFromGlobalOnes) {
+  const auto spec = InputSpec::New();
+  Add(*spec, "host", "", ParameterType::kString, nullptr, true);
+  Add(*spec, "count", "", ParameterType::kInt, nullptr, true);
+  EXPECT_EQ(Parse(*spec, {}),
+            "Missing required parameters --host (text), --count (a whole number of at most 64 "
+            "bits)");
+  EXPECT_EQ(Parse(*spec, {"--host", "h", "--count=1"}), "host=<h> count=<1>");
+}
+
+}  // namespace

@@ -1,0 +1,229 @@
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+#include "clitools/Format.h"
+#include "clitools/Text.h"
+
+namespace {
+
+using namespace CliTools;
+using namespace CliTools::MetaObj;
+using namespace std::string_literals;
+using Names = std::vector<std::string>;
+
+const AutoCli::CommandSpec::Pairs kParameters = {{"header:Disk", "%Name%"},
+                                                 {"fields:Disk", "Name, Size ,Tags,Is SSD"},
+                                                 {"units:Disk.Size", "MB"}};
+
+std::shared_ptr<MetaStruct> MakeDisk(const std::string& name = {}, std::int64_t size = 0,
+                                     const Names& tags = {}) {
+  auto disk = MetaStruct::New("Disk");
+  disk->SetField("Is SSD", MetaBool::New(size > 100));
+  disk->SetField("Name", name);
+  disk->SetField("Size", MetaInt::New(size));
+  auto list = MetaList::New(MetaType::kString);
+  for (const std::string& tag : tags) list->Add(tag);
+  disk->SetField("Tags", list);
+  disk->SetField("Hidden", "not in fields:");
+  return disk;
+}
+
+std::shared_ptr<MetaList> MakeDisks(const std::vector<std::shared_ptr<MetaStruct>>& disks) {
+  auto list = MetaList::New(MetaType::kStruct, MakeDisk());
+  for (const auto& disk : disks) list->Add(disk);
+  return list;
+}
+
+/// Texts that try to break out of where they are shown.
+const Names kHostile = {"a,\"b;c'`",
+                        " blanks ",
+                        "line\nfeed\r\n",
+                        "back\\slash\\n\\x41",
+                        "<x a=\"1\">&amp;]]>",
+                        "",
+                        "nul\0l"s,
+                        "\ttab\x1b[2J\x01\x7f\u009b",
+                        "\xff\xc3(\u202e\uFFFE😀"};
+
+TEST(Format, ShowsPeopleRecords) {
+  const auto disks = MakeDisks({MakeDisk("漢字", 5, {"a", "b"}), MakeDisk("disk1", 1000)});
+  EXPECT_EQ(Format(*disks, "simple", kParameters),
+            "漢字\n"
+            "   Name: 漢字\n"
+            "   Size: 5 MB\n"
+            "   Tags: a, b\n"
+            "   Is SSD: false\n"
+            "\n"
+            "disk1\n"
+            "   Name: disk1\n"
+            "   Size: 1000 MB\n"
+            "   Tags: \n"
+            "   Is SSD: true\n");
+  EXPECT_EQ(Format(*disks, "table", kParameters),
+            "Name      Size  Tags  Is SSD\n"
+            "-----  -------  ----  ------\n"
+            "漢字      5 MB  a, b  false\n"
+            "disk1  1000 MB        true\n");
+  EXPECT_EQ(Format(*MakeDisk("x\n   Is SSD: true\x1b\xff", -1), "simple",
+                   {{"header:Disk", "Disk"}, {"fields:Disk", "Gone,Name,Size"}}),
+            "Disk\n   Name: x\\n   Is SSD: true\\x1b\uFFFD\n   Size: -1\n");
+  EXPECT_EQ(Format(*MakeDisk("e\u0301\n"), "table", {{"fields:Disk", "Size,Tags,Name,Gone"}}),
+            "Size  Tags  Name  Gone\n"
+            "----  ----  ----  ----\n"
+            "   0        e\u0301\\n\n");
+}
+
+TEST(Format, WritesDocuments) {
+  const auto disks = MakeDisks({MakeDisk("", 5, {"a", "b"}), MakeDisk("", 1000)});
+  EXPECT_EQ(Format(*disks, "json", {{"fields:Disk", "Size,Is SSD"}}),
+            "[\n"
+            "  {\n"
+            "    \"Size\": 5,\n"
+            "    \"Is SSD\": false\n"
+            "  },\n"
+            "  {\n"
+            "    \"Size\": 1000,\n"
+            "    \"Is SSD\": true\n"
+            "  }\n"
+            "]\n");
+  EXPECT_EQ(Format(*disks, "keyvalue", {{"fields:Disk", "Size,Tags"}}),
+            "Disk[0].Size=5\nDisk[0].Tags[0]=a\nDisk[0].Tags[1]=b\nDisk[1].Size=1000\n");
+  EXPECT_EQ(Format(*MakeDisk("<&>\"\r\n\t\u009b\x1b\uFFFE\xff", 1, {"a", "b"}), "xml",
+                   {{"fields:Disk", "Name,Size,Tags"}}),
+            "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+            "<output>\n"
+            "<structure name=\"Disk\">\n"
+            "<field name=\"Name\"><string>&lt;&amp;&gt;&quot;&#13;&#10;&#9;&#155;"
+            "\uFFFD\uFFFD\uFFFD</string></field>\n"
+            "<field name=\"Size\"><integer>1</integer></field>\n"
+            "<field name=\"Tags\"><list><string>a</string><string>b</string></list></field>\n"
+            "</structure>\n"
+            "</output>\n");
+}
+
+TEST(Format, ShowsEverythingThatIsNoRecord) {
+  const std::string xml = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<output>";
+  const auto texts = MetaList::New(MetaType::kString);
+  texts->Add("a");
+  texts->Add("b\n");
+  const std::vector<std::tuple<std::shared_ptr<MetaObject>, std::string, std::string>> cases = {
+      {MetaBool::New(true), "", "true\n"},
+      {MetaBool::New(true), "simple", "true\n"},
+      {MetaBool::New(true), "json", "true\n"},
+      {MetaBool::New(true), "xml", xml + "<boolean>true</boolean></output>\n"},
+      {MetaBool::New(true), "keyvalue", "result=true\n"},
+      {MetaBool::New(false), "table", "false\n"},  // a failed command's result is not lost
+      {MetaInt::New(INT64_MIN), "json", "-9223372036854775808\n"},
+      {MetaString::New("a\tb"), "", "a\tb\n"},
+      {MetaString::New("a\tb"), "simple", "a\\tb\n"},
+      {texts, "", "a\nb\n\n"},
+      {texts, "simple", "a\nb\\n\n"},
+      {texts, "json", "[\n  \"a\",\n  \"b\\n\"\n]\n"},
+      {texts, "xml", xml + "<list><string>a</string><string>b&#10;</string></list></output>\n"},
+      {texts, "keyvalue", "result[0]=a\nresult[1]=b\\n\n"},
+      {MakeDisks({}), "simple", ""},
+      {MakeDisks({}), "table", "Name  Size  Tags  Is SSD\n----  ----  ----  ------\n"},
+      {MakeDisks({}), "json", "[]\n"},
+      {MakeDisks({}), "csv", "Name,Size,Tags,Is SSD\n"},
+      {MakeDisks({}), "xml", xml + "<list></list></output>\n"},
+      {MakeDisks({}), "keyvalue", ""},
+      {MetaList::New(MetaType::kStruct), "table", ""},
+  };
+  for (const auto& [root, formatter, expected] : cases) {
+    EXPECT_EQ(Format(*root, formatter, kParameters), expected) << formatter;
+  }
+}
+
+TEST(Format, SaysBeforehandWhatItCanShow) {
+  const Names all = {"simple", "table", "json", "csv", "xml", "keyvalue"};
+  const Names bare = {"simple", "json", "xml", "keyvalue"};
+  EXPECT_EQ(FormatterNames(), all);
+  EXPECT_EQ(FormattersFor(*MakeDisks({})), all);
+  EXPECT_EQ(FormattersFor(*MetaBool::New()), bare);
+  EXPECT_EQ(FormattersFor(*MetaList::New(MetaType::kString)), bare);
+  EXPECT_TRUE(CanShow("csv", *MakeDisk()));
+  EXPECT_FALSE(CanShow("csv", *MetaBool::New()));
+  EXPECT_FALSE(CanShow("Json", *MakeDisk()));
+  EXPECT_THROW(Format(*MakeDisk(), "Json", {}), std::invalid_argument);
+}
+
+/// Rows of cells, as RFC 4180 reads them.
+std::vector<Names> ReadCsv(const std::string& text) {
+  std::vector<Names> rows = {{""}};
+  bool quoted = false;
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    if (text[at] == '"' && !(quoted && text[at + 1] == '"')) {
+      quoted = !quoted;
+    } else if (!quoted && text[at] == ',') {
+      rows.back().emplace_back();
+    } else if (!quoted && text[at] == '\n') {
+      rows.push_back({""});
+    } else {
+      rows.back().back() += text[at];
+      if (text[at] == '"') ++at;
+    }
+  }
+  rows.pop_back();  // what follows the last line
+  return rows;
+}
+
+/// A key-value line's value with its escapes undone.
+std::string Unescape(const std::string& line) {
+  std::string text;
+  for (std::size_t at = line.find('=') + 1; at < line.size(); ++at) {
+    if (line[at] != '\\') {
+      text += line[at];
+    } else if (const char kind = line[++at]; kind == 'x') {
+      text += static_cast<char>(std::stoi(line.substr(at + 1, 2), nullptr, 16));
+      at += 2;
+    } else {
+      text += kind == 'n' ? '\n' : kind == 'r' ? '\r' : kind;
+    }
+  }
+  return text;
+}
+
+TEST(Format, DocumentsGiveBackEveryText) {
+  const AutoCli::CommandSpec::Pairs tagsOnly = {{"fields:Disk", "Tags"}};
+  const auto disk = MakeDisk("", 0, kHostile);
+  Names expected;
+  for (const std::string& text : kHostile) expected.push_back(ValidUtf8(text));
+  EXPECT_EQ(nlohmann::json::parse(Format(*disk, "json", tagsOnly)).at("Tags").get<Names>(),
+            expected);
+
+  std::istringstream lines(Format(*disk, "keyvalue", tagsOnly));
+  EXPECT_EQ(ValidUtf8(lines.str()), lines.str());
+  Names read;
+  for (std::string line; std::getline(lines, line);) read.push_back(Unescape(line));
+  EXPECT_EQ(read, kHostile);
+
+  std::vector<std::shared_ptr<MetaStruct>> disks;
+  std::vector<Names> rows = {{"Name", "Tags", "Size"}};
+  for (const std::string& text : kHostile) {
+    disks.push_back(MakeDisk(text, 7, {"a", "b"}));
+    rows.push_back({ValidUtf8(text), "a,b", "7"});
+  }
+  const std::string csv = Format(*MakeDisks(disks), "csv", {{"fields:Disk", "Name,Tags,Size"}});
+  EXPECT_EQ(ReadCsv(csv), rows);
+  EXPECT_NE(csv.find("\n\" blanks \","), std::string::npos);
+}
+
+TEST(Format, ReachesRecordsWithinRecords) {
+  const auto inner = MetaStruct::New("Disk");
+  inner->SetField("Name", "one");
+  inner->SetField("Id", MetaInt::New(1));
+  const auto list = MetaList::New(MetaType::kStruct);
+  list->Add(inner);
+  const auto outer = MetaStruct::New("Host");
+  outer->SetField("Disk", inner);
+  outer->SetField("Disks", list);
+  EXPECT_EQ(Format(*outer, "keyvalue", {{"fields:Disk", "Id"}}),
+            "Host.Disk.Id=1\nHost.Disks[0].Id=1\n");
+  EXPECT_EQ(nlohmann::json::parse(Format(*outer, "json", {{"fields:Disk", "Id"}})),
+            nlohmann::json::parse(R"({"Disk": {"Id": 1}, "Disks": [{"Id": 1}]})"));
+  EXPECT_EQ(Format(*outer, "csv", {}), "Disk,Disks\n\"Name: one,Id: 1\",\"Name: one,Id: 1\"\n");
+}
+
+}  // namespace

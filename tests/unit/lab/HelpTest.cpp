@@ -1,0 +1,128 @@
+#include <gtest/gtest.h>
+
+#include "clitools/Help.h"
+
+namespace {
+
+using namespace CliTools;
+using namespace CliTools::AutoCli;
+using namespace CliTools::CallSpec;
+using namespace CliTools::MetaObj;
+
+/// A command of the given parameters and result.
+class FakeCommand final : public Command {
+ public:
+  std::shared_ptr<InputSpec> input = InputSpec::New();
+  std::shared_ptr<MetaObject> result = MetaBool::New();
+
+  ParameterSpec& Add(const char* name, const char* letter, ParameterType type, const char* text) {
+    input->AddParameter(ParameterSpec::New(name, type));
+    ParameterSpec& parameter = *input->GetParameters().back();
+    parameter.SetShortName(letter);
+    parameter.SetDescription(text);
+    return parameter;
+  }
+
+ private:
+  std::shared_ptr<InputSpec> GetInputSpecInternal() override { return input; }
+  std::shared_ptr<OutputSpec> GetOutputSpecInternal() override {
+    auto spec = OutputSpec::New();
+    spec->SetRootObject(result);
+    return spec;
+  }
+  void ExecuteInternal(const std::shared_ptr<Input>&, const std::shared_ptr<Output>&) override {}
+};
+
+/// root: disk: { remove, tag, list }
+struct Tree {
+  std::shared_ptr<Namespace> root = Namespace::New();
+  std::shared_ptr<Namespace> disk = Namespace::New();
+  std::shared_ptr<FakeCommand> remove = std::make_shared<FakeCommand>();
+  std::shared_ptr<FakeCommand> list = std::make_shared<FakeCommand>();
+
+  Tree() {
+    disk->SetDescription("Commands for disks");
+    remove->SetDescription("Remove disks, and wait until their data is elsewhere.");
+    root->RegisterNamespaceNode(disk, "disk");
+    disk->RegisterNamespaceNode(remove, "remove");
+    disk->RegisterNamespaceNode(Namespace::New(), "tag");
+    disk->RegisterNamespaceNode(list, "list");
+  }
+};
+
+TEST(Help, ListsANamespacesChildren) {
+  const Tree tree;
+  EXPECT_EQ(NamespaceHelp(*tree.disk, 40),
+            "Usage: autocli disk [NAMESPACE...]\n"
+            "       COMMAND [OPTIONS]\n"
+            "\nCommands for disks\n"
+            "\nNamespaces:\n"
+            "  tag\n"
+            "\nCommands:\n"
+            "  remove  Remove disks, and wait until\n"
+            "          their data is elsewhere.\n"
+            "  list\n");
+  EXPECT_EQ(NamespaceHelp(*tree.root),
+            "Usage: autocli [NAMESPACE...] COMMAND [OPTIONS]\n"
+            "\nNamespaces:\n"
+            "  disk  Commands for disks\n");
+}
+
+TEST(Help, TellsACommandsParameters) {
+  const Tree tree;
+  FakeCommand& remove = *tree.remove;
+  remove.Add("disk", "d", ParameterType::kStringList, "The disk.").SetRequired(true);
+  const auto values = ParameterConstraint::New(ParameterConstraintType::kStringEnum);
+  values->AddStringEnum("all", "");
+  values->AddStringEnum("none", "");
+  remove
+      .Add("mode", "m", ParameterType::kString,
+           "What to do first (%ENUM%; default none). Where:\n"
+           "    all: move everything that is on the disk away from it\n"
+           "    none: move nothing")
+      .SetConstraint(values);
+  const auto range = ParameterConstraint::New(ParameterConstraintType::kIntRange);
+  range->SetIntRange(0, 512);
+  remove.Add("level", "", ParameterType::kInt, "Rate (%ENUM%).").SetConstraint(range);
+  remove.Add("quiet", "q", ParameterType::kFlag, "Literal, as nothing is listed: %ENUM%");
+  EXPECT_EQ(CommandHelp(remove, 60),
+            "Usage: autocli disk remove --disk TEXT [--disk TEXT]...\n"
+            "       [--mode TEXT] [--level NUMBER] [--quiet]\n"
+            "\nRemove disks, and wait until their data is elsewhere.\n"
+            "\nParameters:\n"
+            "  -d, --disk TEXT (required; text; may be repeated)\n"
+            "        The disk.\n"
+            "  -m, --mode TEXT (optional; one of all, none)\n"
+            "        What to do first (all, none; default none). Where:\n"
+            "            all: move everything that is on the disk away\n"
+            "            from it\n"
+            "            none: move nothing\n"
+            "  --level NUMBER (optional; a whole number from 0 to 512)\n"
+            "        Rate (0 to 512).\n"
+            "  -q, --quiet (optional; takes no value)\n"
+            "        Literal, as nothing is listed: %ENUM%\n"
+            "\nOutput: true on success\n");
+}
+
+TEST(Help, TellsWhatACommandPrints) {
+  const Tree tree;
+  const auto record = MetaStruct::New("Disk");
+  for (const char* field : {"Size", "Name", "Secret"}) record->SetField(field, "");
+  tree.list->SetDefaultOutputParameter("fields:Disk", "Name, Size");
+  const std::vector<std::pair<std::shared_ptr<MetaObject>, std::string>> cases = {
+      {record, "one record with the fields\n  Name, Size\n"},
+      {MetaList::New(MetaType::kStruct, record),
+       "a list of records with the fields\n  Name, Size\n"},
+      {MetaList::New(MetaType::kStruct), "a list of records\n"},
+      {MetaList::New(MetaType::kString), "a list of texts\n"},
+      {MetaString::New(), "a text\n"},
+      {MetaInt::New(), "a whole number\n"},
+      {nullptr, "nothing\n"},
+  };
+  for (const auto& [result, expected] : cases) {
+    tree.list->result = result;
+    EXPECT_EQ(CommandHelp(*tree.list), "Usage: autocli disk list\n\nOutput: " + expected);
+  }
+}
+
+}  // namespace

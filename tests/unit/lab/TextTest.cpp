@@ -1,0 +1,81 @@
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+#include "clitools/Suggest.h"
+#include "clitools/Text.h"
+
+namespace {
+
+using namespace CliTools;
+using namespace std::string_literals;
+using Names = std::vector<std::string>;
+
+TEST(Text, ReplacesWhatIsNotUtf8) {
+  const std::vector<std::pair<std::string, std::string>> cases = {
+      {"a\xC3\xA9\xE6\xBC\xA2\xF0\x9F\x98\x80", "aé漢😀"},
+      {"\x80|\xFF|\xC3", "\uFFFD|\uFFFD|\uFFFD"},
+      {"\xE6\xBC|x", "\uFFFD|x"},              // cut short: one character lost, not the rest
+      {"\xC0\xAF", "\uFFFD\uFFFD"},            // overlong
+      {"\xE0\x80\x80", "\uFFFD\uFFFD\uFFFD"},  // overlong
+      {"\xED\xA0\x80", "\uFFFD\uFFFD\uFFFD"},  // surrogate
+      {"\xF4\x90\x80\x80", "\uFFFD\uFFFD\uFFFD\uFFFD"},  // above U+10FFFF
+      {"\xF0\x8F\xBF\xBF", "\uFFFD\uFFFD\uFFFD\uFFFD"},  // overlong
+      {"\xEF\xBF\xBF\xF4\x8F\xBF\xBF", "\uFFFF\U0010FFFF"},
+      {"a\0b"s, "a\0b"s},
+  };
+  for (const auto& [text, expected] : cases) EXPECT_EQ(ValidUtf8(text), expected);
+}
+
+TEST(Text, ShowsPeopleNoCharacterThatATerminalActsOn) {
+  EXPECT_EQ(Printable("a\n\r\t\x1b[2J\x7f\0\u009b|\u202e\u2028|\\ é\xff"s),
+            R"(a\n\r\t\x1b[2J\x7f\x00\x9b|\u202e\u2028|\ é)"
+            "\uFFFD");
+  EXPECT_EQ(Quote("a\nb"), "\"a\\nb\"");
+}
+
+TEST(Text, MeasuresColumnsWhateverTheProcessLocale) {
+  ASSERT_EQ(MB_CUR_MAX, 1U);  // this locale knows no Unicode
+  EXPECT_EQ(DisplayWidth("abc"), 3U);
+  EXPECT_EQ(DisplayWidth("漢字"), 4U);
+  EXPECT_EQ(DisplayWidth("e\u0301\uFFFD"), 2U);
+  EXPECT_EQ(MB_CUR_MAX, 1U);
+}
+
+TEST(Text, WrapsAtBlanksAndKeepsOwnLines) {
+  EXPECT_EQ(Wrap("one two three\n  - four five six\n\nsupercalifragilistic x", 2, 14),
+            "  one two\n"
+            "  three\n"
+            "    - four\n"
+            "    five six\n"
+            "\n"
+            "  supercalifragilistic\n"
+            "  x\n");
+  EXPECT_EQ(Wrap("漢字 漢字\n", 0, 8), "漢字\n漢字\n");
+  EXPECT_EQ(Wrap("a b", 20, 5), std::string(20, ' ') + "a\n" + std::string(20, ' ') + "b\n");
+}
+
+TEST(Suggest, FindsNamesNearAMistypedOne) {
+  const Names names = {"cluster", "storage", "datastore",  "resync",
+                       "set",     "get",     "getdefault", "ip"};
+  for (const auto& [word, expected] :
+       std::vector<std::pair<std::string, std::string>>{{"clsuter", "cluster"},
+                                                        {"CLUSTER", "cluster"},
+                                                        {"datastor", "datastore"},
+                                                        {"stor", "storage"},
+                                                        {"ge", "get getdefault"},
+                                                        {"bet", "set get"},
+                                                        {"i", "ip"},
+                                                        {"network", ""},
+                                                        {"x", ""},
+                                                        {"", ""},
+                                                        {std::string(100000, 'x'), ""}}) {
+    EXPECT_EQ(Join(Nearest(word, names), " "), expected) << word;
+  }
+  EXPECT_EQ(Nearest("ab", {"abx", "aby", "abz", "abw", "ab"}), (Names{"ab", "abx", "aby"}));
+  EXPECT_EQ(DidYouMean({}), "");
+  EXPECT_EQ(DidYouMean({"a"}), "did you mean \"a\"?");
+  EXPECT_EQ(DidYouMean({"a", "b", "c"}), "did you mean \"a\", \"b\" or \"c\"?");
+}
+
+}  // namespace

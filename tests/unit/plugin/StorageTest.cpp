@@ -1,0 +1,247 @@
+#include <cstdint>
+#include <set>
+
+#include "Cases.h"
+#include "storage/StorageCommands.h"
+
+using namespace OrvaneCli::DovraNamespace;
+using namespace Testing;
+
+namespace {
+
+using HostCtl::Dovra::DovraDiskInfo;
+
+TEST(StorageAdd, HandsTheDisksOnAsGiven) {
+  const Outcome failed = Failed("Unable to add device: broken");
+  const Given given = {{"ssd", "flash"}, {"disks", Strings{"b", "a", "b"}}};
+  CheckEachFailure<StorageAdd>({}, given, kOpen + Strings{"AddDisks(flash, [b, a, b])"}, failed);
+  CheckEachFailure<StorageAdd>({}, {{"ssd", "s"}, {"disks", Strings{}}},
+                               kOpen + Strings{"AddDisks(s, [])"}, failed);
+}
+
+TEST(StorageRemove, ChoosesTheOperationByTheOption) {
+  const Outcome failed = Failed("Unable to remove device: broken");
+  CheckEachFailure<StorageRemove>({}, {{"disk", "d"}}, kOpen + Strings{"RemoveDisk(d, )"}, failed);
+  CheckEachFailure<StorageRemove>({}, {{"ssd", "s"}, {"evacuation-mode", "noAction"}},
+                                  kOpen + Strings{"RemoveDiskGroup(s, NoAction)"}, failed);
+  CheckEachFailure<StorageRemove>({}, {{"uuid", "5AFA "}, {"evacuation-mode", "evacuateAllData"}},
+                                  kOpen + Strings{"RemoveDiskByUuid(5AFA , EvacuateAllData)"},
+                                  failed);
+}
+
+TEST(StorageRemove, KnowsItsEvacuationModes) {
+  const std::pair<const char*, const char*> known[] = {
+      {"noAction", "NoAction"},
+      {"NoAction", "NoAction"},
+      {"ensureObjectAccessibility", "EnsureObjectAccessibility"},
+      {"evacuateAllData", "EvacuateAllData"},
+  };
+  for (const auto& [given, passed] : known) {
+    Check<StorageRemove>({}, {{"disk", "d"}, {"evacuation-mode", given}},
+                         kOpen + Strings{std::string("RemoveDisk(d, ") + passed + ")"}, kTrue);
+  }
+  // The last two begin with bytes that are no letters by themselves.
+  const char* const unknown[] = {
+      "", "noaction", "NOACTION", " noAction", "noAction ", "\xC3\xA9vacuateAllData", "\xFF"};
+  for (const std::string given : unknown) {
+    const Outcome refused = Failed(
+        "Expected a single value from the set [noAction, ensureObjectAccessibility, "
+        "evacuateAllData] got '" +
+        given + "'");
+    Check<StorageRemove>({}, {{"disk", "d"}, {"evacuation-mode", given}}, kOpen, refused);
+    Check<StorageRemove>({}, {{"evacuation-mode", given}}, kOpen, refused);
+  }
+}
+
+template <class CommandClass>
+void CheckMounting(const std::string& verb, const Outcome& failed) {
+  CheckEachFailure<CommandClass>({}, {{"ssd", "s"}}, kOpen + Strings{verb + "DiskGroup(s)"},
+                                 failed);
+  CheckEachFailure<CommandClass>({}, {{"disk", "d"}}, kOpen + Strings{verb + "Disk(d)"}, failed);
+  CheckEachFailure<CommandClass>({}, {{"uuid", "5AFA "}},
+                                 kOpen + Strings{verb + "DiskByUuid(5AFA )"}, failed);
+  CheckEachFailure<CommandClass>({}, {{"uuid", ""}}, kOpen + Strings{verb + "DiskByUuid()"},
+                                 failed);
+}
+
+TEST(StorageDiskgroup, ChoosesTheOperationByTheOption) {
+  CheckMounting<StorageDiskgroupMount>("Mount", Failed("Unable to mount: broken"));
+  CheckMounting<StorageDiskgroupUmount>("Unmount", Failed("Unable to unmount: broken"));
+}
+
+TEST(StorageOptions, NameOneDiskExactly) {
+  const Outcome onlyOne = Failed("Specify only one of --ssd, --disk or --uuid.");
+  const Given several[] = {{{"ssd", "s"}, {"disk", "d"}, {"uuid", "u"}},
+                           {{"ssd", "s"}, {"disk", "d"}},
+                           {{"ssd", "s"}, {"uuid", ""}},
+                           {{"disk", ""}, {"uuid", "u"}}};
+  for (Given given : several) {
+    Check<StorageDiskgroupMount>({}, given, {}, onlyOne);
+    Check<StorageDiskgroupUmount>({}, given, {}, onlyOne);
+    given.emplace_back("evacuation-mode", "nonsense");
+    Check<StorageRemove>({}, given, kOpen,
+                         Failed("At most one of --disk or --ssd or --uuid can be specified."));
+  }
+  CheckEachFailure<StorageRemove>({}, {}, kOpen, Failed("Unable to remove device: broken"),
+                                  Failed("No option provided"));
+  CheckEachFailure<StorageDiskgroupUmount>({}, {}, kOpen, Failed("Unable to unmount: broken"),
+                                           Failed("Need one of --disk, --ssd or --uuid."));
+  CheckEachFailure<StorageDiskgroupMount>(
+      {}, {}, kOpen, Failed("Unable to mount: broken"),
+      Failed("Either --ssd, --disk or --uuid is required", "false"));
+}
+
+TEST(StorageAutoMode, IsReadAndSet) {
+  for (const bool enabled : {true, false}) {
+    const std::string text = enabled ? "true" : "false";
+    CheckEachFailure<StorageAutoModeSet>({}, {{"enabled", enabled}},
+                                         kOpen + Strings{"SetAutoClaimMode(" + text + ")"},
+                                         Failed("Unable to set storage auto claim mode: broken"));
+    CheckEachFailure<StorageAutoModeGet>(
+        [=](RecordingLibrary& library) { library.autoClaim = enabled; }, {},
+        kOpen + Strings{"GetAutoClaimMode()"},
+        Failed("Unable to get Dovra storage auto claim mode: broken"),
+        {"{Enabled: " + text + "}", {}});
+  }
+}
+
+TEST(StorageTag, NamesTheDisk) {
+  const Given given = {{"tag", "capacityFlash"}, {"disk", "d"}};
+  CheckEachFailure<StorageTagAdd>({}, given, kOpen + Strings{"AddCapacityFlashTag(d)"},
+                                  Failed("Unable to add tag to disk: broken"));
+  CheckEachFailure<StorageTagRemove>({}, given, kOpen + Strings{"RemoveCapacityFlashTag(d)"},
+                                     Failed("Unable to remove tag for disk: broken"));
+}
+
+TEST(StorageList, ShowsFormatVersionsUnderTheirLabels) {
+  const std::pair<int, const char*> cases[] = {
+      {0, "1"}, {1, "1"}, {2, "2"}, {3, "2.5"}, {4, "3"}, {7, "7"}, {INT32_MIN, "-2147483648"}};
+  for (const auto& [version, label] : cases) {
+    EXPECT_EQ(StorageList::MarshalVersion(version)->GetValue(), label);
+  }
+}
+
+// Disks are told apart by the last digits of their UUIDs.
+std::string UuidOf(const std::string& lastFour) {
+  return "52000000-0000-0000-0000-00000000" + lastFour;
+}
+
+DovraDiskInfo DiskNamed(const std::string& device) {
+  DovraDiskInfo disk;
+  disk.deviceName = device;
+  disk.uuid = "uuid of " + device;
+  disk.diskGroupUuid = "group uuid";
+  disk.diskGroupName = "group name";
+  disk.vendor = disk.model = "not shown";
+  disk.formatVersion = 3;
+  disk.checksum = "checksum";
+  return disk;
+}
+
+/// The row of that disk, true in the fields named.
+std::string RowOf(const std::string& device, const std::set<std::string>& yes = {}) {
+  const auto flag = [&yes](const char* field) {
+    return std::string(field) + (yes.contains(field) ? ": true, " : ": false, ");
+  };
+  const std::string row =
+      "{Device: " + device + ", Display Name: " + device + ", " + flag("Is SSD") +
+      "DOVRA UUID: uuid of " + device +
+      ", DOVRA Disk Group UUID: group uuid, DOVRA Disk Group Name: group name, " +
+      flag("Used by this host") + flag("In Tavdir") + "On-disk format version: 2.5, " +
+      flag("Deduplication") + flag("Compression") + "Checksum: checksum, " + flag("Checksum OK") +
+      flag("Is Capacity Tier") + flag("Encryption") + flag("DiskKeyLoaded") + flag("Is Mounted");
+  return row.substr(0, row.size() - 2) + "}";
+}
+
+Outcome Rows(const Strings& devices, const Strings& errors = {}) {
+  std::string rows;
+  for (const auto& device : devices) rows += (rows.empty() ? "" : ", ") + RowOf(device);
+  return {"[" + rows + "]", errors};
+}
+
+TEST(StorageList, ShowsEachMemberInItsField) {
+  const std::pair<bool DovraDiskInfo::*, std::set<std::string>> cases[] = {
+      {&DovraDiskInfo::isFlash, {"Is SSD"}},
+      {&DovraDiskInfo::usedByThisHost, {"Used by this host"}},
+      {&DovraDiskInfo::inTavdir, {"In Tavdir"}},
+      {&DovraDiskInfo::deduplication, {"Deduplication", "Compression"}},
+      {&DovraDiskInfo::checksumOk, {"Checksum OK"}},
+      {&DovraDiskInfo::isCapacityTier, {"Is Capacity Tier"}},
+      {&DovraDiskInfo::encryption, {"Encryption"}},
+      {&DovraDiskInfo::diskKeyLoaded, {"DiskKeyLoaded"}},
+      {&DovraDiskInfo::isMounted, {"Is Mounted"}},
+  };
+  for (const auto& [member, fields] : cases) {
+    RecordingLibrary library;
+    library.serviceDisks = {UuidOf("0001")};
+    library.diskInfos[UuidOf("0001")] = DiskNamed("disk");
+    library.diskInfos[UuidOf("0001")].*member = true;
+    EXPECT_EQ(Testing::Run<StorageList>(), (Outcome{"[" + RowOf("disk", fields) + "]", {}}));
+  }
+}
+
+// Two local disks, "a1" and "A"; the service knows the first of them and two more.
+const SetUp kDisks = [](RecordingLibrary& library) {
+  library.luns = {{"a1", UuidOf("0a0b")}, {"A", UuidOf("0003")}};
+  library.serviceDisks = {UuidOf("ff00"), UuidOf("0a0b"), UuidOf("0001"), UuidOf("ff00")};
+  library.diskInfos = {{UuidOf("0a0b"), DiskNamed("a1")},
+                       {UuidOf("0003"), DiskNamed("A")},
+                       {UuidOf("0001"), DiskNamed("remote")},
+                       {UuidOf("ff00"), DiskNamed("last")}};
+};
+
+/// The calls that read these disks.
+Strings Reading(const Strings& disks) {
+  Strings calls = Strings{"GetDovraDisks()"} + kOpen + Strings{"GetDiskUuids()"};
+  for (const auto& disk : disks) calls.push_back("GetDiskInfo(" + UuidOf(disk) + ", 2)");
+  return calls;
+}
+
+TEST(StorageList, MergesFiltersAndOrders) {
+  const Strings uuids = {"0001", "0003", "0a0b", "ff00"};
+  const Strings devices = {"remote", "A", "a1", "last"};
+  const std::string noName = "Unable to find device with name: ";
+  const std::string noUuid = "Unable to find device with uuid: ";
+  const struct {
+    Given given;
+    Strings uuids;
+    Outcome outcome;
+  } cases[] = {
+      {{}, uuids, Rows(devices)},
+      {{{"device", ""}, {"uuid", ""}}, uuids, Rows(devices)},
+      {{{"device", "a1"}}, {"0a0b"}, Rows({"a1"})},
+      {{{"device", "A"}, {"uuid", ""}}, {"0003"}, Rows({"A"})},
+      {{{"device", "a"}}, {}, Rows({}, {noName + "a"})},
+      {{{"device", "a1 "}}, {}, Rows({}, {noName + "a1 "})},
+      {{{"device", "remote"}}, {}, Rows({}, {noName + "remote"})},
+      {{{"uuid", UuidOf("0A0B")}}, {"0a0b"}, Rows({"a1"})},
+      {{{"uuid", UuidOf("0001")}}, {}, Rows({}, {noUuid + UuidOf("0001")})},
+  };
+  for (const auto& one : cases) {
+    Check<StorageList>(kDisks, one.given, Reading(one.uuids), one.outcome);
+  }
+  Check<StorageList>({}, {}, Reading({}), Rows({}));
+  Check<StorageList>(kDisks, {{"device", "a"}, {"uuid", "u"}}, {},
+                     Failed("Only one of --device or --uuid can be specified."));
+}
+
+TEST(StorageList, KeepsTheRowsReadBeforeAFailure) {
+  const Strings error = {"Unable to list devices: broken"};
+  CheckEachFailure<StorageList>(kDisks, {{"device", "a1"}}, Reading({"0a0b"}), Rows({}, error),
+                                Rows({"a1"}));
+  const auto thirdFails = [](RecordingLibrary& library) {
+    kDisks(library);
+    library.failures["GetDiskInfo"] = "broken";
+    library.failAfter["GetDiskInfo"] = 2;
+  };
+  Check<StorageList>(thirdFails, {}, Reading({"0001", "0003", "0a0b"}),
+                     Rows({"remote", "A"}, error));
+  RecordingLibrary library;
+  const Outcome noUuid = Testing::Run<StorageList>({{"uuid", "52"}});
+  EXPECT_EQ(noUuid.root, "[]");
+  ASSERT_EQ(noUuid.errors.size(), 1U);
+  EXPECT_TRUE(noUuid.errors[0].starts_with("Unable to list devices: \"52\" is not a UUID"));
+  EXPECT_EQ(library.calls, Strings{"GetDovraDisks()"});
+}
+
+}  // namespace

@@ -1,0 +1,248 @@
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "Run.h"
+#include "trace/TraceCommands.h"
+
+using namespace OrvaneCli::DovraNamespace;
+using namespace Testing;
+
+namespace {
+
+using Strings = std::vector<std::string>;
+
+const std::string kStatusCall = "DovraExec(/etc/init.d/dovratraced, status, false, true, false)";
+const std::string kRestartCall = "DovraExec(/etc/init.d/dovratraced, restart, false, true, false)";
+
+class TraceTest : public testing::Test {
+ protected:
+  TraceTest() {
+    folder_ = testing::TempDir() + "traceXXXXXX";
+    if (mkdtemp(folder_.data()) == nullptr) throw std::runtime_error("no temporary folder");
+    Host::traceConfiguration = folder_ + "/dovratraced.conf";
+    Host::restartPauses = 0;
+  }
+  ~TraceTest() override { std::filesystem::remove_all(folder_); }
+
+  static void Write(const std::string& text) { std::ofstream(Host::traceConfiguration) << text; }
+  static std::string Read() {
+    std::ostringstream text;
+    text << std::ifstream(Host::traceConfiguration).rdbuf();
+    return text.str();
+  }
+
+  static Outcome Get() { return Testing::Run<DovraTraceGet>(); }
+  static Outcome Set(const Given& given) { return Testing::Run<DovraTraceSet>(given); }
+
+  std::string folder_;
+  RecordingLibrary library_;
+};
+
+TEST_F(TraceTest, GetReadsEachSetting) {
+  const std::string none = "No volume selected.";
+  const struct {
+    const char* file;
+    std::string directory;
+    std::int64_t maxFiles = 8, fileSize = 45;
+    bool urgentToSyslog = true;
+  } cases[] = {
+      {"\n\n# comment\nno setting\nDOVRATRACED_OTHER=1\n", none},
+      {"DOVRATRACED_LAST_SELECTED_VOLUME=\"/vol/a b\"\nDOVRATRACED_ROTATE_MAX_FILES=16\n"
+       "DOVRATRACED_ROTATE_FILE_SIZE=90\nDOVRATRACED_LOG_URGENT_TO_SYSLOG=0\n",
+       "/vol/a b", 16, 90, false},
+      // What is set but not yet taken over is not shown.
+      {"DOVRATRACED_VOLUME=\"/new\"", none},
+      // A directory loses every quote and nothing else.
+      {"DOVRATRACED_LAST_SELECTED_VOLUME=\"/a\"b\"=c ", "/ab=c "},
+      {"DOVRATRACED_LAST_SELECTED_VOLUME=/a\r\n", "/a\r"},
+      {"DOVRATRACED_LAST_SELECTED_VOLUME=\n", ""},
+      // Blanks may stand before a key, and nothing else.
+      {"   DOVRATRACED_ROTATE_MAX_FILES=16", none, 16},
+      {"\tDOVRATRACED_ROTATE_MAX_FILES=16\n \tDOVRATRACED_ROTATE_FILE_SIZE=90\n", none},
+      {"#DOVRATRACED_ROTATE_MAX_FILES=16\n # DOVRATRACED_ROTATE_FILE_SIZE=90\n", none},
+      {"export DOVRATRACED_ROTATE_MAX_FILES=16\nDOVRATRACED_ROTATE_MAX_FILES =16\n", none},
+      {"A=1 DOVRATRACED_ROTATE_MAX_FILES=16\nDOVRATRACED_ROTATE_FILE_SIZE\n", none},
+      // The last line of a key counts. Numbers read as streams read them.
+      {"DOVRATRACED_ROTATE_MAX_FILES= \t12x\nDOVRATRACED_ROTATE_FILE_SIZE=-010\r\n", none, 12, -10},
+      {"DOVRATRACED_ROTATE_MAX_FILES=0x10\nDOVRATRACED_ROTATE_FILE_SIZE=8589934593\n", none, 0,
+       8589934593},
+      {"DOVRATRACED_ROTATE_MAX_FILES=\"16\"\nDOVRATRACED_ROTATE_FILE_SIZE=many\n", none, 0, 0},
+      {"DOVRATRACED_ROTATE_MAX_FILES=1\nDOVRATRACED_ROTATE_MAX_FILES=99999999999999999999\n", none,
+       INT64_MAX},
+      {"DOVRATRACED_ROTATE_MAX_FILES=\nDOVRATRACED_ROTATE_FILE_SIZE= \r\n"
+       "DOVRATRACED_LOG_URGENT_TO_SYSLOG=\n",
+       none},
+      {"DOVRATRACED_LOG_URGENT_TO_SYSLOG=0\nDOVRATRACED_LOG_URGENT_TO_SYSLOG=1\r\n", none},
+      {"DOVRATRACED_LOG_URGENT_TO_SYSLOG=true\n", none, 8, 45, false},
+  };
+  for (const auto& one : cases) {
+    Write(one.file);
+    const std::string record =
+        "{DOVRA Traces Directory: " + one.directory +
+        ", Number Of Files To Rotate: " + std::to_string(one.maxFiles) +
+        ", Maximum Trace File Size: " + std::to_string(one.fileSize) +
+        ", Log Urgent Traces To Syslog: " + (one.urgentToSyslog ? "true" : "false") + "}";
+    EXPECT_EQ(Get(), (Outcome{record, {}})) << one.file;
+    EXPECT_EQ(Read(), one.file);
+  }
+}
+
+TEST_F(TraceTest, GetAsksForTheDaemonFirst) {
+  const std::string unreadable = "Error opening Dovra trace config file for reading.";
+  const struct {
+    int status;
+    std::string error;
+  } cases[] = {
+      {-1, "Checking dovratraced status failed.Refer to /var/log/syslog.log for details."},
+      {3, "Dovra is not enabled on this host."},
+      {0, unreadable},
+      {1, unreadable},
+  };
+  for (const auto& one : cases) {
+    library_.calls.clear();
+    library_.execStatuses = {one.status};
+    EXPECT_EQ(Get(), (Outcome{"none", {one.error}}));
+    EXPECT_EQ(library_.calls, Strings{kStatusCall});
+  }
+  std::filesystem::create_directory(Host::traceConfiguration);  // opens, but does not read
+  EXPECT_EQ(Get(), (Outcome{"none", {unreadable}}));
+  Host::traceConfiguration += "/none";
+  library_.failures["DovraExec"] = "It broke.";
+  EXPECT_EQ(Get(), (Outcome{"none", {"It broke.Refer to /var/log/syslog.log for details."}}));
+}
+
+TEST_F(TraceTest, SetRewritesWhatItWasGiven) {
+  const std::string size = "DOVRATRACED_ROTATE_FILE_SIZE=1\n";
+  const std::string volume = "DOVRATRACED_VOLUME=\"/old\"\r\n";
+  const std::string syslog = "DOVRATRACED_LOG_URGENT_TO_SYSLOG=1\n";
+  const Strings files = {"DOVRATRACED_ROTATE_MAX_FILES=2\n", "DOVRATRACED_ROTATE_MAX_FILES=3\n"};
+  const std::string before = "# head\n" + size + "  DOVRATRACED_VOLUME=\"/indented\"\n" + volume +
+                             "\nDOVRATRACED_LAST_SELECTED_VOLUME=/used\r\n" +
+                             "#DOVRATRACED_ROTATE_MAX_FILES=1\n" + files[0] + syslog + files[1];
+  const struct {
+    Given given;
+    Strings dropped;
+    std::string appended;
+  } cases[] = {
+      {{{"path", "/a \"b\""}}, {volume}, "DOVRATRACED_VOLUME=\"/a \"b\"\"\n"},
+      {{{"numfiles", -8589934593}}, files, "DOVRATRACED_ROTATE_MAX_FILES=-8589934593\n"},
+      {{{"size", 4095}}, {size}, "DOVRATRACED_ROTATE_FILE_SIZE=4095\n"},
+      {{{"logtosyslog", false}}, {syslog}, "DOVRATRACED_LOG_URGENT_TO_SYSLOG=0\n"},
+      {{{"size", 1}, {"logtosyslog", true}, {"numfiles", 4}, {"path", ""}},
+       {size, volume, files[0], syslog, files[1]},
+       "DOVRATRACED_VOLUME=\"\"\nDOVRATRACED_ROTATE_MAX_FILES=4\n"
+       "DOVRATRACED_LOG_URGENT_TO_SYSLOG=1\nDOVRATRACED_ROTATE_FILE_SIZE=1\n"},
+  };
+  for (const auto& one : cases) {
+    Write(before.substr(0, before.size() - 1));  // the last line need not be complete
+    std::string after = before;
+    for (const std::string& line : one.dropped) {
+      after.erase(after.find("\n" + line) + 1, line.size());
+    }
+    library_.calls.clear();
+    EXPECT_EQ(Set(one.given), (Outcome{"true", {}}));
+    EXPECT_EQ(Read(), after + one.appended);
+    EXPECT_EQ(library_.calls, (Strings{kStatusCall, kRestartCall}));
+  }
+  Write(before);
+  EXPECT_EQ(Set({{"reset", true}}), (Outcome{"true", {}}));
+  EXPECT_EQ(Read(), "# head\n#DOVRATRACED_ROTATE_MAX_FILES=1\n");
+}
+
+TEST_F(TraceTest, SetRefusesBeforeItTouchesTheFile) {
+  const std::string size = "File size should be < 4096 MB.";
+  const std::string reset = "reset cannot be used with other options.";
+  const struct {
+    Given given;
+    std::string error;
+  } cases[] = {
+      {{}, "No options provided."},
+      {{{"reset", false}}, "No options provided."},
+      {{{"size", 0}}, size},
+      {{{"size", -1}}, size},
+      {{{"size", 4096}}, size},
+      {{{"size", INT64_MIN}}, size},
+      {{{"size", INT64_MAX}}, size},
+      {{{"size", 4096}, {"reset", true}}, size},
+      {{{"size", 1}, {"reset", true}}, reset},
+      {{{"path", ""}, {"reset", true}}, reset},
+      {{{"numfiles", 1}, {"reset", false}}, reset},
+      {{{"logtosyslog", false}, {"reset", false}}, reset},
+  };
+  const std::string before = "DOVRATRACED_VOLUME=\"/v\"";
+  Write(before);
+  for (const auto& one : cases) {
+    EXPECT_EQ(Set(one.given), (Outcome{"none", {one.error}}));
+  }
+  EXPECT_EQ(Read(), before);
+  EXPECT_EQ(library_.calls, Strings{});
+}
+
+TEST_F(TraceTest, SetLeavesTheDaemonAloneWhenTheFileFails) {
+  const Given given = {{"path", "/p"}};
+  const Outcome unreadable = {"none", {"Error opening Dovra Trace Config File for reading."}};
+  const Outcome unwritable = {"none", {"Error opening Dovra Trace Config File for writing."}};
+  EXPECT_EQ(Set(given), unreadable);
+  std::filesystem::create_directory(Host::traceConfiguration);
+  EXPECT_EQ(Set(given), unreadable);
+
+  Host::traceConfiguration = "/proc/version";  // can be read, but not even root can write it
+  EXPECT_EQ(Set(given), unwritable);
+
+  // A disk that is full after four bytes.
+  Host::traceConfiguration = folder_ + "/small";
+  Write("");
+  rlimit before{};
+  ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
+  const rlimit tight = {4, before.rlim_max};
+  const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+  ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &tight), 0);
+  const Outcome outcome = Set(given);
+  setrlimit(RLIMIT_FSIZE, &before);
+  std::signal(SIGXFSZ, handler);
+  EXPECT_EQ(outcome, unwritable);
+  EXPECT_EQ(library_.calls, Strings{});
+}
+
+TEST_F(TraceTest, SetRestartsTheDaemonWithPatience) {
+  const auto failed = [](int status) {
+    return "Failed to restart dovratraced: " + std::to_string(status) + "; ";
+  };
+  std::string eightTimes;
+  for (int attempt = 0; attempt < 7; ++attempt) eightTimes += failed(1);
+  eightTimes += failed(-1);
+  const std::string refer = " Refer /var/log/syslog.log for details.";
+  const struct {
+    std::vector<int> statuses;  // of "status", then of each "restart"
+    Outcome outcome;
+    std::size_t restarts;
+    int pauses;
+  } cases[] = {
+      {{0, 0}, {"true", {}}, 1, 0},
+      {{1, 0}, {"true", {}}, 1, 0},
+      {{3}, {"true", {}}, 0, 0},
+      {{-1}, {"none", {"Failed to check dovratraced status." + refer}}, 0, 0},
+      {{0, 1, 3, 0}, {"true", {}}, 3, 2},
+      {{0, 1, 1, 1, 1, 1, 1, 1, 0}, {"true", {}}, 8, 7},
+      {{0, 1, 1, 1, 1, 1, 1, 1, -1, 0}, {"none", {eightTimes + refer}}, 8, 7},
+  };
+  for (const auto& one : cases) {
+    Write("");
+    Host::restartPauses = 0;
+    library_.calls.clear();
+    library_.execStatuses = one.statuses;
+    EXPECT_EQ(Set({{"numfiles", 1}}), one.outcome);
+    Strings calls(1 + one.restarts, kRestartCall);
+    calls.front() = kStatusCall;
+    EXPECT_EQ(library_.calls, calls);
+    EXPECT_EQ(Host::restartPauses, one.pauses);
+    EXPECT_EQ(Read(), "DOVRATRACED_ROTATE_MAX_FILES=1\n") << "the new settings stay";
+  }
+}
+
+}  // namespace
