@@ -33,16 +33,28 @@ std::vector<fs::path> FindPlugins(const fs::path& folder) {
 
 }  // namespace
 
-void LoadPlugins(const fs::path& folder,
-                 const std::shared_ptr<CliTools::AutoCli::Namespace>& root) {
-  for (const fs::path& plugin : FindPlugins(folder)) {
-    void* const handle = dlopen(plugin.c_str(), RTLD_LAZY | RTLD_LOCAL);
-    void* const entry = handle == nullptr ? nullptr : dlsym(handle, "AutoCli_RegisterNamespaces");
-    if (entry == nullptr) {
-      throw LabError("the plug-in \"" + plugin.string() + "\" cannot be loaded: " + dlerror());
-    }
-    reinterpret_cast<decltype(&AutoCli_RegisterNamespaces)>(entry)(root);
+Plugins::Plugins(fs::path folder, std::shared_ptr<CliTools::AutoCli::Namespace> root)
+    : folder_(std::move(folder)), root_(std::move(root)) {}
+
+void Plugins::LoadCalled(const std::string& name) {
+  if (name.find('/') != std::string::npos) return;
+  const fs::path plugin = folder_ / ("lib" + name + ".so");
+  std::error_code ignored;
+  if (fs::exists(plugin, ignored)) Load(plugin);
+}
+
+void Plugins::LoadAll() {
+  for (const fs::path& plugin : FindPlugins(folder_)) Load(plugin);
+}
+
+void Plugins::Load(const fs::path& plugin) {
+  if (!loaded_.insert(plugin).second) return;
+  void* const handle = dlopen(plugin.c_str(), RTLD_LAZY | RTLD_LOCAL);
+  void* const entry = handle == nullptr ? nullptr : dlsym(handle, "AutoCli_RegisterNamespaces");
+  if (entry == nullptr) {
+    throw LabError("the plug-in \"" + plugin.string() + "\" cannot be loaded: " + dlerror());
   }
+  reinterpret_cast<decltype(&AutoCli_RegisterNamespaces)>(entry)(root_);
 }
 
 }  // namespace AutoCliProgram

@@ -2,15 +2,34 @@
 
 #include <filesystem>
 #include <memory>
+#include <set>
+#include <string>
 
 #include "platform/clitools/AutoCli.h"
 
 namespace AutoCliProgram {
 
-/// Loads every plug-in in `folder`, in the order of their names, and lets each add its commands to
-/// `root`. They stay loaded for as long as the process lives. Throws `LabError` when there is none
-/// or one cannot be loaded.
-void LoadPlugins(const std::filesystem::path& folder,
-                 const std::shared_ptr<CliTools::AutoCli::Namespace>& root);
+/// The plug-ins of a folder. Each may add to any namespace, but one called `lib<name>.so` is where
+/// the namespace `<name>` begins, so that a command is mostly found by loading one of them. What is
+/// loaded stays so for as long as the process lives.
+class Plugins {
+ public:
+  Plugins(std::filesystem::path folder, std::shared_ptr<CliTools::AutoCli::Namespace> root);
+
+  /// Loads the plug-in that `name` is called after, if there is one. Throws `LabError` when it
+  /// cannot be loaded.
+  void LoadCalled(const std::string& name);
+
+  /// Loads every other one, in the order of their names. Throws `LabError` when there is none at
+  /// all or one cannot be loaded.
+  void LoadAll();
+
+ private:
+  void Load(const std::filesystem::path& plugin);
+
+  std::filesystem::path folder_;
+  std::shared_ptr<CliTools::AutoCli::Namespace> root_;
+  std::set<std::filesystem::path> loaded_;
+};
 
 }  // namespace AutoCliProgram

@@ -26,7 +26,7 @@ using Parameters = std::vector<std::shared_ptr<ParameterSpec>>;
 using GivenValues = std::vector<std::vector<std::string>>;
 
 /// The program's own options, which stand before the path of the command.
-constexpr std::array<std::string_view, 4> kGlobalOptions = {"lab", "host", "formatter",
+constexpr std::array<std::string_view, 5> kGlobalOptions = {"lab", "host", "formatter", "fields",
                                                             "plugin-dir"};
 
 /// What getopt_long returns for the first parameter's long name: above every short name.
@@ -171,9 +171,11 @@ class OptionReader {
 
 [[noreturn]] void RefuseValue(const ParameterSpec& parameter, const std::string& text,
                               const std::string& suggestion = {}) {
-  throw UsageError("Invalid value " + Quote(text) + " for " + OptionName(parameter) +
-                   ": expected " + ValueInWords(parameter) +
-                   (suggestion.empty() ? "" : "; " + suggestion));
+  const std::string expected = "expected " + ValueInWords(parameter);
+  // The suggestion stands first: the list may be long.
+  throw UsageError(
+      "Invalid value " + Quote(text) + " for " + OptionName(parameter) +
+      (suggestion.empty() ? ": " + expected : "; " + suggestion + " (" + expected + ")"));
 }
 
 void CheckText(const ParameterSpec& parameter, const std::string& text) {

@@ -4,7 +4,9 @@
 #include <stdexcept>
 
 #include "clitools/Formatters.h"
+#include "clitools/Suggest.h"
 #include "clitools/Text.h"
+#include "clitools/UsageError.h"
 
 namespace CliTools {
 
@@ -12,7 +14,7 @@ namespace {
 
 struct Formatter {
   std::string_view name;
-  std::string (*format)(const MetaObject&, const Pairs&);
+  std::string (*format)(const MetaObject&, const Pairs&, const Style&);
   bool showsRecordsOnly;
 };
 
@@ -73,13 +75,15 @@ bool CanShow(std::string_view formatter, const MetaObject& rootTemplate) {
   return known != std::end(kFormatters) && CanShow(*known, rootTemplate);
 }
 
-std::string Format(const MetaObject& root, std::string_view formatter, const Pairs& parameters) {
-  if (formatter.empty()) return FormatBare(root, parameters);
+std::string Format(const MetaObject& root, std::string_view formatter, const Pairs& parameters,
+                   const Style& style) {
+  if (formatter.empty()) return FormatBare(root, parameters, style);
   const auto known = std::ranges::find(kFormatters, formatter, &Formatter::name);
   if (known == std::end(kFormatters)) {
     throw std::invalid_argument("no formatter " + Quote(formatter));
   }
-  return CanShow(*known, root) ? known->format(root, parameters) : FormatSimple(root, parameters);
+  if (!CanShow(*known, root)) return FormatSimple(root, parameters, style);
+  return known->format(root, parameters, style);
 }
 
 std::vector<std::string> ShownFields(const MetaStruct& record, const Pairs& parameters) {
@@ -94,6 +98,28 @@ std::vector<std::string> ShownFields(const MetaStruct& record, const Pairs& para
     for (const auto& [name, value] : record.GetFields()) names.push_back(name);
   }
   return names;
+}
+
+Pairs SelectFields(const MetaObject* rootTemplate, Pairs parameters,
+                   const std::vector<std::string>& fields) {
+  const bool holdsRecords = rootTemplate != nullptr && HoldsRecords(*rootTemplate);
+  const MetaStruct* const pattern = holdsRecords ? PatternOf(*rootTemplate) : nullptr;
+  if (pattern == nullptr) throw UsageError("--fields: this command's result has no fields");
+  const std::vector<std::string> known = ShownFields(*pattern, parameters);
+  for (auto field = fields.begin(); field != fields.end(); ++field) {
+    if (std::find(fields.begin(), field, *field) != field) {
+      throw UsageError("--fields: " + Quote(*field) + " is named twice");
+    }
+    if (std::ranges::find(known, *field) != known.end()) continue;
+    const std::string suggestion = DidYouMean(Nearest(*field, known));
+    throw UsageError("--fields: there is no field " + Quote(*field) +
+                     (suggestion.empty() ? "" : "; " + suggestion) +
+                     " (known here: " + Join(known, ", ") + ")");
+  }
+  const std::string key = "fields:" + pattern->GetName();
+  std::erase_if(parameters, [&key](const auto& pair) { return pair.first == key; });
+  parameters.emplace_back(key, Join(fields, ","));
+  return parameters;
 }
 
 bool HoldsRecords(const MetaObject& value) {

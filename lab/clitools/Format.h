@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "clitools/Text.h"
 #include "platform/clitools/AutoCli.h"
 
 namespace CliTools {
@@ -26,13 +27,22 @@ bool CanShow(std::string_view formatter, const MetaObj::MetaObject& rootTemplate
 /// one of `FormatterNames()`.
 ///
 /// Every formatter but the bare value yields valid UTF-8, whatever bytes the texts hold. "simple"
-/// and "table" show control characters escaped; the other formats keep the value.
+/// and "table" show control characters escaped; the other formats keep the value. Only these two
+/// heed the style: captions stand out, and a table that is too wide for the page is wrapped within
+/// its columns, or, where that would break words, shown as "simple" does.
 std::string Format(const MetaObj::MetaObject& root, std::string_view formatter,
-                   const AutoCli::CommandSpec::Pairs& parameters);
+                   const AutoCli::CommandSpec::Pairs& parameters, const Style& style = {});
 
 /// The fields of a record that formatters show, in display order: those of "fields:" + its name,
 /// else all.
 std::vector<std::string> ShownFields(const MetaObj::MetaStruct& record,
                                      const AutoCli::CommandSpec::Pairs& parameters);
+
+/// `parameters`, so that of the records in a result of this shape only `fields` are shown, in their
+/// order. Throws `UsageError` for a field that is not among the shown ones or is named twice, and
+/// when the result, which may be null, holds no records.
+AutoCli::CommandSpec::Pairs SelectFields(const MetaObj::MetaObject* rootTemplate,
+                                         AutoCli::CommandSpec::Pairs parameters,
+                                         const std::vector<std::string>& fields);
 
 }  // namespace CliTools

@@ -20,7 +20,7 @@ std::string Cell(std::string_view text) {
 
 }  // namespace
 
-std::string FormatCsv(const MetaObject& root, const Pairs& parameters) {
+std::string FormatCsv(const MetaObject& root, const Pairs& parameters, const Style&) {
   const RecordSet set = RecordsOf(root, parameters);
   std::string text;
   const auto appendCell = [&](const Column& column, std::string_view value) {

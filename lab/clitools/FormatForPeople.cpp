@@ -1,5 +1,6 @@
 // The formatters for people: the bare value, simple, table.
 #include <algorithm>
+#include <numeric>
 
 #include "clitools/Formatters.h"
 #include "clitools/Text.h"
@@ -28,9 +29,9 @@ std::string CaptionOf(const MetaStruct& record, const std::string& caption) {
   return caption;
 }
 
-std::string Lines(const MetaStruct& record, const RecordSet& set) {
+std::string Lines(const MetaStruct& record, const RecordSet& set, const Style& style) {
   std::string lines;
-  if (!set.caption.empty()) lines += CaptionOf(record, set.caption) + '\n';
+  if (!set.caption.empty()) lines += Caption(CaptionOf(record, set.caption), style) + '\n';
   for (const Column& column : set.columns) {
     const auto value = record.GetField(column.name);
     if (value) lines += "   " + column.name + ": " + ShownWithUnit(value.get(), column) + '\n';
@@ -39,9 +40,58 @@ std::string Lines(const MetaStruct& record, const RecordSet& set) {
 }
 
 using Row = std::vector<std::string>;
+using Widths = std::vector<std::size_t>;
 
-std::string TableLine(const Row& cells, const std::vector<std::size_t>& widths,
-                      const std::vector<Column>& columns) {
+/// The columns' widths if no cell is wrapped.
+Widths NaturalWidths(const std::vector<Row>& rows) {
+  Widths widths(rows.front().size());
+  for (const Row& row : rows) {
+    for (std::size_t index = 0; index < row.size(); ++index) {
+      widths[index] = std::max(widths[index], DisplayWidth(row[index]));
+    }
+  }
+  return widths;
+}
+
+/// The columns' least widths: none breaks a word.
+Widths LeastWidths(const std::vector<Row>& rows) {
+  Widths widths(rows.front().size());
+  for (const Row& row : rows) {
+    for (std::size_t index = 0; index < row.size(); ++index) {
+      std::string_view cell = row[index];
+      while (!cell.empty()) {
+        const std::string_view word = cell.substr(0, cell.find(' '));
+        widths[index] = std::max(widths[index], DisplayWidth(word));
+        cell.remove_prefix(std::min(cell.size(), word.size() + 1));
+      }
+    }
+  }
+  return widths;
+}
+
+std::size_t LineWidth(const Widths& widths) {
+  return std::accumulate(widths.begin(), widths.end(), kColumnGap.size() * (widths.size() - 1));
+}
+
+/// The columns' widths, the widest columns narrowed as far as the page demands. Empty if even words
+/// would have to be broken.
+Widths FitWidths(const std::vector<Row>& rows, std::size_t page) {
+  Widths widths = NaturalWidths(rows);
+  if (page == 0 || LineWidth(widths) <= page) return widths;
+  const Widths least = LeastWidths(rows);
+  if (LineWidth(least) > page) return {};
+  for (std::size_t excess = LineWidth(widths) - page; excess > 0; --excess) {
+    std::size_t widest = widths.size();
+    for (std::size_t index = 0; index < widths.size(); ++index) {
+      if (widths[index] == least[index]) continue;
+      if (widest == widths.size() || widths[index] > widths[widest]) widest = index;
+    }
+    --widths[widest];
+  }
+  return widths;
+}
+
+std::string TableLine(const Row& cells, const Widths& widths, const std::vector<Column>& columns) {
   std::string line;
   for (std::size_t index = 0; index < cells.size(); ++index) {
     const std::size_t padding = widths[index] - DisplayWidth(cells[index]);
@@ -51,25 +101,45 @@ std::string TableLine(const Row& cells, const std::vector<std::size_t>& widths,
     if (!columns[index].isNumber) line.append(padding, ' ');
   }
   line.resize(line.find_last_not_of(' ') + 1);
-  return line + '\n';
+  return line;
+}
+
+/// The lines that a row takes, each with its part of every cell.
+std::vector<Row> WrapCells(const Row& row, const Widths& widths) {
+  std::vector<Row> lines(1, Row(row.size()));
+  for (std::size_t index = 0; index < row.size(); ++index) {
+    if (DisplayWidth(row[index]) <= widths[index]) {
+      lines.front()[index] = row[index];
+      continue;
+    }
+    const std::string wrapped = Wrap(row[index], 0, widths[index]);
+    std::size_t begin = 0;
+    for (std::size_t line = 0; begin < wrapped.size(); ++line) {
+      const std::size_t end = wrapped.find('\n', begin);
+      if (line == lines.size()) lines.emplace_back(row.size());
+      lines[line][index] = wrapped.substr(begin, end - begin);
+      begin = end + 1;
+    }
+  }
+  return lines;
 }
 
 }  // namespace
 
-std::string FormatBare(const MetaObject& root, const Pairs& parameters) {
-  if (HoldsRecords(root)) return FormatSimple(root, parameters);
+std::string FormatBare(const MetaObject& root, const Pairs& parameters, const Style& style) {
+  if (HoldsRecords(root)) return FormatSimple(root, parameters, style);
   const std::string text = PlainText(&root, "\n");
   const bool isEmptyList = root.GetType() == MetaType::kList && ElementsOf(root).empty();
   return isEmptyList ? text : text + '\n';
 }
 
-std::string FormatSimple(const MetaObject& root, const Pairs& parameters) {
+std::string FormatSimple(const MetaObject& root, const Pairs& parameters, const Style& style) {
   std::string text;
   if (HoldsRecords(root)) {
     const RecordSet set = RecordsOf(root, parameters);
     for (const MetaStruct* record : set.records) {
       if (!text.empty()) text += '\n';
-      text += Lines(*record, set);
+      text += Lines(*record, set, style);
     }
     return text;
   }
@@ -78,10 +148,10 @@ std::string FormatSimple(const MetaObject& root, const Pairs& parameters) {
   return text;
 }
 
-std::string FormatTable(const MetaObject& root, const Pairs& parameters) {
+std::string FormatTable(const MetaObject& root, const Pairs& parameters, const Style& style) {
   const RecordSet set = RecordsOf(root, parameters);
   if (set.columns.empty()) return {};
-  std::vector<Row> rows(2);  // the header, and the dashes when the widths are known
+  std::vector<Row> rows(1);
   for (const Column& column : set.columns) rows[0].push_back(column.name);
   for (const MetaStruct* record : set.records) {
     Row& row = rows.emplace_back();
@@ -89,15 +159,20 @@ std::string FormatTable(const MetaObject& root, const Pairs& parameters) {
       row.push_back(ShownWithUnit(record->GetField(column.name).get(), column));
     }
   }
-  std::vector<std::size_t> widths(set.columns.size());
+  const Widths widths = FitWidths(rows, style.width);
+  if (widths.empty()) return FormatSimple(root, parameters, style);
+  std::string text;
+  for (const Row& line : WrapCells(rows.front(), widths)) {
+    text += Caption(TableLine(line, widths, set.columns), style) + '\n';
+  }
+  Row dashes;
+  for (const std::size_t width : widths) dashes.emplace_back(width, '-');
+  rows.front() = std::move(dashes);
   for (const Row& row : rows) {
-    for (std::size_t index = 0; index < row.size(); ++index) {
-      widths[index] = std::max(widths[index], DisplayWidth(row[index]));
+    for (const Row& line : WrapCells(row, widths)) {
+      text += TableLine(line, widths, set.columns) + '\n';
     }
   }
-  for (const std::size_t width : widths) rows[1].emplace_back(width, '-');
-  std::string text;
-  for (const Row& row : rows) text += TableLine(row, widths, set.columns);
   return text;
 }
 

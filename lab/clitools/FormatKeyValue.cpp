@@ -60,7 +60,7 @@ void Append(std::string& text, const std::string& path, const MetaObject& value,
 
 }  // namespace
 
-std::string FormatKeyValue(const MetaObject& root, const Pairs& parameters) {
+std::string FormatKeyValue(const MetaObject& root, const Pairs& parameters, const Style&) {
   std::string text;
   Append(text, HoldsRecords(root) ? RecordsOf(root, parameters).name : "result", root, parameters);
   return text;

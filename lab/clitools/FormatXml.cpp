@@ -85,7 +85,7 @@ void Append(std::string& text, const MetaObject& value, const Pairs& parameters)
 
 }  // namespace
 
-std::string FormatXml(const MetaObject& root, const Pairs& parameters) {
+std::string FormatXml(const MetaObject& root, const Pairs& parameters, const Style&) {
   std::string text = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<output>";
   Append(text, root, parameters);
   return text + "</output>\n";

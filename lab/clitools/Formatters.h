@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "clitools/Format.h"
+#include "clitools/Text.h"
 
 namespace CliTools {
 
@@ -44,14 +45,14 @@ const std::vector<std::shared_ptr<MetaObject>>& ElementsOf(const MetaObject& lis
 /// Empty for null. Bytes stay as they are.
 std::string PlainText(const MetaObject* value, std::string_view separator);
 
-std::string FormatBare(const MetaObject& root, const Pairs& parameters);
-std::string FormatSimple(const MetaObject& root, const Pairs& parameters);
+std::string FormatBare(const MetaObject& root, const Pairs& parameters, const Style& style);
+std::string FormatSimple(const MetaObject& root, const Pairs& parameters, const Style& style);
 /// `root` must hold records.
-std::string FormatTable(const MetaObject& root, const Pairs& parameters);
-std::string FormatJson(const MetaObject& root, const Pairs& parameters);
+std::string FormatTable(const MetaObject& root, const Pairs& parameters, const Style& style);
+std::string FormatJson(const MetaObject& root, const Pairs& parameters, const Style& style);
 /// `root` must hold records.
-std::string FormatCsv(const MetaObject& root, const Pairs& parameters);
-std::string FormatXml(const MetaObject& root, const Pairs& parameters);
-std::string FormatKeyValue(const MetaObject& root, const Pairs& parameters);
+std::string FormatCsv(const MetaObject& root, const Pairs& parameters, const Style& style);
+std::string FormatXml(const MetaObject& root, const Pairs& parameters, const Style& style);
+std::string FormatKeyValue(const MetaObject& root, const Pairs& parameters, const Style& style);
 
 }  // namespace CliTools

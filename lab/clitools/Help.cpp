@@ -14,7 +14,6 @@ using AutoCli::NamespaceNode;
 using CallSpec::ParameterSpec;
 using CallSpec::ParameterType;
 using MetaObj::MetaList;
-using MetaObj::MetaObject;
 using MetaObj::MetaStruct;
 using MetaObj::MetaType;
 
@@ -24,33 +23,51 @@ constexpr std::size_t kIndent = 2;
 constexpr std::size_t kUsageIndent = 7;  // below what follows "Usage: "
 constexpr std::size_t kDescriptionIndent = 8;
 
-std::string UsageLine(const NamespaceNode& node, std::vector<std::string> items,
-                      std::size_t width) {
+using Rows = std::vector<std::pair<std::string, std::string>>;
+
+std::string CommandLineOf(const NamespaceNode& node) {
   const std::string path = PathOf(node);
-  items.insert(items.begin(), path.empty() ? "autocli" : "autocli " + path);
-  return WrapItems(items, kUsageIndent, width).replace(0, kUsageIndent, "Usage: ");
+  return path.empty() ? "autocli" : "autocli " + path;
+}
+
+std::string UsageLine(const NamespaceNode& node, std::vector<std::string> items,
+                      const Style& style) {
+  items.insert(items.begin(), CommandLineOf(node));
+  return WrapItems(items, kUsageIndent, style.width)
+      .replace(0, kUsageIndent, Caption("Usage:", style) + ' ');
 }
 
 std::string Paragraph(const std::string& text, std::size_t width) {
   return text.empty() ? "" : '\n' + Wrap(text, 0, width);
 }
 
-/// One kind of a namespace's children under a heading: names, and descriptions in a column of
-/// their own. Empty if there is none.
-std::string ChildrenHelp(const CommandSpec& node, bool commands, const char* heading,
-                         std::size_t column, std::size_t width) {
-  std::string text;
-  for (const auto& child : node.GetChildren()) {
-    if ((dynamic_cast<const Command*>(child.get()) != nullptr) != commands) continue;
-    std::string name = std::string(kIndent, ' ') + child->GetName();
-    if (child->GetDescription().empty()) {
-      text += name + '\n';
+/// Where the second column begins.
+std::size_t ColumnBehind(const Rows& rows) {
+  std::size_t longest = 0;
+  for (const auto& [name, description] : rows) longest = std::max(longest, name.size());
+  return kIndent + longest + kIndent;
+}
+
+std::string Columns(const std::string& heading, const Rows& rows, std::size_t column,
+                    const Style& style) {
+  if (rows.empty()) return {};
+  std::string text = '\n' + Caption(heading + ':', style) + '\n';
+  for (const auto& [name, description] : rows) {
+    std::string first = std::string(kIndent, ' ') + name;
+    if (description.empty()) {
+      text += first + '\n';
       continue;
     }
-    name.resize(column, ' ');
-    text += Wrap(child->GetDescription(), column, width).replace(0, column, name);
+    first.resize(column, ' ');
+    text += Wrap(description, column, style.width).replace(0, column, first);
   }
-  return text.empty() ? text : '\n' + std::string(heading) + ":\n" + text;
+  return text;
+}
+
+bool HasNamespaces(const CommandSpec& node) {
+  return std::ranges::any_of(node.GetChildren(), [](const auto& child) {
+    return dynamic_cast<const Command*>(child.get()) == nullptr;
+  });
 }
 
 const char* Placeholder(ParameterType type) {
@@ -74,53 +91,23 @@ std::string UsageItem(const ParameterSpec& parameter) {
   return isList ? item + ' ' + repeated : item;
 }
 
-/// The description with "%ENUM%" replaced by what the constraint allows.
-std::string Expand(const ParameterSpec& parameter) {
-  constexpr std::string_view kPlaceholder = "%ENUM%";
-  std::string text = parameter.GetDescription();
-  const std::size_t place = text.find(kPlaceholder);
-  if (!parameter.GetConstraint() || place == std::string::npos) return text;
-  return text.replace(place, kPlaceholder.size(), AllowedValues(*parameter.GetConstraint()));
-}
-
 std::string ParameterHelp(const ParameterSpec& parameter, std::size_t width) {
-  const std::string letter =
-      parameter.GetShortName().empty() ? "" : '-' + parameter.GetShortName() + ", ";
+  const bool hasLetter = !parameter.GetShortName().empty();
   std::vector<std::string> attributes = {parameter.IsRequired() ? "required" : "optional"};
   attributes.push_back(parameter.GetType() == ParameterType::kFlag ? "takes no value"
                                                                    : ValueInWords(parameter));
   if (parameter.GetType() == ParameterType::kStringList) attributes.push_back("may be repeated");
-  const std::string heading = letter + "--" + parameter.GetName() +
-                              Placeholder(parameter.GetType()) + " (" + Join(attributes, "; ") +
-                              ")";
-  return Wrap(heading, kIndent, width) + Wrap(Expand(parameter), kDescriptionIndent, width);
+  const std::string letter = hasLetter ? "  -" + parameter.GetShortName() + ", " : "      ";
+  const std::string name = "--" + parameter.GetName() + Placeholder(parameter.GetType());
+  return Wrap(name + " (" + Join(attributes, "; ") + ")", letter.size(), width)
+             .replace(0, letter.size(), letter) +
+         Wrap(DescriptionOf(parameter), kDescriptionIndent, width);
 }
 
-std::string FieldsHelp(const MetaStruct& record, const CommandSpec& command, std::size_t width) {
-  const auto fields = ShownFields(record, command.GetDefaultOutputParameters());
-  return Wrap(Join(fields, ", "), kIndent, width);
-}
-
-std::string OutputHelp(const MetaObject* root, const CommandSpec& command, std::size_t width) {
-  if (root == nullptr) return "nothing\n";
-  switch (root->GetType()) {
-    case MetaType::kBool:
-      return "true on success\n";
-    case MetaType::kInt:
-      return "a whole number\n";
-    case MetaType::kString:
-      return "a text\n";
-    case MetaType::kStruct:
-      return "one record with the fields\n" +
-             FieldsHelp(static_cast<const MetaStruct&>(*root), command, width);
-    case MetaType::kList:
-      break;
-  }
-  const auto& list = static_cast<const MetaList&>(*root);
-  if (list.GetElementType() != MetaType::kStruct) return "a list of texts\n";
-  if (!list.GetElementTemplate()) return "a list of records\n";
-  return "a list of records with the fields\n" +
-         FieldsHelp(*list.GetElementTemplate(), command, width);
+std::string OutputHelp(Command& command, std::size_t width) {
+  const Result result = ResultOf(command);
+  if (result.fields.empty()) return result.words + '\n';
+  return result.words + '\n' + Wrap(Join(result.fields, ", "), kIndent, width);
 }
 
 }  // namespace
@@ -133,31 +120,83 @@ std::string PathOf(const NamespaceNode& node) {
   return path;
 }
 
-std::string NamespaceHelp(const CommandSpec& node, std::size_t width) {
-  std::size_t longestName = 0;
-  for (const auto& child : node.GetChildren()) {
-    longestName = std::max(longestName, child->GetName().size());
-  }
-  const std::size_t column = kIndent + longestName + kIndent;
-  const std::string namespaces = ChildrenHelp(node, false, "Namespaces", column, width);
-  std::vector<std::string> usage = {"COMMAND", "[OPTIONS]"};
-  if (!namespaces.empty()) usage.insert(usage.begin(), "[NAMESPACE...]");
-  return UsageLine(node, usage, width) + Paragraph(node.GetDescription(), width) + namespaces +
-         ChildrenHelp(node, true, "Commands", column, width);
+std::string DescriptionOf(const ParameterSpec& parameter) {
+  constexpr std::string_view kPlaceholder = "%ENUM%";
+  std::string text = parameter.GetDescription();
+  const std::size_t place = text.find(kPlaceholder);
+  if (!parameter.GetConstraint() || place == std::string::npos) return text;
+  return text.replace(place, kPlaceholder.size(), AllowedValues(*parameter.GetConstraint()));
 }
 
-std::string CommandHelp(Command& command, std::size_t width) {
+std::vector<std::string> UsageItems(Command& command) {
+  std::vector<std::string> items;
   const auto input = command.GetInputSpec();
-  std::vector<std::string> usage;
-  std::string parameters;
   for (const auto& parameter : input->GetParameters()) {
-    usage.push_back(UsageItem(*parameter));
-    parameters += ParameterHelp(*parameter, width);
+    items.push_back(UsageItem(*parameter));
   }
-  if (!parameters.empty()) parameters = "\nParameters:\n" + parameters;
-  return UsageLine(command, usage, width) + Paragraph(command.GetDescription(), width) +
-         parameters +
-         "\nOutput: " + OutputHelp(command.GetOutputSpec()->GetRootObject().get(), command, width);
+  return items;
+}
+
+Result ResultOf(Command& command) {
+  const auto root = command.GetOutputSpec()->GetRootObject();
+  if (!root) return {"nothing", {}};
+  const auto fields = [&command](const MetaStruct& record) {
+    return ShownFields(record, command.GetDefaultOutputParameters());
+  };
+  switch (root->GetType()) {
+    case MetaType::kBool:
+      return {"true on success", {}};
+    case MetaType::kInt:
+      return {"a whole number", {}};
+    case MetaType::kString:
+      return {"a text", {}};
+    case MetaType::kStruct:
+      return {"one record with the fields", fields(static_cast<const MetaStruct&>(*root))};
+    case MetaType::kList:
+      break;
+  }
+  const auto& list = static_cast<const MetaList&>(*root);
+  if (list.GetElementType() != MetaType::kStruct) return {"a list of texts", {}};
+  if (!list.GetElementTemplate()) return {"a list of records", {}};
+  return {"a list of records with the fields", fields(*list.GetElementTemplate())};
+}
+
+std::string ColumnsHelp(const std::string& heading, const Rows& rows, const Style& style) {
+  return Columns(heading, rows, ColumnBehind(rows), style);
+}
+
+std::string ChildrenHelp(const CommandSpec& node, const Style& style) {
+  Rows all;
+  Rows namespaces;
+  Rows commands;
+  for (const auto& child : node.GetChildren()) {
+    all.emplace_back(child->GetName(), child->GetDescription());
+    const bool isCommand = dynamic_cast<const Command*>(child.get()) != nullptr;
+    (isCommand ? commands : namespaces).push_back(all.back());
+  }
+  const std::size_t column = ColumnBehind(all);
+  return Columns("Namespaces", namespaces, column, style) +
+         Columns("Commands", commands, column, style) +
+         Paragraph("To read on: " + CommandLineOf(node) + " NAME --help", style.width);
+}
+
+std::string NamespaceHelp(const CommandSpec& node, const Style& style) {
+  std::vector<std::string> usage = {"COMMAND", "[OPTIONS]"};
+  if (HasNamespaces(node)) usage.insert(usage.begin(), "[NAMESPACE...]");
+  return UsageLine(node, usage, style) + Paragraph(node.GetDescription(), style.width) +
+         ChildrenHelp(node, style);
+}
+
+std::string CommandHelp(Command& command, const Style& style) {
+  std::string parameters;
+  const auto input = command.GetInputSpec();
+  for (const auto& parameter : input->GetParameters()) {
+    parameters += ParameterHelp(*parameter, style.width);
+  }
+  if (!parameters.empty()) parameters = '\n' + Caption("Parameters:", style) + '\n' + parameters;
+  return UsageLine(command, UsageItems(command), style) +
+         Paragraph(command.GetDescription(), style.width) + parameters + '\n' +
+         Caption("Output:", style) + ' ' + OutputHelp(command, style.width);
 }
 
 }  // namespace CliTools

@@ -2,9 +2,11 @@
 // cannot differ from what runs.
 #pragma once
 
-#include <cstddef>
 #include <string>
+#include <utility>
+#include <vector>
 
+#include "clitools/Text.h"
 #include "platform/clitools/AutoCli.h"
 
 namespace CliTools {
@@ -12,10 +14,31 @@ namespace CliTools {
 /// The names from below the root down to the node, joined by blanks; empty for the root.
 std::string PathOf(const AutoCli::NamespaceNode& node);
 
-/// Help for a namespace: how to go on, its description, its children in registration order.
-std::string NamespaceHelp(const AutoCli::CommandSpec& node, std::size_t width = 80);
+/// A parameter's description with "%ENUM%" replaced by what the constraint allows.
+std::string DescriptionOf(const CallSpec::ParameterSpec& parameter);
+
+/// A command's parameters as its usage shows them: "--uuid TEXT", "[--wait]".
+std::vector<std::string> UsageItems(AutoCli::Command& command);
+
+/// What a command prints, in words, and the fields of its record or records if it has any.
+struct Result {
+  std::string words;
+  std::vector<std::string> fields;
+};
+Result ResultOf(AutoCli::Command& command);
+
+/// Names and what they are, in two columns below a heading. Empty if there is no name.
+std::string ColumnsHelp(const std::string& heading,
+                        const std::vector<std::pair<std::string, std::string>>& rows,
+                        const Style& style);
+
+/// A namespace's children in registration order, and how to read on.
+std::string ChildrenHelp(const AutoCli::CommandSpec& node, const Style& style);
+
+/// Help for a namespace: usage, description, children. The style of help needs a width.
+std::string NamespaceHelp(const AutoCli::CommandSpec& node, const Style& style = {80});
 
 /// Help for a command: usage, description, parameters, what it prints.
-std::string CommandHelp(AutoCli::Command& command, std::size_t width = 80);
+std::string CommandHelp(AutoCli::Command& command, const Style& style = {80});
 
 }  // namespace CliTools

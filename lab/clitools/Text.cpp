@@ -113,6 +113,10 @@ std::size_t DisplayWidth(std::string_view text) {
   return width;
 }
 
+std::string Caption(const std::string& text, const Style& style) {
+  return style.bold && !text.empty() ? "\x1b[1m" + text + "\x1b[0m" : text;
+}
+
 std::string Join(const std::vector<std::string>& texts, std::string_view separator) {
   std::string joined;
   for (const std::string& text : texts) {

@@ -50,6 +50,15 @@ std::string Quote(std::string_view text);
 /// The columns that valid UTF-8 without control characters takes on a terminal.
 std::size_t DisplayWidth(std::string_view text);
 
+/// How a text for people is laid out on what shows it.
+struct Style {
+  std::size_t width = 0;  ///< columns of the page; 0: as many as it takes
+  bool bold = false;      ///< whether captions can be made to stand out
+};
+
+/// The text of a caption.
+std::string Caption(const std::string& text, const Style& style);
+
 std::string Join(const std::vector<std::string>& texts, std::string_view separator);
 
 /// Lines of at most `width` columns, each begun by `indent` blanks and ended by a newline. An item

@@ -61,7 +61,7 @@ Uuid DovraUtil::StringToDovraUuid(const std::string& text) {
     const int value = HexValue(text[place]);
     if (value < 0) throw refuse();
     auto& byte = uuid.bytes[digits++ / 2];
-    byte = static_cast<std::uint8_t>(byte << 4U | static_cast<unsigned>(value));
+    byte = static_cast<std::uint8_t>(unsigned{byte} << 4U | static_cast<unsigned>(value));
   }
   return uuid;
 }
@@ -98,6 +98,7 @@ std::string DovraUtil::DovraPolicyClassToString(DovraPolicyClass policyClass) {
 
 std::vector<DovraPolicyClass> DovraUtil::GetDovraPolicyClasses() {
   std::vector<DovraPolicyClass> classes;
+  classes.reserve(kPolicyClasses.size());
   for (const auto& [policyClass, name] : kPolicyClasses) classes.push_back(policyClass);
   return classes;
 }

@@ -1,8 +1,8 @@
 #include "corectl/LabHost.h"
 
-#include <unistd.h>
-
 #include <algorithm>
+#include <cerrno>
+#include <fstream>
 #include <memory>
 #include <optional>
 #include <system_error>
@@ -13,14 +13,42 @@ namespace fs = std::filesystem;
 
 namespace {
 
-Selection& Selected() {
-  static Selection selection;
-  return selection;
+/// A selection and what has been opened for it.
+struct Session {
+  Selection selection;
+  std::optional<Store> store;
+  std::optional<LabHost> host;  // after store, to which it refers
+};
+
+Session& CurrentSession() {
+  static Session session;
+  return session;
+}
+
+const Selection& Selected() {
+  return CurrentSession().selection;
+}
+
+/// The file in a host's root that tells whose root it is: another host may have had its name.
+constexpr const char* kOwnerFile = "etc/orvane/host-uuid";
+
+std::string ReadOwner(const fs::path& root) {
+  std::string uuid;
+  std::ifstream(root / kOwnerFile) >> uuid;
+  return uuid;
+}
+
+void WriteOwner(const fs::path& root, const std::string& uuid) {
+  std::ofstream file(root / kOwnerFile);
+  file << uuid << '\n';
+  file.close();
+  if (file) return;
+  throw fs::filesystem_error("cannot write", root / kOwnerFile, {errno, std::generic_category()});
 }
 
 /// Copies under another name first: a file with its own name is complete.
 void CopyFile(const fs::path& from, const fs::path& to) {
-  const fs::path draft = to.string() + ".new-" + std::to_string(getpid());
+  const fs::path draft = to.string() + ".new";
   fs::copy_file(from, draft, fs::copy_options::overwrite_existing);
   fs::rename(draft, to);
 }
@@ -34,22 +62,43 @@ std::string UnknownHostMessage(Store& store, const std::string& name) {
          (names.empty() ? "it has none" : "its hosts are: " + names);
 }
 
+namespace {
+
+HostRow ReadHost(Store& store, const std::string& name) {
+  auto host = store.FindHost(name);
+  if (!host) throw LabError(UnknownHostMessage(store, name));
+  return *host;
+}
+
+}  // namespace
+
 void Select(Selection selection) {
-  Selected() = std::move(selection);
+  Session& session = CurrentSession();
+  session.host.reset();
+  session.store.reset();
+  session.selection = std::move(selection);
+}
+
+bool IsMade() {
+  std::error_code ignored;
+  return fs::exists(Selected().folder / "lab.db", ignored);
 }
 
 Store& OpenStore() {
-  static Store store(Selected().folder);
-  return store;
+  Session& session = CurrentSession();
+  if (!session.store) session.store.emplace(session.selection.folder);
+  return *session.store;
 }
 
 void Refuse(const std::string& reason) {
   throw HostCtl::Lib::Dovra::DovraCtlException(reason);
 }
 
-fs::path PrepareRoot(const std::string& host) {
-  const fs::path root = Selected().folder / "hosts" / host;
+fs::path PrepareRoot(const HostRow& host) {
+  fs::path root = Selected().folder / "hosts" / host.name;
   try {
+    const bool isOwn = ReadOwner(root) == host.uuid;
+    if (!isOwn) fs::remove_all(root);
     for (const auto& entry : fs::recursive_directory_iterator(Selected().hostFiles)) {
       const fs::path target = root / fs::relative(entry.path(), Selected().hostFiles);
       if (entry.is_directory()) {
@@ -58,20 +107,34 @@ fs::path PrepareRoot(const std::string& host) {
         CopyFile(entry.path(), target);
       }
     }
+    if (!isOwn) WriteOwner(root, host.uuid);
   } catch (const fs::filesystem_error& error) {
-    throw LabError("the root folder of host \"" + host + "\" cannot be made: " + error.what());
+    throw LabError("the root folder of host \"" + host.name + "\" cannot be made: " + error.what());
   }
   return root;
 }
 
+fs::path PrepareRoot(const std::string& host) {
+  Store& store = OpenStore();
+  const Store::Transaction transaction(store, Store::Transaction::Kind::kWrite);
+  return PrepareRoot(ReadHost(store, host));
+}
+
+void DeleteStrayRoots(Store& store) {
+  std::error_code ignored;
+  for (const auto& entry : fs::directory_iterator(store.GetFolder() / "hosts", ignored)) {
+    const auto host = store.FindHost(entry.path().filename().string());
+    if (!host || ReadOwner(entry.path()) != host->uuid) fs::remove_all(entry.path(), ignored);
+  }
+}
+
 LabHost& LabHost::Current() {
-  static LabHost current = [] {
+  Session& session = CurrentSession();
+  if (!session.host) {
     Store& store = OpenStore();
-    const auto host = store.FindHost(Selected().host);
-    if (!host) throw LabError(UnknownHostMessage(store, Selected().host));
-    return LabHost(store, *host);
-  }();
-  return current;
+    session.host.emplace(store, ReadHost(store, session.selection.host));
+  }
+  return *session.host;
 }
 
 LabHost::LabHost(Store& store, const HostRow& host)
@@ -89,9 +152,7 @@ void LabHost::FailIfTold(const char* operation) {
 }
 
 HostRow LabHost::ReadRow() {
-  auto host = store_.FindHost(name_);
-  if (!host) throw LabError(UnknownHostMessage(store_, name_));
-  return *host;
+  return ReadHost(store_, name_);
 }
 
 }  // namespace Lab

@@ -1,4 +1,4 @@
-// The stand-in host on which this process works.
+// The stand-in host on which this process works at a time.
 #pragma once
 
 #include <filesystem>
@@ -11,15 +11,20 @@
 
 namespace Lab {
 
-/// Which lab and which of its hosts the process works on.
+/// Which lab and which of its hosts the process works on, from one selection to the next.
 struct Selection {
   std::filesystem::path folder;
   std::string host;
   std::filesystem::path hostFiles;  ///< what a new host's root folder is filled with
 };
 
-/// Says so. Nothing is opened or made until something is asked of the lab.
+/// Says so. Nothing is opened or made until something is asked of the lab. What was opened for an
+/// earlier selection is closed, and references to it end; so whatever happened to that lab since,
+/// every selection sees it as a new process would.
 void Select(Selection selection);
+
+/// Whether the selected lab is there already.
+bool IsMade();
 
 /// The selected lab's store, opened on first use. Throws `LabError`.
 Store& OpenStore();
@@ -30,13 +35,21 @@ Store& OpenStore();
 /// What is said of a host that the lab does not have.
 std::string UnknownHostMessage(Store& store, const std::string& name);
 
-/// The folder that is "/" to the host, filled with the host's files as far as they are missing.
-/// Throws `LabError`.
+/// The folder that is "/" to the host, filled with the host's files as far as they are missing, and
+/// without those of another host that had its name. Throws `LabError`. Works within the caller's
+/// transaction, which must be one that writes: then nobody else fills or deletes the folder.
+std::filesystem::path PrepareRoot(const HostRow& host);
+/// The same for the host of this name, in a transaction of its own.
 std::filesystem::path PrepareRoot(const std::string& host);
+
+/// Deletes the folders of hosts that are gone. Works within the caller's transaction, which must be
+/// one that writes. What cannot be deleted stays; nobody takes it over.
+void DeleteStrayRoots(Store& store);
 
 class LabHost {
  public:
-  /// The selected host. Throws `LabError` when the lab cannot be used or has no such host.
+  /// The selected host, until the next selection. Throws `LabError` when the lab cannot be used or
+  /// has no such host.
   static LabHost& Current();
 
   explicit LabHost(Store& store, const HostRow& host);
@@ -80,7 +93,7 @@ class LabHost {
   Store& store_;
   std::string name_;
   std::int64_t id_;
-  std::vector<std::string> faultyOperations_;  // as of the start; mostly none
+  std::vector<std::string> faultyOperations_;  // as of the selection; mostly none
 };
 
 }  // namespace Lab

@@ -1,8 +1,5 @@
 // `lab host` and `lab reset`.
 
-#include <algorithm>
-#include <filesystem>
-
 #include "corectl/Clusters.h"
 #include "corectl/LabHost.h"
 #include "plugin/LabCommands.h"
@@ -45,13 +42,6 @@ void ChangeLab(Work&& work) {
   transaction.Commit();
 }
 
-/// A folder that no host has any more. What cannot be deleted is no reason to fail: the host is
-/// gone, and a new one of its name finds the files as it would have made them.
-void DeleteRoot(const std::string& host) {
-  std::error_code ignored;
-  std::filesystem::remove_all(OpenStore().GetFolder() / "hosts" / host, ignored);
-}
-
 }  // namespace
 
 HostAdd::HostAdd() {
@@ -69,8 +59,7 @@ void HostAdd::ExecuteInternal(const InputPtr& input, const OutputPtr& output) {
     RequireHostName(name);
     ChangeLab([&](Store& store) {
       if (store.FindHost(name)) Refuse("There is a host \"" + name + "\" already.");
-      store.AddHost(name);
-      PrepareRoot(name);
+      PrepareRoot(store.AddHost(name));
     });
   });
 }
@@ -88,7 +77,7 @@ void HostRemove::ExecuteInternal(const InputPtr& input, const OutputPtr& output)
   SucceedOrNothing(output, "Unable to remove host: ", [&] {
     const std::string name = input->GetParameter("name");
     ChangeLab([&](Store& store) { RemoveHost(store, RequireHost(store, name)); });
-    DeleteRoot(name);
+    ChangeLab(DeleteStrayRoots);  // only now: until then it could still have been undone
   });
 }
 
@@ -147,12 +136,8 @@ Reset::Reset() {
 
 void Reset::ExecuteInternal(const InputPtr&, const OutputPtr& output) {
   SucceedOrNothing(output, "Unable to reset the lab: ", [] {
-    std::vector<HostRow> hosts;
-    ChangeLab([&](Store& store) {
-      hosts = store.ListHosts();
-      store.Reset();
-    });
-    for (const HostRow& host : hosts) DeleteRoot(host.name);
+    ChangeLab([](Store& store) { store.Reset(); });
+    ChangeLab(DeleteStrayRoots);
   });
 }
 

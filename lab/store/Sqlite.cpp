@@ -2,12 +2,35 @@
 
 #include <sqlite3.h>
 
+#include <chrono>
+#include <system_error>
+#include <thread>
+
 namespace Lab {
 
 namespace {
 
+// Whoever waits for others looks again after a pause that never grows: with growing pauses the
+// store lies idle while all sleep, and those who came last overtake those who have waited longest.
+constexpr std::chrono::milliseconds kPause(1);
 // Long enough for any queue of commands; whoever waits longer has met a process that hangs.
-constexpr int kBusyTimeoutMilliseconds = 60000;
+constexpr int kMostPauses = 60000;
+
+int WaitForOthers(void*, int pauses) {
+  if (pauses >= kMostPauses) return 0;
+  std::this_thread::sleep_for(kPause);
+  return 1;
+}
+
+/// What went wrong, and where the system refused to open, read or write, why it did.
+std::string Reason(sqlite3* handle) {
+  const std::string reason = sqlite3_errmsg(handle);
+  const int code = sqlite3_errcode(handle) & 0xFF;
+  if (code != SQLITE_IOERR && code != SQLITE_CANTOPEN) return reason;
+  int error = sqlite3_system_errno(handle);
+  if (error == 0) sqlite3_file_control(handle, "main", SQLITE_FCNTL_LAST_ERRNO, &error);
+  return error == 0 ? reason : reason + " (" + std::generic_category().message(error) + ")";
+}
 
 [[noreturn]] void Fail(sqlite3* handle) {
   const char* const file = sqlite3_db_filename(handle, "main");
@@ -22,7 +45,7 @@ constexpr int kBusyTimeoutMilliseconds = 60000;
     case SQLITE_FULL:
       throw LabError("no space is left to write the lab's store \"" + store + "\"");
     default:
-      throw LabError("the lab's store \"" + store + "\" cannot be used: " + sqlite3_errmsg(handle));
+      throw LabError("the lab's store \"" + store + "\" cannot be used: " + Reason(handle));
   }
 }
 
@@ -72,11 +95,11 @@ std::string Query::Text(int column) const {
 Database::Database(const std::string& path, bool create) {
   const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | (create ? SQLITE_OPEN_CREATE : 0);
   if (sqlite3_open_v2(path.c_str(), &handle_, flags, nullptr) != SQLITE_OK) {
-    const std::string reason = sqlite3_errmsg(handle_);
+    const std::string reason = Reason(handle_);
     sqlite3_close(handle_);
     throw LabError("the lab's store \"" + path + "\" cannot be opened: " + reason);
   }
-  sqlite3_busy_timeout(handle_, kBusyTimeoutMilliseconds);
+  sqlite3_busy_handler(handle_, WaitForOthers, nullptr);
 }
 
 Database::~Database() {

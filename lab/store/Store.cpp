@@ -47,6 +47,11 @@ void CheckIsLab(Database& database, const fs::path& file) {
   if (database.IsReadOnly()) {
     throw LabError("the lab's store \"" + file.string() + "\" cannot be written");
   }
+  // SQLite takes a page that is cut off for one that ends in zeros.
+  const std::int64_t pageSize = ReadPragma(database, "PRAGMA page_size");
+  if (fs::file_size(file) % static_cast<std::uintmax_t>(pageSize) != 0) {
+    throw LabError("the lab's store \"" + file.string() + "\" is damaged: its end is missing");
+  }
 }
 
 }  // namespace
@@ -54,31 +59,39 @@ void CheckIsLab(Database& database, const fs::path& file) {
 Store::Store(const fs::path& folder) : folder_(folder) {
   MakeFolder(folder_);
   const fs::path file = folder_ / "lab.db";
-  if (!fs::exists(file)) {
-    // Made complete under another name and then given its own, so that nobody ever sees half a
-    // store. If another process was faster, its store is as good.
-    const fs::path draft = file.string() + ".new-" + std::to_string(getpid());
-    std::error_code ignored;
-    fs::remove(draft, ignored);
-    {
-      database_.emplace(draft.string(), true);
-      database_->Execute("PRAGMA foreign_keys = ON");
-      Transaction transaction(*this, Transaction::Kind::kWrite);
-      database_->Execute(kSchema);
-      AddHost("host1");
-      transaction.Commit();
-    }
-    database_.reset();
-    if (link(draft.c_str(), file.c_str()) != 0 && errno != EEXIST) {
-      const std::string reason = std::generic_category().message(errno);
-      fs::remove(draft, ignored);
-      throw LabError("the lab's store \"" + file.string() + "\" cannot be made: " + reason);
-    }
-    fs::remove(draft, ignored);
-  }
+  if (!fs::exists(file)) Make(file);
   database_.emplace(file.string(), false);
-  CheckIsLab(*database_, file);
+  {
+    Transaction atRest(*this, Transaction::Kind::kRead);
+    CheckIsLab(*database_, file);
+  }
   database_->Execute("PRAGMA foreign_keys = ON");
+}
+
+void Store::Make(const fs::path& file) {
+  // Made complete under another name and then given its own, so that nobody ever sees half a store.
+  // Each step is taken by whoever holds the draft, if nobody else has taken it yet: it does not
+  // matter how many processes make the store, or at which point one of them dies.
+  const fs::path draft = file.string() + ".new";
+  database_.emplace(draft.string(), true);
+  while (true) {
+    Transaction transaction(*this, Transaction::Kind::kWrite);
+    std::error_code error;
+    if (fs::exists(file)) {
+      fs::remove(draft, error);  // if there is one, it was begun after the store had been made
+      break;
+    }
+    if (ReadPragma(*database_, "PRAGMA application_id") == kApplicationId) {
+      fs::rename(draft, file, error);
+      if (!error) break;
+      throw LabError("the lab's store \"" + file.string() +
+                     "\" cannot be made: " + error.message());
+    }
+    database_->Execute(kSchema);
+    AddHost("host1");
+    transaction.Commit();
+  }
+  database_.reset();
 }
 
 void Store::Reset() {

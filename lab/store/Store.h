@@ -170,7 +170,9 @@ class Store {
   std::vector<DiskRow> ListDisks(std::int64_t host);
   std::optional<DiskRow> FindDisk(std::int64_t host, std::string_view device);
   std::optional<DiskRow> FindDiskByUuid(std::string_view uuid);
-  /// The claimed disks of all hosts that run in the cluster.
+  /// The claimed disks of the host and of all hosts that run in the cluster.
+  std::vector<DiskRow> ListKnownDisks(std::int64_t host, std::string_view cluster);
+  /// The UUIDs of the claimed disks of all hosts that run in the cluster.
   std::vector<std::string> ListClusterDiskUuids(std::string_view cluster);
   void AddDisk(const DiskRow& disk);
   /// Writes all but the host and the device.
@@ -204,6 +206,8 @@ class Store {
   };
 
  private:
+  void Make(const std::filesystem::path& file);
+
   std::filesystem::path folder_;
   std::optional<Database> database_;
 };

@@ -6,6 +6,9 @@ namespace {
 
 // A disk without a UUID has none in common with another: it is stored as NULL.
 constexpr const char* kListDisks = "SELECT * FROM disks WHERE host = ? ORDER BY id";
+constexpr const char* kListKnownDisks =
+    "SELECT * FROM disks WHERE uuid IS NOT NULL AND (host = ? OR host IN"
+    " (SELECT host FROM members WHERE cluster = ? AND running))";
 constexpr const char* kFindDisk = "SELECT * FROM disks WHERE host = ? AND device = ?";
 constexpr const char* kFindDiskByUuid = "SELECT * FROM disks WHERE uuid = ?";
 
@@ -29,6 +32,12 @@ DiskRow ReadDisk(const Query& query) {
   return disk;
 }
 
+std::vector<DiskRow> ReadAll(Query query) {
+  std::vector<DiskRow> rows;
+  while (query.Step()) rows.push_back(ReadDisk(query));
+  return rows;
+}
+
 std::optional<DiskRow> ReadOne(Query query) {
   if (!query.Step()) return std::nullopt;
   return ReadDisk(query);
@@ -37,10 +46,7 @@ std::optional<DiskRow> ReadOne(Query query) {
 }  // namespace
 
 std::vector<DiskRow> Store::ListDisks(std::int64_t host) {
-  Query query = database_->Prepare(kListDisks, host);
-  std::vector<DiskRow> rows;
-  while (query.Step()) rows.push_back(ReadDisk(query));
-  return rows;
+  return ReadAll(database_->Prepare(kListDisks, host));
 }
 
 std::optional<DiskRow> Store::FindDisk(std::int64_t host, std::string_view device) {
@@ -49,6 +55,10 @@ std::optional<DiskRow> Store::FindDisk(std::int64_t host, std::string_view devic
 
 std::optional<DiskRow> Store::FindDiskByUuid(std::string_view uuid) {
   return ReadOne(database_->Prepare(kFindDiskByUuid, uuid));
+}
+
+std::vector<DiskRow> Store::ListKnownDisks(std::int64_t host, std::string_view cluster) {
+  return ReadAll(database_->Prepare(kListKnownDisks, host, cluster));
 }
 
 std::vector<std::string> Store::ListClusterDiskUuids(std::string_view cluster) {

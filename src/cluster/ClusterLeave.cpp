@@ -17,7 +17,7 @@ std::string ReadDatastoreNames(const ControlLibrary& library) {
   std::string names;
   names.reserve(datastores.size() * 16);
   for (const auto& datastore : datastores) {
-    if (datastore != datastores.front()) names += ',';
+    if (&datastore != &datastores.front()) names += ',';
     names += datastore->GetName();
   }
   return names;

@@ -25,7 +25,7 @@ constexpr Field kFields[] = {
 /// Whether an agent is a witness is shown as the number that the library keeps.
 StructPtr MakeRow(const UnicastAgentEntry& entry) {
   using Entry = UnicastAgentEntry;
-  const StructPtr row = ClusterUnicastAgentList::GetOutputStructure();
+  StructPtr row = ClusterUnicastAgentList::GetOutputStructure();
   row->SetField("NodeUuid", entry.GetText(Entry::kNodeUuid));
   row->SetField("IsWitness", MetaInt::New(entry.GetNumber(Entry::kIsWitness)));
   row->SetField("Supports Unicast", MetaBool::New(entry.GetNumber(Entry::kSupportsUnicast) != 0));

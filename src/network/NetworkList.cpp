@@ -30,7 +30,7 @@ constexpr Field kFields[] = {
 StructPtr MakeRow(const DovraKnicConfig2& knic) {
   std::vector<std::string> trafficTypes;
   knic.GetTrafficTypes(trafficTypes);
-  const StructPtr row = NetworkList::GetOutputStructure();
+  StructPtr row = NetworkList::GetOutputStructure();
   row->SetField("KNic Name", knic.GetKnicName());
   row->SetField("IP Protocol", "IP");  // of either family
   row->SetField("Interface UUID", knic.GetIfaceUuid());

@@ -54,7 +54,7 @@ std::vector<std::string> FindLocalDisks(const DovraInfo::DiskLuns& luns, const s
 }
 
 StructPtr MakeRow(const DovraDiskInfo& disk) {
-  const StructPtr row = StorageList::GetOutputStructure();
+  StructPtr row = StorageList::GetOutputStructure();
   row->SetField("Device", disk.deviceName);
   row->SetField("Display Name", disk.deviceName);  // a disk has no other name
   row->SetField("Is SSD", MetaBool::New(disk.isFlash));
@@ -130,9 +130,9 @@ void StorageList::ExecuteInternal(const InputPtr& input, const OutputPtr& output
       texts.reserve(texts.size() + serviceDisks.size());
       for (const Uuid& disk : serviceDisks) texts.push_back(DovraUtil::DovraUuidToString(disk));
     }
-    std::ranges::sort(texts);  // the service knows local disks too: each is listed once
-    const auto repeated = std::ranges::unique(texts);
-    texts.erase(repeated.begin(), repeated.end());
+    std::sort(texts.begin(),
+              texts.end());  // the service knows local disks too: each is listed once
+    texts.erase(std::unique(texts.begin(), texts.end()), texts.end());
 
     list->Reserve(texts.size());
     for (const std::string& text : texts) {

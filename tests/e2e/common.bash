@@ -8,6 +8,12 @@ setup() {
 
 autocli() { "$AUTOCLI" "$@"; }
 
+# platform: the folder of the libraries that stand in for a host's.
+platform() { (cd "$(dirname "$AUTOCLI")/../lib/autocli/platform" && pwd); }
+
+# released_only: skips a test of what ships, which is never what was built with sanitizers.
+released_only() { ! readelf -d "$PLUGIN" | grep -q libasan || skip "built with sanitizers"; }
+
 # matches TEXT WANTED: whether they are equal, or TEXT begins as WANTED does up to a "*" at its end.
 matches() {
     if [[ $2 == *'*' ]]; then [[ $1 == "${2%'*'}"* ]]; else [[ $1 == "$2" ]]; fi

@@ -1,29 +1,49 @@
 # The file that ships to a host.
 load common
 
-@test "it exports its entry point and nothing else" {
-    [[ $(nm -D --defined-only --format=just-symbols "$PLUGIN") == AutoCli_RegisterNamespaces ]]
+check() { run --separate-stderr "$BATS_TEST_DIRNAME/../../script/check-plugin" "$@"; }
+
+@test "it is fit for a host, and the lab's copy is not" {
+    released_only
+    check "$PLUGIN"
+    [[ $status == 0 ]]
+    check "$PLUGIN" "$(platform)"
+    [[ $status == 0 && $output == *"all defined in $(platform)"*"is fit for a host" ]]
+    check "$(platform)/../plugins/libdovra.so"
+    [[ $status == 1 && $stderr == *"brings a search path of its own: \$ORIGIN/../platform"* ]]
 }
 
-@test "it needs the platform's libraries and the language's, and no more" {
-    needed=$(readelf -d "$PLUGIN" | sed -n 's/.*(NEEDED).*\[\(.*\)\]/\1/p' | grep -vE '^(libstdc\+\+\.so\.6|libgcc_s\.so\.1|libc\.so\.6|libm\.so\.6|libasan.*|libubsan.*)$' | sort | paste -sd' ')
-    [[ $needed == 'libbaselibs.so libclitools.so libcorectl.so libcorectlcore.so libdovracorectl.so' ]]
-    ! readelf -d "$PLUGIN" | grep -qE 'RPATH|RUNPATH'
-}
-
-@test "what it leaves open, those libraries define" {
-    libraries=$(dirname "$AUTOCLI")/../lib
-    run env LD_LIBRARY_PATH="$libraries" ldd -r "$PLUGIN"
-    [[ $output != *'undefined symbol'* && $output != *'not found'* ]]
-    # Its own part of what is open comes from the platform, not from what that happens to link.
-    nm -D --undefined-only --format=just-symbols "$PLUGIN" | grep -E 'CliTools|HostCtl|CoreCtl|^UUID_|^Str_' | sort >"$BATS_TEST_TMPDIR/open"
-    nm -D --defined-only --format=just-symbols "$libraries"/lib*.so | sort -u >"$BATS_TEST_TMPDIR/defined"
-    [[ -s $BATS_TEST_TMPDIR/open ]]
-    [[ -z $(comm -23 "$BATS_TEST_TMPDIR/open" "$BATS_TEST_TMPDIR/defined") ]]
+@test "a file that is not fit for a host is refused, with the reason" {
+    cd "$BATS_TEST_TMPDIR"
+    # link SOURCE FLAGS...: a plug-in of this source, with all that a host promises.
+    link() { c++ -shared -fPIC -o plugin.so -Wl,--no-as-needed "${@:2}" -x c++ - -L"$(platform)" -lclitools -lcorectlcore -lcorectl -ldovracorectl -lbaselibs <<<"$1"; }
+    refused() { # REASON SOURCE FLAGS...
+        link "${@:2}"
+        check plugin.so "$(platform)"
+        [[ $status == 1 && -z $output ]] && matches "$stderr" "plugin.so: $1" || { echo "$stderr"; false; }
+    }
+    entry='extern "C" void AutoCli_RegisterNamespaces'
+    link "$entry() {}"
+    check plugin.so "$(platform)"
+    [[ $status == 0 ]]
+    c++ -shared -fPIC -o libother.so -x c++ - <<<''
+    refused 'exports extra()' "$entry() {} void extra() {}"
+    refused 'does not export its entry point AutoCli_RegisterNamespaces' ''
+    refused 'needs a library that a host does not promise: libother.so' "$entry() {}" -L. -lother
+    refused 'is not linked with libbaselibs.so'$'\n'* "$entry() {}" -Wl,--as-needed
+    refused 'brings a search path of its own: /opt' "$entry() {}" -Wl,-rpath,/opt
+    refused 'leaves open what no platform library defines: missing()' "void missing(); $entry() { missing(); }"
+    refused 'leaves open what no platform library defines: CliTools::Gone()' "namespace CliTools { void Gone(); } $entry() { CliTools::Gone(); }"
+    check plugin.so # a name of the platform's: only its libraries tell
+    [[ $status == 0 ]]
+    check plugin.so .
+    [[ $status == 1 && $stderr == *'needs libclitools.so, which is not in .'* ]]
+    check "$BATS_TEST_FILENAME"
+    [[ $status == 1 && $stderr == *'is not a shared library' ]]
 }
 
 @test "it knows the host's real paths, and the lab's copy does not" {
-    lab_copy=$(dirname "$AUTOCLI")/../lib/autocli/plugins/libdovra.so
+    lab_copy=$(platform)/../plugins/libdovra.so
     for path in /usr/lib/orvane/hostmgrd/bin/notifyDatastore.py /etc/orvane/dovra/dovratraced.conf /etc/init.d/dovratraced; do
         grep -qF -- "$path" "$PLUGIN"
         ! strings -a "$lab_copy" | grep -qxF -- "$path"

@@ -53,28 +53,45 @@ void LabInfo::GetDiskUuids(std::vector<Uuid>& disks) {
   });
 }
 
-void LabInfo::GetDiskInfo(const Uuid& uuid, const DiskLuns&, DovraDiskInfo& info) {
-  host_.Read("GetDiskInfo", [&](Store& store, const HostRow& host) {
-    const std::string text = DovraUtil::DovraUuidToString(uuid);
-    const auto disk = store.FindDiskByUuid(text);
-    if (!disk) Refuse("There is no disk with UUID " + text + ".");
-    const bool isOwn = disk->host == host.id;
-    info.deviceName = isOwn ? disk->device : "Unknown";  // other hosts' devices are their own
-    info.isFlash = disk->flash;
-    info.uuid = disk->uuid;
-    info.diskGroupUuid = disk->group;
-    info.diskGroupName = isOwn ? disk->groupName : "Unknown";
-    info.usedByThisHost = isOwn;
-    info.inTavdir = disk->mounted && (!isOwn || FindRunningMember(store, host));
-    info.formatVersion = static_cast<std::int32_t>(disk->formatVersion);
-    info.deduplication = disk->deduplication;
-    info.checksum = disk->checksum;
-    info.checksumOk = disk->checksumOk;
-    info.isCapacityTier = !disk->IsCache();
-    info.encryption = disk->encryption;
-    info.diskKeyLoaded = disk->keyLoaded;
-    info.isMounted = disk->mounted;
+// A listing asks for disks one by one, thousands of them. They are read together, on the first
+// question, and so all rows of the listing show the same moment.
+const LabInfo::DiskView& LabInfo::GetDiskView() {
+  if (diskView_) return *diskView_;
+  diskView_ = host_.Read("", [](Store& store, const HostRow& host) {
+    const auto member = FindRunningMember(store, host);
+    DiskView view{host.id, member.has_value(), {}};
+    for (DiskRow& disk : store.ListKnownDisks(host.id, member ? member->cluster : "")) {
+      view.disks.emplace(DovraUtil::StringToDovraUuid(disk.uuid), std::move(disk));
+    }
+    return view;
   });
+  return *diskView_;
+}
+
+void LabInfo::GetDiskInfo(const Uuid& uuid, const DiskLuns&, DovraDiskInfo& info) {
+  host_.FailIfTold("GetDiskInfo");
+  const DiskView& view = GetDiskView();
+  const auto known = view.disks.find(uuid);
+  if (known == view.disks.end()) {
+    Refuse("There is no disk with UUID " + DovraUtil::DovraUuidToString(uuid) + ".");
+  }
+  const DiskRow& disk = known->second;
+  const bool isOwn = disk.host == view.host;
+  info.deviceName = isOwn ? disk.device : "Unknown";  // other hosts' devices are their own
+  info.isFlash = disk.flash;
+  info.uuid = disk.uuid;
+  info.diskGroupUuid = disk.group;
+  info.diskGroupName = isOwn ? disk.groupName : "Unknown";
+  info.usedByThisHost = isOwn;
+  info.inTavdir = disk.mounted && view.hostRuns;
+  info.formatVersion = static_cast<std::int32_t>(disk.formatVersion);
+  info.deduplication = disk.deduplication;
+  info.checksum = disk.checksum;
+  info.checksumOk = disk.checksumOk;
+  info.isCapacityTier = !disk.IsCache();
+  info.encryption = disk.encryption;
+  info.diskKeyLoaded = disk.keyLoaded;
+  info.isMounted = disk.mounted;
 }
 
 void LabInfo::AddDisks(const std::string& ssd, const std::vector<std::string>& disks) {

@@ -5,6 +5,7 @@
 
 #include "clitools/Format.h"
 #include "clitools/Text.h"
+#include "clitools/UsageError.h"
 
 namespace {
 
@@ -147,6 +148,60 @@ TEST(Format, SaysBeforehandWhatItCanShow) {
   EXPECT_FALSE(CanShow("csv", *MetaBool::New()));
   EXPECT_FALSE(CanShow("Json", *MakeDisk()));
   EXPECT_THROW(Format(*MakeDisk(), "Json", {}), std::invalid_argument);
+}
+
+TEST(Format, FitsTablesToThePage) {
+  const auto disks = MakeDisks({MakeDisk("one two three", 5, {"a", "b"}), MakeDisk("漢字 x", 6)});
+  const auto table = [&](std::size_t width) {
+    return Format(*disks, "table", {{"fields:Disk", "Name,Size,Tags"}}, {width, false});
+  };
+  EXPECT_EQ(table(25), table(0));
+  EXPECT_EQ(table(24),
+            "Name          Size  Tags\n"
+            "------------  ----  ----\n"
+            "one two          5  a, b\n"
+            "three\n"
+            "漢字 x           6\n");
+  EXPECT_EQ(table(17),
+            "Name   Size  Tags\n"
+            "-----  ----  ----\n"
+            "one       5  a, b\n"
+            "two\n"
+            "three\n"
+            "漢字      6\n"
+            "x\n");
+  EXPECT_EQ(table(16), Format(*disks, "simple", {{"fields:Disk", "Name,Size,Tags"}}));
+}
+
+TEST(Format, LetsCaptionsStandOut) {
+  const auto disk = MakeDisk("a", 1);
+  EXPECT_EQ(
+      Format(*disk, "simple", {{"header:Disk", "%Name%"}, {"fields:Disk", "Size"}}, {0, true}),
+      "\x1b[1ma\x1b[0m\n   Size: 1\n");
+  EXPECT_EQ(Format(*disk, "table", {{"fields:Disk", "Size"}}, {0, true}),
+            "\x1b[1mSize\x1b[0m\n----\n   1\n");
+  EXPECT_EQ(Format(*disk, "csv", {{"fields:Disk", "Size"}}, {3, true}), "Size\n1\n");
+}
+
+/// The table of these fields of a disk; or what was refused.
+std::string Select(const MetaObject* layout, const Names& fields) try {
+  return Format(*MakeDisk("a", 1), "csv", SelectFields(layout, kParameters, fields));
+} catch (const UsageError& error) {
+  return error.what();
+}
+
+TEST(Format, SelectsFields) {
+  const std::string known = " (known here: Name, Size, Tags, Is SSD)";
+  const std::string none = "--fields: this command's result has no fields";
+  EXPECT_EQ(Select(MakeDisk().get(), {"Is SSD", "Name"}), "Is SSD,Name\nfalse,a\n");
+  EXPECT_EQ(Select(MakeDisks({}).get(), {"Tags"}), "Tags\n\n");
+  EXPECT_EQ(Select(MakeDisk().get(), {"Size", "name"}),
+            "--fields: there is no field \"name\"; did you mean \"Name\"?" + known);
+  EXPECT_EQ(Select(MakeDisk().get(), {"Hidden"}), "--fields: there is no field \"Hidden\"" + known);
+  EXPECT_EQ(Select(MakeDisk().get(), {"Size", "Size"}), "--fields: \"Size\" is named twice");
+  EXPECT_EQ(Select(MetaBool::New().get(), {"Size"}), none);
+  EXPECT_EQ(Select(MetaList::New(MetaType::kString).get(), {"Size"}), none);
+  EXPECT_EQ(Select(nullptr, {"Size"}), none);
 }
 
 /// Rows of cells, as RFC 4180 reads them.

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "Tree.h"
 #include "clitools/Help.h"
 
 namespace {
@@ -9,50 +10,9 @@ using namespace CliTools::AutoCli;
 using namespace CliTools::CallSpec;
 using namespace CliTools::MetaObj;
 
-/// A command of the given parameters and result.
-class FakeCommand final : public Command {
- public:
-  std::shared_ptr<InputSpec> input = InputSpec::New();
-  std::shared_ptr<MetaObject> result = MetaBool::New();
-
-  ParameterSpec& Add(const char* name, const char* letter, ParameterType type, const char* text) {
-    input->AddParameter(ParameterSpec::New(name, type));
-    ParameterSpec& parameter = *input->GetParameters().back();
-    parameter.SetShortName(letter);
-    parameter.SetDescription(text);
-    return parameter;
-  }
-
- private:
-  std::shared_ptr<InputSpec> GetInputSpecInternal() override { return input; }
-  std::shared_ptr<OutputSpec> GetOutputSpecInternal() override {
-    auto spec = OutputSpec::New();
-    spec->SetRootObject(result);
-    return spec;
-  }
-  void ExecuteInternal(const std::shared_ptr<Input>&, const std::shared_ptr<Output>&) override {}
-};
-
-/// root: disk: { remove, tag, list }
-struct Tree {
-  std::shared_ptr<Namespace> root = Namespace::New();
-  std::shared_ptr<Namespace> disk = Namespace::New();
-  std::shared_ptr<FakeCommand> remove = std::make_shared<FakeCommand>();
-  std::shared_ptr<FakeCommand> list = std::make_shared<FakeCommand>();
-
-  Tree() {
-    disk->SetDescription("Commands for disks");
-    remove->SetDescription("Remove disks, and wait until their data is elsewhere.");
-    root->RegisterNamespaceNode(disk, "disk");
-    disk->RegisterNamespaceNode(remove, "remove");
-    disk->RegisterNamespaceNode(Namespace::New(), "tag");
-    disk->RegisterNamespaceNode(list, "list");
-  }
-};
-
 TEST(Help, ListsANamespacesChildren) {
   const Tree tree;
-  EXPECT_EQ(NamespaceHelp(*tree.disk, 40),
+  EXPECT_EQ(NamespaceHelp(*tree.disk, {40}),
             "Usage: autocli disk [NAMESPACE...]\n"
             "       COMMAND [OPTIONS]\n"
             "\nCommands for disks\n"
@@ -61,11 +21,13 @@ TEST(Help, ListsANamespacesChildren) {
             "\nCommands:\n"
             "  remove  Remove disks, and wait until\n"
             "          their data is elsewhere.\n"
-            "  list\n");
+            "  list\n"
+            "\nTo read on: autocli disk NAME --help\n");
   EXPECT_EQ(NamespaceHelp(*tree.root),
             "Usage: autocli [NAMESPACE...] COMMAND [OPTIONS]\n"
             "\nNamespaces:\n"
-            "  disk  Commands for disks\n");
+            "  disk  Commands for disks\n"
+            "\nTo read on: autocli NAME --help\n");
 }
 
 TEST(Help, TellsACommandsParameters) {
@@ -85,7 +47,7 @@ TEST(Help, TellsACommandsParameters) {
   range->SetIntRange(0, 512);
   remove.Add("level", "", ParameterType::kInt, "Rate (%ENUM%).").SetConstraint(range);
   remove.Add("quiet", "q", ParameterType::kFlag, "Literal, as nothing is listed: %ENUM%");
-  EXPECT_EQ(CommandHelp(remove, 60),
+  EXPECT_EQ(CommandHelp(remove, {60}),
             "Usage: autocli disk remove --disk TEXT [--disk TEXT]...\n"
             "       [--mode TEXT] [--level NUMBER] [--quiet]\n"
             "\nRemove disks, and wait until their data is elsewhere.\n"
@@ -97,7 +59,8 @@ TEST(Help, TellsACommandsParameters) {
             "            all: move everything that is on the disk away\n"
             "            from it\n"
             "            none: move nothing\n"
-            "  --level NUMBER (optional; a whole number from 0 to 512)\n"
+            "      --level NUMBER (optional; a whole number from 0 to\n"
+            "      512)\n"
             "        Rate (0 to 512).\n"
             "  -q, --quiet (optional; takes no value)\n"
             "        Literal, as nothing is listed: %ENUM%\n"

@@ -6,7 +6,6 @@
 
 #include <functional>
 #include <source_location>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -39,31 +38,6 @@ void Check(const SetUp& setUp, const Given& given, const Strings& calls, const O
   if (setUp) setUp(library);
   EXPECT_EQ(Run<CommandClass>(given), outcome);
   EXPECT_EQ(library.calls, calls);
-}
-
-/// Checks a call that succeeds; then lets each of its operations in turn fail with the text
-/// "broken": the command leaves `failed` and asks for nothing more. Other exceptions pass.
-template <class CommandClass>
-void CheckEachFailure(const SetUp& setUp, const Given& given, const Strings& calls,
-                      const Outcome& failed, const Outcome& outcome = kTrue,
-                      std::source_location where = std::source_location::current()) {
-  Check<CommandClass>(setUp, given, calls, outcome, where);
-  for (auto call = calls.begin(); call != calls.end(); ++call) {
-    const std::string operation = call->substr(0, call->find('('));
-    const auto breakCall = [&](RecordingLibrary& library) {
-      if (setUp) setUp(library);
-      library.failures[operation] = "broken";
-      for (auto earlier = calls.begin(); earlier != call; ++earlier) {
-        if (earlier->starts_with(operation + "(")) ++library.failAfter[operation];
-      }
-    };
-    Check<CommandClass>(breakCall, given, Strings(calls.begin(), call + 1), failed, where);
-
-    RecordingLibrary library;
-    if (setUp) setUp(library);
-    library.otherExceptions[operation] = std::make_exception_ptr(std::logic_error("another"));
-    EXPECT_THROW(Run<CommandClass>(given), std::logic_error) << *call;
-  }
 }
 
 }  // namespace Testing

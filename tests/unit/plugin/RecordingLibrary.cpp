@@ -45,12 +45,12 @@ void RecordingLibrary::Record(const std::string& operation,
                               const std::vector<std::string>& arguments) {
   const std::string list = Text(arguments);
   calls.push_back(operation + "(" + list.substr(1, list.size() - 2) + ")");
-  if (const auto other = otherExceptions.find(operation); other != otherExceptions.end()) {
-    std::rethrow_exception(other->second);
+  if (const auto exception = exceptions.find(calls.size() - 1); exception != exceptions.end()) {
+    std::rethrow_exception(exception->second);
   }
-  const auto failure = failures.find(operation);
-  if (failure == failures.end() || failAfter[operation]-- > 0) return;
-  throw HostCtl::Lib::Dovra::DovraCtlException(failure->second);
+  if (const auto failure = failures.find(operation); failure != failures.end()) {
+    throw HostCtl::Lib::Dovra::DovraCtlException(failure->second);
+  }
 }
 
 namespace {

@@ -2,6 +2,7 @@
 // what the test set, and throws where the test said so.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <exception>
 #include <map>
@@ -19,10 +20,8 @@ struct RecordingLibrary {
   std::vector<std::string> calls;
   /// By operation: the text of the `DovraCtlException` that it throws after it was recorded.
   std::map<std::string, std::string> failures;
-  /// By operation: how many calls succeed before the failure sets in; 0 unless set.
-  std::map<std::string, int> failAfter;
-  /// By operation: an exception of another kind.
-  std::map<std::string, std::exception_ptr> otherExceptions;
+  /// By a call's place in `calls`: what it throws after it was recorded.
+  std::map<std::size_t, std::exception_ptr> exceptions;
   /// Objects handed out and not released yet.
   int liveObjects = 0;
 

@@ -111,9 +111,6 @@ TEST_F(TraceTest, GetAsksForTheDaemonFirst) {
   }
   std::filesystem::create_directory(Host::traceConfiguration);  // opens, but does not read
   EXPECT_EQ(Get(), (Outcome{"none", {unreadable}}));
-  Host::traceConfiguration += "/none";
-  library_.failures["DovraExec"] = "It broke.";
-  EXPECT_EQ(Get(), (Outcome{"none", {"It broke.Refer to /var/log/syslog.log for details."}}));
 }
 
 TEST_F(TraceTest, SetRewritesWhatItWasGiven) {

@@ -1,0 +1,56 @@
+# What `cmake --install` puts where, below any prefix. Two components: the plug-in for a host, and
+# the lab.
+
+set(DOVRA_PLUGIN_DIR lib/orvane/autocli/plugins CACHE STRING
+  "Where a host's framework looks for plug-ins, below its prefix")
+install(TARGETS dovra LIBRARY DESTINATION ${DOVRA_PLUGIN_DIR} COMPONENT plugin)
+install(FILES docs/deploy.md docs/reference.md DESTINATION share/doc/dovra-plugin COMPONENT plugin)
+
+if(DOVRA_PLUGIN_ONLY)
+  return()
+endif()
+
+set(EVERYBODY_RUNS OWNER_READ OWNER_WRITE OWNER_EXECUTE
+  GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+
+# The lab's libraries are its own: they bear the names of a host's, so they stay out of the folder
+# that the loader searches.
+install(TARGETS autocli RUNTIME DESTINATION bin COMPONENT lab)
+install(TARGETS clitools baselibs corectlcore corectl dovracorectl
+  LIBRARY DESTINATION lib/autocli/platform COMPONENT lab)
+install(TARGETS lab_plugin dovra_lab LIBRARY DESTINATION lib/autocli/plugins COMPONENT lab)
+install(DIRECTORY lab/hostroot/files/ DESTINATION share/autocli/hostroot COMPONENT lab
+  DIRECTORY_PERMISSIONS ${EVERYBODY_RUNS} FILE_PERMISSIONS ${EVERYBODY_RUNS}
+  PATTERN "*.conf" PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
+install(FILES docs/lab.md docs/reference.md DESTINATION share/doc/dovra-lab COMPONENT lab)
+
+# The manual, packed as Debian wants it.
+find_program(GZIP gzip REQUIRED)
+function(lab_page page folder)
+  set(source ${PROJECT_SOURCE_DIR}/docs/man/${page})
+  set(packed ${PROJECT_BINARY_DIR}/${folder}/${page}.gz)
+  add_custom_command(OUTPUT ${packed}
+    COMMAND ${CMAKE_COMMAND} -E make_directory ${PROJECT_BINARY_DIR}/${folder}
+    COMMAND ${GZIP} -9nc ${source} > ${packed}
+    DEPENDS ${source})
+  add_custom_target(${page} ALL DEPENDS ${packed})
+  install(FILES ${packed} DESTINATION ${folder} COMPONENT lab)
+endfunction()
+lab_page(autocli.1 share/man/man1)
+lab_page(dovra.7 share/man/man7)
+
+# What makes each shell complete command lines, where the shells look for it.
+function(lab_completion shell file)
+  set(script ${PROJECT_BINARY_DIR}/share/${file})
+  get_filename_component(folder ${script} DIRECTORY)
+  add_custom_command(OUTPUT ${script}
+    COMMAND ${CMAKE_COMMAND} -E make_directory ${folder}
+    COMMAND autocli --completion ${shell} > ${script}
+    DEPENDS autocli)
+  add_custom_target(${shell}_completion ALL DEPENDS ${script})
+  get_filename_component(destination share/${file} DIRECTORY)
+  install(FILES ${script} DESTINATION ${destination} COMPONENT lab)
+endfunction()
+lab_completion(bash bash-completion/completions/autocli)
+lab_completion(zsh zsh/vendor-completions/_autocli)
+lab_completion(fish fish/vendor_completions.d/autocli.fish)

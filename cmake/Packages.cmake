@@ -1,0 +1,39 @@
+# Two Debian packages, one per component: script/package builds them.
+set(CPACK_GENERATOR DEB)
+set(CPACK_VERBATIM_VARIABLES ON)
+set(CPACK_PACKAGE_CONTACT "Dovra developers <dovra@localhost>")
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
+  OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+
+set(CPACK_DEB_COMPONENT_INSTALL ON)
+set(CPACK_COMPONENTS_ALL plugin lab)
+if(DOVRA_PLUGIN_ONLY)
+  set(CPACK_COMPONENTS_ALL plugin)
+endif()
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SECTION admin)
+set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+
+# What the platform's libraries are packaged as is the host's affair, so only the language's
+# libraries become dependencies of the plug-in.
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_LIBRARY_OUTPUT_DIRECTORY})
+if(DOVRA_PLATFORM_DIR)
+  set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${DOVRA_PLATFORM_DIR})
+endif()
+
+set(CPACK_DEBIAN_PLUGIN_PACKAGE_NAME dovra-plugin)
+set(CPACK_DEBIAN_PLUGIN_DESCRIPTION "Dovra commands for a host's command line
+The plug-in that adds the dovra namespace to the command-line framework of
+an Orvane host. It needs the host's own libraries and is of no use elsewhere.")
+
+set(CPACK_DEBIAN_LAB_PACKAGE_NAME dovra-lab)
+set(CPACK_DEBIAN_LAB_DESCRIPTION "rehearse Dovra clusters without a host
+The program autocli runs the dovra commands on stand-in hosts, whose state it
+keeps in a folder: clusters, scripts and failures can be tried without harm.")
+# The stand-in hosts' scripts.
+set(CPACK_DEBIAN_LAB_PACKAGE_DEPENDS python3)
+
+include(CPack)

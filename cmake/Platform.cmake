@@ -1,0 +1,9 @@
+# The platform's libraries as a host has them, under the names that the lab's targets have. They
+# are only linked against; the headers are our own.
+foreach(name clitools corectlcore corectl dovracorectl baselibs)
+  find_library(DOVRA_PLATFORM_${name} ${name} PATHS ${DOVRA_PLATFORM_DIR} NO_DEFAULT_PATH REQUIRED)
+  add_library(${name} SHARED IMPORTED)
+  # Without a soname of its own, a library would be recorded by its path on this machine.
+  set_target_properties(${name} PROPERTIES IMPORTED_LOCATION ${DOVRA_PLATFORM_${name}}
+    IMPORTED_NO_SONAME ON INTERFACE_INCLUDE_DIRECTORIES ${PROJECT_SOURCE_DIR}/include)
+endforeach()

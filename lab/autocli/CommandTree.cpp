@@ -1,0 +1,97 @@
+#include "autocli/CommandTree.h"
+
+#include "clitools/Help.h"
+#include "clitools/Suggest.h"
+#include "clitools/Text.h"
+#include "clitools/UsageError.h"
+
+namespace AutoCliProgram {
+
+using CliTools::UsageError;
+using CliTools::AutoCli::Command;
+using CliTools::AutoCli::CommandSpec;
+using CliTools::AutoCli::Namespace;
+
+namespace {
+
+/// Whether the words begin with the path of a command.
+bool NamesCommand(const CommandSpec& root, const std::vector<std::string>& words) {
+  const CommandSpec* node = &root;
+  for (const std::string& word : words) {
+    node = dynamic_cast<const CommandSpec*>(node->GetNamespaceNode(word).get());
+    if (node == nullptr) return false;
+    if (dynamic_cast<const Command*>(node) != nullptr) return true;
+  }
+  return false;
+}
+
+/// The paths of all nodes of that name below `space`.
+void CollectPaths(const CommandSpec& space, const std::string& name,
+                  std::vector<std::string>& paths) {
+  for (const auto& child : space.GetChildren()) {
+    if (child->GetName() == name) paths.push_back(CliTools::PathOf(*child));
+    if (const auto* const inner = dynamic_cast<const CommandSpec*>(child.get())) {
+      CollectPaths(*inner, name, paths);
+    }
+  }
+}
+
+/// The names in the namespace that resemble the word, else the places below it where the word
+/// stands as it is: the names that lead there were forgotten.
+std::vector<std::string> WhatWasMeant(const CommandSpec& space, const std::string& word) {
+  if (word == "help") return {"--help"};
+  constexpr std::size_t kMost = 3;
+  std::vector<std::string> meant = CliTools::Nearest(word, ChildNames(space));
+  if (meant.empty()) CollectPaths(space, word, meant);
+  if (meant.size() > kMost) meant.resize(kMost);
+  return meant;
+}
+
+/// A root that is not destroyed: the process ends with it, and taking the tree down would cost as
+/// much as building it.
+const std::shared_ptr<Namespace>& LastingRoot() {
+  static const auto& root = *new std::shared_ptr<Namespace>(Namespace::New());
+  return root;
+}
+
+}  // namespace
+
+CommandTree::CommandTree(const std::filesystem::path& pluginFolder)
+    : root_(LastingRoot()), plugins_(pluginFolder, root_) {}
+
+Target CommandTree::Resolve(const std::vector<std::string>& words) {
+  if (!words.empty()) plugins_.LoadCalled(words.front());
+  if (!NamesCommand(*root_, words)) plugins_.LoadAll();
+  Target target{root_, words};
+  auto word = words.begin();
+  for (; word != words.end() && !word->starts_with('-'); ++word) {
+    const auto space = std::dynamic_pointer_cast<Namespace>(target.node);
+    if (!space) break;
+    auto child = space->GetNamespaceNode(*word);
+    if (!child) RefuseWord(*space, *word);
+    target.node = std::move(child);
+  }
+  target.arguments.assign(word, words.end());
+  return target;
+}
+
+const std::shared_ptr<Namespace>& CommandTree::GetWhole() {
+  plugins_.LoadAll();
+  return root_;
+}
+
+std::vector<std::string> ChildNames(const CommandSpec& space) {
+  std::vector<std::string> names;
+  for (const auto& child : space.GetChildren()) names.push_back(child->GetName());
+  return names;
+}
+
+void RefuseWord(const CommandSpec& space, const std::string& word) {
+  const std::string path = CliTools::PathOf(space);
+  const std::string suggestion = CliTools::DidYouMean(WhatWasMeant(space, word));
+  throw UsageError((path.empty() ? "" : path + ": ") + "there is no " + CliTools::Quote(word) +
+                   (suggestion.empty() ? "" : "; " + suggestion) +
+                   " (known here: " + CliTools::Join(ChildNames(space), ", ") + ")");
+}
+
+}  // namespace AutoCliProgram

@@ -1,0 +1,43 @@
+// The plug-ins' commands.
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "autocli/Plugins.h"
+#include "platform/clitools/AutoCli.h"
+
+namespace AutoCliProgram {
+
+/// A node and the words that are left for it.
+struct Target {
+  std::shared_ptr<CliTools::AutoCli::NamespaceNode> node;
+  std::vector<std::string> arguments;
+};
+
+/// The tree of all commands, of which as much is loaded as is asked for.
+class CommandTree {
+ public:
+  explicit CommandTree(const std::filesystem::path& pluginFolder);
+
+  /// Follows the words down the tree, as far as they name namespaces and a command. Throws
+  /// `UsageError` for a name that is not there, `LabError` when the plug-ins cannot be used.
+  Target Resolve(const std::vector<std::string>& words);
+
+  /// The root of the whole tree. Throws `LabError`.
+  const std::shared_ptr<CliTools::AutoCli::Namespace>& GetWhole();
+
+ private:
+  const std::shared_ptr<CliTools::AutoCli::Namespace>& root_;
+  Plugins plugins_;
+};
+
+/// Throws `UsageError`: the namespace has no child called `word`.
+[[noreturn]] void RefuseWord(const CliTools::AutoCli::CommandSpec& space, const std::string& word);
+
+/// The names of a namespace's children.
+std::vector<std::string> ChildNames(const CliTools::AutoCli::CommandSpec& space);
+
+}  // namespace AutoCliProgram

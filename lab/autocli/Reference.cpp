@@ -1,0 +1,199 @@
+#include "autocli/Reference.h"
+
+#include <utility>
+
+#include "autocli/Examples.h"
+#include "autocli/Options.h"
+#include "clitools/CommandLine.h"
+#include "clitools/Help.h"
+#include "clitools/ManualPage.h"
+#include "clitools/Text.h"
+
+namespace AutoCliProgram {
+
+using CliTools::ManualPage;
+using CliTools::MarkdownPage;
+using CliTools::PathOf;
+using CliTools::RoffPage;
+using CliTools::AutoCli::Command;
+using CliTools::AutoCli::CommandSpec;
+using CliTools::AutoCli::Namespace;
+using CliTools::AutoCli::NamespaceNode;
+using CliTools::CallSpec::ParameterSpec;
+using CliTools::CallSpec::ParameterType;
+
+namespace {
+
+constexpr const char* kMarkdown = "markdown";
+constexpr const char* kProgramPage = "autocli.1";
+constexpr const char* kProductPage = "dovra.7";
+constexpr const char* kProduct = "dovra";
+constexpr const char* kProgram = "autocli " AUTOCLI_VERSION;
+
+/// What the option's value is. If the description names the allowed ones, they are not told twice.
+std::string ValueOf(const ParameterSpec& parameter) {
+  const bool isTold = CliTools::DescriptionOf(parameter) != parameter.GetDescription();
+  std::string value = !isTold ? CliTools::ValueInWords(parameter)
+                      : parameter.GetType() == ParameterType::kInt ? "a whole number"
+                                                                   : "text";
+  if (parameter.GetType() == ParameterType::kStringList) value += "; may be repeated";
+  return value;
+}
+
+ManualPage::Option OptionOf(const ParameterSpec& parameter) {
+  ManualPage::Option option = {
+      {}, ValueOf(parameter), parameter.IsRequired(), CliTools::DescriptionOf(parameter)};
+  if (!parameter.GetShortName().empty()) option.names.push_back('-' + parameter.GetShortName());
+  option.names.push_back("--" + parameter.GetName());
+  return option;
+}
+
+std::string UsageOf(Command& command) {
+  constexpr std::size_t kIndent = 4;
+  constexpr std::size_t kWidth = 76;
+  auto items = CliTools::UsageItems(command);
+  items.insert(items.begin(), "autocli " + PathOf(command));
+  return CliTools::WrapItems(items, kIndent, kWidth).substr(kIndent);
+}
+
+std::string WhatItDoes(Command& command) {
+  const CliTools::Result result = CliTools::ResultOf(command);
+  return (command.GetMetaDataField("type") == "fetcher" ? "It only reads. "
+                                                        : "It changes state. ") +
+         ("Prints " + result.words) + (result.fields.empty() ? "" : " ") +
+         CliTools::Join(result.fields, ", ") + '.';
+}
+
+void WriteCommand(ManualPage& page, Command& command) {
+  const std::string path = PathOf(command);
+  page.Subsection(path);
+  page.Paragraph(command.GetDescription());
+  page.Code(UsageOf(command));
+  std::vector<ManualPage::Option> options;
+  const auto input = command.GetInputSpec();
+  for (const auto& parameter : input->GetParameters()) {
+    options.push_back(OptionOf(*parameter));
+  }
+  if (!options.empty()) page.Options(options);
+  page.Paragraph(WhatItDoes(command));
+  for (const Example& example : ExamplesOf(path)) {
+    page.Paragraph(std::string("Example: ") + example.purpose);
+    page.Code(example.line);
+  }
+}
+
+void WriteNode(ManualPage& page, NamespaceNode& node);
+
+/// The namespace's own commands, then those of the namespaces in it.
+void WriteChildren(ManualPage& page, const CommandSpec& space) {
+  for (const bool commands : {true, false}) {
+    for (const auto& child : space.GetChildren()) {
+      if ((dynamic_cast<Command*>(child.get()) != nullptr) == commands) WriteNode(page, *child);
+    }
+  }
+}
+
+void WriteNode(ManualPage& page, NamespaceNode& node) {
+  if (auto* const command = dynamic_cast<Command*>(&node)) return WriteCommand(page, *command);
+  page.Section(PathOf(node));
+  page.Paragraph(node.GetDescription());
+  WriteChildren(page, dynamic_cast<const CommandSpec&>(node));
+}
+
+void WriteProgram(ManualPage& page) {
+  page.Section("Synopsis");
+  page.Code(ProgramUsage());
+  page.Section("Description");
+  page.Paragraph(
+      "autocli loads plug-ins and runs their commands on a stand-in host. The hosts, their "
+      "clusters "
+      "and disks are kept in a folder, the lab, which is made on first use: nothing outside of it "
+      "is changed.");
+  page.Paragraph(
+      "A result goes to standard output, each error to standard error on a line of its own. A "
+      "command that fails may leave a result all the same.");
+  page.Paragraph(
+      "A value may stand behind its option (-u X, --uuid X) or in the same word (-uX, --uuid=X), "
+      "and may begin with a hyphen. Several values take several options. What a command does not "
+      "take is refused before it runs.");
+  page.Section("Options");
+  page.Definitions(OptionRows());
+  page.Section("Exit status");
+  page.Paragraph(ExitStatusHelp());
+  page.Section("Environment");
+  page.Definitions({
+      {"AUTOCLI_LAB", "The lab's folder, unless --lab names one."},
+      {"AUTOCLI_HOST", "The host on which commands run, unless --host names one."},
+      {"XDG_STATE_HOME, HOME", "Where the lab is if nothing names its folder."},
+      {"NO_COLOR, TERM", "With NO_COLOR set, or TERM=dumb, a terminal gets plain text."},
+  });
+  page.Section("Files");
+  page.Definitions({
+      {"~/.local/state/autocli/lab", "The lab if nothing names its folder."},
+      {"LAB/lab.db", "The lab's hosts and clusters."},
+      {"LAB/hosts/NAME", "What the host NAME takes for /: configuration, scripts, logs."},
+  });
+}
+
+ManualPage::Pairs Commands(const CommandSpec& space) {
+  ManualPage::Pairs commands;
+  for (const auto& child : space.GetChildren()) {
+    if (dynamic_cast<const Command*>(child.get()) != nullptr) {
+      commands.emplace_back(PathOf(*child), child->GetDescription());
+    } else {
+      const auto inner = Commands(dynamic_cast<const CommandSpec&>(*child));
+      commands.insert(commands.end(), inner.begin(), inner.end());
+    }
+  }
+  return commands;
+}
+
+std::string WriteMarkdown(const Namespace& root) {
+  MarkdownPage page("Reference");
+  page.Paragraph("Every command of autocli, as the program itself declares it.");
+  WriteProgram(page);
+  page.Section("Commands");
+  page.Contents(Commands(root));
+  WriteChildren(page, root);
+  return page.GetText();
+}
+
+/// The program and the commands that it has of its own.
+std::string WriteProgramPage(const Namespace& root) {
+  RoffPage page(kProgramPage, kProgram, "run Dovra commands on stand-in hosts");
+  WriteProgram(page);
+  for (const auto& child : root.GetChildren()) {
+    if (child->GetName() != kProduct) WriteNode(page, *child);
+  }
+  page.Section("See also");
+  page.Paragraph("dovra(7)");
+  return page.GetText();
+}
+
+std::string WriteProductPage(const Namespace& root) {
+  RoffPage page(kProductPage, kProgram,
+                "commands to configure and inspect a host's part in a Dovra cluster");
+  page.Section("Synopsis");
+  page.Code(std::string("autocli [OPTIONS] ") + kProduct + " NAMESPACE... COMMAND [PARAMETERS]");
+  page.Section("Description");
+  page.Paragraph(
+      "The commands are those that a host has; autocli runs them on stand-in hosts. What a failed "
+      "command prints beside its errors differs from command to command.");
+  if (const auto product = root.GetNamespaceNode(kProduct)) WriteNode(page, *product);
+  page.Section("See also");
+  page.Paragraph("autocli(1)");
+  return page.GetText();
+}
+
+}  // namespace
+
+std::vector<std::string> ReferenceNames() {
+  return {kMarkdown, kProgramPage, kProductPage};
+}
+
+std::string Reference(const std::string& name, const Namespace& root) {
+  if (name == kMarkdown) return WriteMarkdown(root);
+  return name == kProgramPage ? WriteProgramPage(root) : WriteProductPage(root);
+}
+
+}  // namespace AutoCliProgram

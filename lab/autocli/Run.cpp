@@ -1,0 +1,199 @@
+#include "autocli/Run.h"
+
+#include <algorithm>
+#include <exception>
+#include <optional>
+
+#include "autocli/Batch.h"
+#include "autocli/Completion.h"
+#include "autocli/Examples.h"
+#include "autocli/Reference.h"
+#include "autocli/Spinner.h"
+#include "autocli/Terminal.h"
+#include "clitools/CommandLine.h"
+#include "clitools/Format.h"
+#include "clitools/Help.h"
+#include "clitools/Text.h"
+#include "corectl/LabHost.h"
+
+namespace AutoCliProgram {
+
+namespace fs = std::filesystem;
+using namespace CliTools::AutoCli;
+using namespace CliTools::MetaObj;
+using CliTools::UsageError;
+
+namespace {
+
+/// The folder that holds bin, lib and share, wherever it was moved to.
+const fs::path& FindPrefix() {
+  static const fs::path prefix = fs::read_symlink("/proc/self/exe").parent_path().parent_path();
+  return prefix;
+}
+
+bool IsHelp(const std::string& word) {
+  return word == "--help" || word == "-h";
+}
+
+void CollectCommands(const CommandSpec& node, const std::shared_ptr<MetaStruct>& layout,
+                     MetaList& list) {
+  for (const auto& child : node.GetChildren()) {
+    if (dynamic_cast<const Command*>(child.get()) != nullptr) {
+      auto row = MetaStruct::New(layout->GetName());
+      row->SetField("Command", CliTools::PathOf(*child));
+      row->SetField("Description", child->GetDescription());
+      list.Add(row);
+    } else if (const auto* const space = dynamic_cast<const CommandSpec*>(child.get())) {
+      CollectCommands(*space, layout, list);
+    }
+  }
+}
+
+/// The formatter's parameters for what is printed: the command's own, unless the user chose fields.
+CommandSpec::Pairs ChooseFields(const MetaObject* layout, const CommandSpec::Pairs& own,
+                                const Options& options) {
+  return options.fields.empty() ? own : CliTools::SelectFields(layout, own, options.fields);
+}
+
+std::string ListCommands(const Namespace& root, const Options& options) {
+  auto layout = MetaStruct::New("CommandList");
+  layout->SetField("Command", "");
+  layout->SetField("Description", "");
+  const auto list = MetaList::New(MetaType::kStruct, layout);
+  const auto parameters = ChooseFields(list.get(), {}, options);
+  CollectCommands(root, layout, *list);
+  return CliTools::Format(*list, options.formatter.empty() ? "table" : options.formatter,
+                          parameters, ResultStyle());
+}
+
+/// What the program tells of itself if the options ask for it.
+std::optional<std::string> ReadProgramText(CommandTree& tree, const Options& options) {
+  if (options.version) return "autocli " AUTOCLI_VERSION "\n";
+  if (options.list) return ListCommands(*tree.GetWhole(), options);
+  if (!options.completion.empty()) return CompletionScript(options.completion);
+  if (!options.reference.empty()) return Reference(options.reference, *tree.GetWhole());
+  return std::nullopt;
+}
+
+std::string ProgramHelp(const CommandSpec& root, const CliTools::Style& style) {
+  return OptionsHelp(style) + CliTools::ChildrenHelp(root, style) + '\n' +
+         CliTools::Wrap(std::string("Exit status: ") + ExitStatusHelp(), 0, style.width);
+}
+
+std::string Help(NamespaceNode& node) {
+  const CliTools::Style style = HelpStyle();
+  if (auto* const command = dynamic_cast<Command*>(&node)) {
+    return CliTools::CommandHelp(*command, style) + ExamplesHelp(CliTools::PathOf(*command), style);
+  }
+  const auto& space = dynamic_cast<CommandSpec&>(node);
+  return space.GetName().empty() ? ProgramHelp(space, style)
+                                 : CliTools::NamespaceHelp(space, style);
+}
+
+/// The formatter that shows a result of this shape; refused if it cannot.
+std::string ChooseFormatter(const Command& command, const MetaObject* layout,
+                            const std::string& wanted) {
+  if (wanted.empty()) return command.GetDefaultOutputFormatter();
+  if (layout != nullptr && !CliTools::CanShow(wanted, *layout)) {
+    throw UsageError("--formatter: " + CliTools::Quote(wanted) +
+                     " cannot show this command's result; allowed: " +
+                     CliTools::Join(CliTools::FormattersFor(*layout), ", "));
+  }
+  return wanted;
+}
+
+/// A command with all that its call needs.
+struct Call {
+  std::shared_ptr<CliTools::CallSpec::Input> input;
+  std::string formatter;
+  CommandSpec::Pairs formatterParameters;
+};
+
+Call PrepareCall(Command& command, const std::vector<std::string>& words, const Options& options) {
+  try {
+    const auto layout = command.GetOutputSpec()->GetRootObject();
+    Call call;
+    call.formatter = ChooseFormatter(command, layout.get(), options.formatter);
+    call.formatterParameters =
+        ChooseFields(layout.get(), command.GetDefaultOutputParameters(), options);
+    call.input = CliTools::ParseParameters(*command.GetInputSpec(), words);
+    return call;
+  } catch (const UsageError& error) {
+    throw UsageError(CliTools::PathOf(command) + ": " + error.what());
+  }
+}
+
+ExitStatus RunCommand(Command& command, const std::vector<std::string>& words,
+                      const Options& options) {
+  const Call call = PrepareCall(command, words, options);
+  SelectLab(options);
+  const auto output = CliTools::CallSpec::Output::New();
+  {
+    const Spinner spinner(CliTools::PathOf(command));
+    command.Execute(call.input, output);
+  }
+  if (const auto& root = output->GetRootObject()) {
+    Print(CliTools::Format(*root, call.formatter, call.formatterParameters, ResultStyle()));
+  }
+  for (const std::string& message : output->GetErrorMessages()) PrintError(options.place + message);
+  return output->GetErrorMessages().empty() ? kSuccess : kCommandFailed;
+}
+
+[[noreturn]] void RefuseMissingCommand(const CommandSpec& space) {
+  const std::string path = CliTools::PathOf(space);
+  throw UsageError((path.empty() ? "" : path + ": ") +
+                   "a command is missing; known here: " + CliTools::Join(ChildNames(space), ", ") +
+                   " (more: autocli " + (path.empty() ? "" : path + ' ') + "--help)");
+}
+
+}  // namespace
+
+fs::path PluginFolder(const Options& options) {
+  return options.pluginDir.empty() ? FindPrefix() / "lib/autocli/plugins"
+                                   : fs::path(options.pluginDir);
+}
+
+void SelectLab(const Options& options) {
+  Lab::Select({options.lab.empty() ? DefaultLab() : options.lab, options.host,
+               FindPrefix() / "share/autocli/hostroot"});
+}
+
+ExitStatus RunLine(CommandTree& tree, const Options& options) {
+  if (const auto text = ReadProgramText(tree, options)) {
+    Print(*text);
+    return kSuccess;
+  }
+  if (options.keepGoing && options.batch.empty()) {
+    throw UsageError("--keep-going goes with --batch");
+  }
+  if (!options.batch.empty() && !options.help) return RunBatch(tree, options);
+  const Target target = tree.Resolve(options.words);
+  if (options.help || std::ranges::any_of(target.arguments, IsHelp)) {
+    Print(Help(*target.node));
+    return kSuccess;
+  }
+  if (auto* const command = dynamic_cast<Command*>(target.node.get())) {
+    return RunCommand(*command, target.arguments, options);
+  }
+  const auto& space = dynamic_cast<const CommandSpec&>(*target.node);
+  if (!target.arguments.empty()) RefuseWord(space, target.arguments.front());
+  RefuseMissingCommand(space);
+}
+
+ExitStatus Guard(const std::string& place, const std::function<ExitStatus()>& work) {
+  try {
+    return work();
+  } catch (const UsageError& error) {
+    PrintError("autocli: " + place + error.what());
+    return kWrongUse;
+  } catch (const Lab::LabError& error) {
+    PrintError("autocli: " + place + error.what());
+  } catch (const std::exception& error) {
+    PrintError("autocli: " + place + "internal error: " + error.what());
+  } catch (...) {
+    PrintError("autocli: " + place + "internal error");
+  }
+  return kHostUnusable;
+}
+
+}  // namespace AutoCliProgram

@@ -1,0 +1,62 @@
+#include "autocli/Terminal.h"
+
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <string_view>
+
+#include "store/Sqlite.h"
+
+namespace AutoCliProgram {
+
+namespace {
+
+std::string_view Environment(const char* name) {
+  const char* const value = std::getenv(name);
+  return value == nullptr ? "" : value;
+}
+
+}  // namespace
+
+bool IsDressed(int descriptor) {
+  if (isatty(descriptor) == 0) return false;
+  const std::string_view terminal = Environment("TERM");
+  return !terminal.empty() && terminal != "dumb" && Environment("NO_COLOR").empty();
+}
+
+std::size_t ColumnsOf(int descriptor) {
+  constexpr std::size_t kPage = 80;
+  winsize size{};
+  if (isatty(descriptor) == 0 || ioctl(descriptor, TIOCGWINSZ, &size) != 0 || size.ws_col == 0) {
+    return kPage;
+  }
+  return size.ws_col;
+}
+
+CliTools::Style ResultStyle() {
+  if (!IsDressed(STDOUT_FILENO)) return {};
+  return {ColumnsOf(STDOUT_FILENO), true};
+}
+
+CliTools::Style HelpStyle() {
+  constexpr std::size_t kNarrowest = 40;  // help in less would be a column of single words
+  return {std::max(ColumnsOf(STDOUT_FILENO), kNarrowest), IsDressed(STDOUT_FILENO)};
+}
+
+void Print(const std::string& text) {
+  const bool written = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
+  if (!written || std::fflush(stdout) != 0) {
+    throw Lab::LabError("the result cannot be written to standard output");
+  }
+}
+
+void PrintError(const std::string& text) {
+  const bool dressed = IsDressed(STDERR_FILENO);
+  std::fprintf(stderr, "%s%s%s\n", dressed ? "\x1b[31m" : "", CliTools::Printable(text).c_str(),
+               dressed ? "\x1b[0m" : "");
+}
+
+}  // namespace AutoCliProgram

@@ -1,0 +1,46 @@
+# What stands in docs/ is what happens.
+load common
+
+source=$BATS_TEST_DIRNAME/../..
+
+@test "the reference and the man pages are what the program says" {
+    for page in markdown:reference.md autocli.1:man/autocli.1 dovra.7:man/dovra.7; do
+        autocli --reference "${page%:*}" | diff -u "$source/docs/${page#*:}" - ||
+            { echo "docs/${page#*:} is out of date: run script/reference"; false; }
+    done
+}
+
+@test "man shows the pages without a complaint, every command on one of them" {
+    for page in autocli.1 dovra.7; do
+        [[ -z $(man --warnings -E UTF-8 -l "$source/docs/man/$page" 2>&1 >/dev/null) ]]
+        [[ -z $(groff -ww -man -z "$source/docs/man/$page" 2>&1) ]]
+        MANWIDTH=200 man -E UTF-8 -l "$source/docs/man/$page" | col -bx >>"$BATS_TEST_TMPDIR/shown"
+    done
+    autocli --formatter json --list | jq -r '.[].Command' >"$BATS_TEST_TMPDIR/commands"
+    while read -r command; do grep -qE "^ +autocli $command( |$)" "$BATS_TEST_TMPDIR/shown"; done <"$BATS_TEST_TMPDIR/commands"
+}
+
+@test "the recipes of docs/lab.md do what they show" {
+    PATH=$(dirname "$AUTOCLI"):$PATH "$BATS_TEST_DIRNAME/run-document" "$source/docs/lab.md"
+}
+
+@test "the plug-in alone is built and checked as docs/deploy.md shows" {
+    released_only
+    export TREE=$BATS_TEST_TMPDIR/tree CMAKE_BUILD_TYPE=None
+    mkdir "$TREE"
+    ln -s "$(realpath "$source")"/{CMakeLists.txt,cmake,docs,include,lab,script,src} "$TREE"
+    ln -s "$(platform)" "$TREE/host-libraries"
+    "$BATS_TEST_DIRNAME/run-document" "$source/docs/deploy.md"
+}
+
+@test "a document that shows something else is found out" {
+    document() { printf '## Title\n```console\n%s\n```\n' "$1" >"$BATS_TEST_TMPDIR/d.md"; "$BATS_TEST_DIRNAME/run-document" "$BATS_TEST_TMPDIR/d.md"; }
+    a=11111111-1111-4111-8111-111111111111 b=22222222-2222-4222-8222-222222222222
+    document $'$ for i in 1 2\n> do echo $i; done\n1\n2\n$ seq 9; (exit 4)\n1\n...\n8\n9\n$ echo $?\n4'
+    document $'$ printf "'$a$'\\n'$b$'\\n"\n'$b$'\n'$a$'\n$ echo '$b$'\n'$a$'\n$ date +%FT%T%z\n2000-01-01T00:00:00+0000'
+    for wrong in $'$ echo 1' $'$ true\n1' $'$ echo 1\n2' $'$ seq 3\n...\n2' $'$ echo 1 >&2\n2' \
+        $'$ printf "'$a$'\\n'$b$'\\n"\n'$a$'\n'$a $'$ echo '$a$'\n'$b$'\n$ echo '$a$'\n'$b$'\n$ echo '$b$'\n'$b; do
+        run document "$wrong"
+        [[ $status == 1 ]]
+    done
+}

@@ -1,0 +1,41 @@
+# The built tree, installed and packaged.
+load common
+
+build=$(dirname "$(dirname "$AUTOCLI")")
+
+# works PROGRAM: whether it finds all that belongs to it, without help from the environment.
+works() {
+    local home=$BATS_TEST_TMPDIR/home
+    mkdir -p "$home"
+    [[ $(env -i HOME="$home" PATH=/usr/bin:/bin "$1" dovra trace set --numfiles 3) == true ]]
+    [[ $(env -i HOME="$home" PATH=/usr/bin:/bin "$1" --formatter json dovra trace get | jq '."Number Of Files To Rotate"') == 3 ]]
+}
+
+@test "an installed tree works, also when it is moved" {
+    cmake --install "$build" --prefix "$BATS_TEST_TMPDIR/first" >/dev/null
+    mv "$BATS_TEST_TMPDIR/first" "$BATS_TEST_TMPDIR/other place"
+    works "$BATS_TEST_TMPDIR/other place/bin/autocli"
+    ln -s "other place/bin/autocli" "$BATS_TEST_TMPDIR/linked"
+    works "$BATS_TEST_TMPDIR/linked"
+    cmake --install "$build" --prefix "$BATS_TEST_TMPDIR/host" --component plugin >/dev/null
+    [[ $(cd "$BATS_TEST_TMPDIR/host" && find . -name '*.so') == ./lib/orvane/autocli/plugins/libdovra.so ]]
+}
+
+@test "the Debian packages, installed into an empty root" {
+    released_only
+    cpack --config "$build/CPackConfig.cmake" -B "$BATS_TEST_TMPDIR" >"$BATS_TEST_TMPDIR/log" 2>&1 || { cat "$BATS_TEST_TMPDIR/log"; false; }
+    root=$BATS_TEST_TMPDIR/root
+    mkdir -p "$root/var/lib/dpkg/"{info,updates}
+    : >"$root/var/lib/dpkg/status"
+    dpkg --root="$root" --log=/dev/null --force-depends,not-root,bad-path --install "$BATS_TEST_TMPDIR"/*.deb
+    cd "$root"
+    works usr/bin/autocli
+    "$BATS_TEST_DIRNAME/../../script/check-plugin" usr/lib/orvane/autocli/plugins/libdovra.so usr/lib/autocli/platform
+    [[ $(man -M usr/share/man -w autocli dovra | wc -l) == 2 ]]
+    [[ -s usr/share/bash-completion/completions/autocli ]]
+    # None of the lab's libraries is where a loader would take it for a host's.
+    [[ -z $(find usr/lib -maxdepth 1 -name '*.so') && -z $(find . -perm /022 ! -type l ! -path './var/*' ! -path .) ]]
+    depends() { dpkg --root="$root" --status "$1" | sed -n 's/^Depends: //p' | tr -d ' ' | tr , '\n' | sed 's/(.*//' | sort | paste -sd' '; }
+    [[ $(depends dovra-plugin) == 'libc6 libgcc-s1 libstdc++6' ]]
+    [[ $(depends dovra-lab) == *python3* && $(depends dovra-lab) == *libuuid1* ]]
+}

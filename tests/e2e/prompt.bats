@@ -1,0 +1,70 @@
+# What is at hand to somebody at the prompt or with a script: examples, chosen fields, batches.
+load common
+
+wrong() { expect 2 '' "autocli: $1" "${@:2}"; }
+
+@test "every command has examples, and all of them are right" {
+    succeed lab host add --name host2
+    while read -r command; do
+        examples=$(autocli $command --help | sed -n '/^Examples\{0,1\}:$/,$ s/^  autocli //p')
+        [[ -n $examples ]] || { echo "none: $command"; return 1; }
+        while read -r line; do
+            [[ " $line " == *" $command "* ]] || { echo "$command: $line"; return 1; }
+        done <<<"$examples"
+        printf '%s\n' "$examples" >>"$BATS_TEST_TMPDIR/examples"
+    done < <(autocli --formatter csv --fields Command --list | sed 1d)
+    run --separate-stderr autocli --keep-going --batch "$BATS_TEST_TMPDIR/examples"
+    echo "$stderr"
+    [[ $status -le 1 ]] # none is a wrong command line; some do not suit the state of the lab
+}
+
+@test "fields are chosen and ordered, in every format" {
+    new_cluster
+    fields='Local Node State, Enabled'
+    expect 0 $'Cluster Information\n   Local Node State: MASTER\n   Enabled: true' '' --fields "$fields" dovra cluster get
+    expect 0 $'Local Node State,Enabled\nMASTER,true' '' --fields "$fields" --formatter csv dovra cluster get
+    expect 0 $'{\n  "Local Node State": "MASTER",\n  "Enabled": true\n}' '' --fields "$fields" --formatter json dovra cluster get
+    expect 0 $'DovraClusterGet.Local Node State=MASTER\nDovraClusterGet.Enabled=true' '' --fields "$fields" --formatter keyvalue dovra cluster get
+    expect 0 $'Name\n-----\nhost1' '' --fields=Name lab host list
+    wrong 'lab host list: --fields: there is no field "name"; did you mean "Name"? (known here: Name, UUID, *' --fields name lab host list
+    wrong "dovra cluster leave: --fields: this command's result has no fields" --fields Name dovra cluster leave
+    wrong '--fields: a name is empty' --fields 'Name,' lab host list
+    [[ $(cluster_field Enabled) == true ]] # it did not leave
+}
+
+@test "a batch runs its lines as they would run alone" {
+    cat >"$BATS_TEST_TMPDIR/batch" <<END
+# Two hosts, one lab more.
+lab host add --name host2   # for later
+
+autocli dovra cluster new
+--formatter csv --fields Enabled dovra cluster get
+--host 'host2' dovra cluster get --help
+--lab "$BATS_TEST_TMPDIR/other lab" lab host add -n other
+lab fault add -o LeaveCluster -m "not 'now'"
+--fields Name lab host list
+dovra cluster leave
+lab host add -n never
+END
+    expect 1 '*' "$BATS_TEST_TMPDIR/batch:10: not 'now'" --formatter json --batch "$BATS_TEST_TMPDIR/batch"
+    [[ $output == $'true\ntrue\nEnabled\ntrue\nUsage: '*$'\ntrue\ntrue\n[\n  {\n    "Name": "host1"\n  },\n  {\n    "Name": "host2"\n  }\n]' ]]
+    [[ $(autocli --lab "$BATS_TEST_TMPDIR/other lab" --formatter csv --fields Name lab host list) == $'Name\nhost1\nother' ]]
+    [[ $(autocli lab host list) != *never* ]]
+
+    expect 1 $'true\nfalse\ntrue' 'standard input:2: *' --host host2 --keep-going --batch - <<<$'lab traced set -s stopped\ndovra maintenancemode cancel\nlab reset'
+    cd "$BATS_TEST_TMPDIR"
+    lines=$'lab "host\n--host nope dovra trace get\n--batch x\nlab host list \\\ndovra clutser\n\0'
+    printf '%s' "$lines" >wrong
+    printf '\0lab reset' >>wrong
+    expect 3 '' '*' --keep-going --batch wrong
+    [[ $stderr == 'autocli: wrong:1: the quote " in column 5 has no end
+autocli: wrong:2: no host "nope" in this lab; its hosts are: host1
+autocli: wrong:3: --batch and --keep-going are not for the lines of a batch
+autocli: wrong:4: nothing follows the backslash at the end of the line
+autocli: wrong:5: dovra: there is no "clutser"; did you mean "cluster"? '*'
+autocli: wrong:6: a NUL byte: this is no text' ]]
+    expect 2 '' 'autocli: wrong:1: *' --batch wrong
+    wrong '--batch: "none" cannot be read: No such file or directory' --batch none
+    wrong '--batch takes its commands from the file; "dovra" is one too many' --batch wrong dovra
+    wrong '--keep-going goes with --batch' --keep-going lab reset
+}

@@ -1,0 +1,49 @@
+# What somebody at a terminal sees, and nobody else.
+load common
+
+red=$'\e[31m' bold=$'\e[1m' plain=$'\e[0m' erase=$'\r\e[K'
+
+# on_terminal COMMAND: what it writes to a terminal of 60 columns, with plain line ends.
+on_terminal() {
+    TERM=xterm script -qec "stty cols 60; $1" /dev/null </dev/null | sed 's/\r$//'
+}
+
+@test "captions in bold, errors in red, tables that fit, all plain for a pipe and on demand" {
+    new_cluster
+    [[ $(on_terminal '$AUTOCLI dovra cluster get') == "${bold}Cluster Information$plain"$'\n'* ]]
+    [[ $(on_terminal '$AUTOCLI dovra clutser get') == "${red}autocli: dovra: there is no "*"$plain" ]]
+    [[ $(on_terminal '$AUTOCLI dovra trace --help') == "${bold}Usage:$plain autocli dovra trace"*"${bold}Commands:$plain"* ]]
+    list=$(on_terminal '$AUTOCLI --list')
+    [[ $list == "${bold}Command "* && $(tail -n +2 <<<"$list" | wc -L) -le 60 ]]
+    # UUIDs are not broken: records take the place of the table.
+    [[ $(on_terminal '$AUTOCLI lab host list') == *"   UUID: $(host_uuid host1)"* ]]
+    for plain_command in 'NO_COLOR=1 $AUTOCLI' 'TERM=dumb $AUTOCLI'; do
+        [[ $(on_terminal "$plain_command lab host list") == "$(autocli lab host list)" ]]
+        [[ $(on_terminal "$plain_command dovra clutser") == 'autocli: dovra: there is no'* ]]
+    done
+    [[ $(on_terminal 'NO_COLOR= $AUTOCLI lab disk list') == "$bold"* ]]
+    [[ $(on_terminal '$AUTOCLI lab disk list | cat') == "$(autocli lab disk list)" ]]
+}
+
+@test "a command that takes long shows that it is at work, and leaves no trace of that" {
+    autocli dovra cluster new
+    coproc held { python3 -c '
+import sqlite3, sys, time
+lab = sqlite3.connect(sys.argv[1], isolation_level=None)
+lab.execute("BEGIN IMMEDIATE")
+print(flush=True)
+time.sleep(4)' "$AUTOCLI_LAB/lab.db"; }
+    read -r -u "${held[0]}" _
+    cd "$BATS_TEST_TMPDIR"
+    on_terminal '$AUTOCLI lab host add --name host2' >good &
+    on_terminal '$AUTOCLI lab host add --name host1' >bad &
+    on_terminal 'NO_COLOR=1 $AUTOCLI lab host add --name host3' >plain &
+    # In the foreground, as interrupts do not reach what a script has put into the background.
+    (sleep 2.5; printf '\003'; sleep 0.2) | TERM=xterm script -qec 'exec $AUTOCLI lab host add --name host4' /dev/null >stopped || status=$?
+    wait
+    [[ $(cat good) == *'lab host add (1 s)'*"$erase"true && $(cat good) == *'(2 s)'* ]]
+    [[ $(cat bad) == *'lab host add (1 s)'*"$erase${red}Unable to add host: "*"$plain" ]]
+    [[ $(cat plain) == true ]]
+    [[ $status == 130 && $(cat stopped) == *'lab host add (1 s)'*"$erase" ]]
+    [[ $(autocli --formatter csv --fields Name lab host list | sort | xargs) == 'Name host1 host2 host3' ]]
+}

@@ -1,0 +1,75 @@
+#include <gtest/gtest.h>
+
+#include "Tree.h"
+#include "clitools/Completion.h"
+#include "clitools/Text.h"
+
+namespace {
+
+using namespace CliTools;
+using Words = std::vector<std::string>;
+
+TEST(Completion, OffersWhatMayFollow) {
+  const Tree tree;
+  FakeCommand& remove = *tree.remove;
+  remove.Add("uuid", "u", ParameterType::kString, "The disk. In full.");
+  remove.Add("tag", "t", ParameterType::kStringList, "Its tags\nif any");
+  remove.Add("wait", "w", ParameterType::kFlag, "");
+  remove.Add("force", "", ParameterType::kBool, "");
+  const auto modes = ParameterConstraint::New(ParameterConstraintType::kStringEnum);
+  for (const char* mode : {"all", "any", "none"}) modes->AddStringEnum(mode, "");
+  remove.Add("mode", "m", ParameterType::kString, "One of %ENUM%.").SetConstraint(modes);
+  const auto options = InputSpec::New();
+  options->AddParameter(ParameterSpec::New("host", ParameterType::kString));
+  options->AddParameter(ParameterSpec::New("lab", ParameterType::kString));
+  options->AddParameter(ParameterSpec::New("list", ParameterType::kFlag));
+  const ValueSource values = [](const std::string& path, const std::string& parameter) {
+    if (parameter == "lab") return std::vector<Candidate>{{kAnyPath, ""}};
+    return std::vector<Candidate>{{path + "|" + parameter, ""}, {"x", ""}};
+  };
+  const std::vector<std::pair<Words, std::string>> cases = {
+      {{""}, "disk"},
+      {{"-"}, "--host --lab --list"},
+      {{"--list", "--l"}, "--lab"},
+      {{"--host", ""}, "|host x"},
+      {{"--host", "-"}, ""},
+      {{"--host=", "d"}, "disk"},
+      {{"--host="}, "--host=|host --host=x"},
+      {{"--lab", "a/b"}, "/"},
+      {{"--lab=a/b"}, "/"},
+      {{"--nonsense", "d"}, "disk"},
+      {{"--host", "disk", "dis"}, "disk"},
+      {{"disk", ""}, "remove tag list"},
+      {{"disk", "-"}, "--help"},
+      {{"disk", "t"}, "tag"},
+      {{"disk", "tag", ""}, ""},
+      {{"disk", "gone", ""}, ""},
+      {{"gone", "disk", ""}, ""},
+      {{"disk", "list", ""}, ""},
+      {{"disk", "list", "x", ""}, ""},
+      {{"disk", "remove", ""}, "--uuid --tag --wait --force --mode"},
+      {{"disk", "remove", "-u1", "-t", "a", "--mode=all", "-w", "-"}, "--tag --force --help"},
+      {{"disk", "remove", "--uuid", ""}, "disk remove|uuid x"},
+      {{"disk", "remove", "-u", "x"}, "x"},
+      {{"disk", "remove", "-u", "--wait", "--w"}, "--wait"},
+      {{"disk", "remove", "--mode", "a"}, "all any"},
+      {{"disk", "remove", "--mode=n"}, "--mode=none"},
+      {{"disk", "remove", "-m", "b"}, ""},
+      {{"disk", "remove", "--force", ""}, "true false"},
+      {{"disk", "remove", "--wait="}, ""},
+      {{"disk", "remove", "stray", "-"}, ""},
+  };
+  for (const auto& [words, expected] : cases) {
+    Words texts;
+    for (auto& candidate : Complete(*options, *tree.root, words, values)) {
+      texts.push_back(std::move(candidate.text));
+    }
+    EXPECT_EQ(Join(texts, " "), expected) << Join(words, " ");
+  }
+  const auto described = Complete(*options, *tree.root, {"disk", "remove", "--"}, values);
+  EXPECT_EQ(described[0].description, "The disk.");
+  EXPECT_EQ(described[1].description, "Its tags");
+  EXPECT_EQ(described[4].description, "One of all, any, none.");
+}
+
+}  // namespace

@@ -1,0 +1,242 @@
+// Every command of the tree, with every call that it makes of the control library failing in turn.
+
+#include <gmock/gmock.h>
+
+#include <set>
+
+#include "Run.h"
+#include "corectl/Operations.h"
+
+namespace Testing {
+
+namespace {
+
+using CliTools::AutoCli::Command;
+using CliTools::AutoCli::Namespace;
+using namespace CliTools::CallSpec;
+using Strings = std::vector<std::string>;
+
+const std::string kUuid1 = "52000000-0000-0000-0000-000000000001";
+const std::string kUuid2 = "52000000-0000-0000-0000-000000000002";
+
+/// What a command leaves when a call fails with the text "broken". Results are regular expressions.
+struct Failure {
+  std::string message;
+  std::string root = "none";
+  /// From this call on the command leaves more; empty if it makes no difference.
+  std::string laterCall = {};
+  std::string laterRoot = {};
+};
+
+const std::string kNoFields = "(, [^:,]+: (|0|false|\\[\\]))+\\}";  // all that follow are empty
+
+const std::map<std::string, Failure> kFailures = {
+    {"policy getdefault", {"broken"}},
+    {"policy setdefault", {"broken", "false"}},
+    {"policy cleardefault", {"broken", "false"}},
+    {"datastore name get", {"Unable to get Dovra datastore name: broken"}},
+    {"datastore name set", {"Unable to set Dovra datastore name: broken"}},
+    {"datastore add", {"Unable to add datastore: broken"}},
+    {"datastore remove", {"Unable to remove datastore: broken"}},
+    {"datastore list", {"Unable to add datastore: broken"}},
+    {"datastore clear", {"Unable to clear datastore: broken"}},
+    {"storage add", {"Unable to add device: broken"}},
+    {"storage remove", {"Unable to remove device: broken"}},
+    {"storage list",
+     {"Unable to list devices: broken", "\\[\\]", "GetDiskInfo(" + kUuid2,
+      "\\[\\{Device: one, [^{]+\\}\\]"}},
+    {"storage automode get", {"Unable to get Dovra storage auto claim mode: broken"}},
+    {"storage automode set", {"Unable to set storage auto claim mode: broken"}},
+    {"storage diskgroup mount", {"Unable to mount: broken"}},
+    {"storage diskgroup unmount", {"Unable to unmount: broken"}},
+    {"storage tag add", {"Unable to add tag to disk: broken"}},
+    {"storage tag remove", {"Unable to remove tag for disk: broken"}},
+    {"network remove", {"broken", "false"}},
+    {"network restore", {"broken", "false"}},
+    {"network clear", {"broken", "false"}},
+    {"network list", {"broken", "\\[\\]"}},
+    {"network ip add", {"broken"}},
+    {"network ip remove", {"broken", "false"}},
+    {"network ip set", {"broken"}},
+    {"network ipv4 add", {"broken"}},
+    {"network ipv4 remove", {"broken", "false"}},
+    {"network ipv4 set", {"broken"}},
+    {"cluster join", {"broken", "false"}},
+    {"cluster leave", {"broken"}},
+    {"cluster get",
+     {"broken", "\\{Enabled: false" + kNoFields, "GetFormattedSystemDateTime(",
+      "\\{Enabled: true" + kNoFields}},
+    {"cluster restore", {"broken", "false"}},
+    {"cluster new", {"Unable to create the new Dovra cluster: broken", "false"}},
+    {"cluster unicastagent add", {"broken"}},
+    {"cluster unicastagent remove", {"Unable to remove the unicast agent: broken"}},
+    {"cluster unicastagent list", {"Unable to list unicast agent: broken", "\\[\\]"}},
+    {"cluster unicastagent clear", {"Unable to remove unicast agents: broken"}},
+    {"cluster preferredfaultdomain get", {"Unable to get preferred fault domain name: broken"}},
+    {"cluster preferredfaultdomain set", {"Unable to set preferred fault domain name: broken"}},
+    {"trace set", {"broken Refer /var/log/syslog.log for details."}},
+    {"trace get", {"brokenRefer to /var/log/syslog.log for details."}},
+    {"maintenancemode cancel", {"broken", "false"}},
+    {"faultdomain set", {"Unable to set fault domain name: broken", "true"}},
+    {"faultdomain get", {"Unable to get fault domain name: broken"}},
+    {"faultdomain reset", {"Unable to reset fault domain name", "true"}},
+    {"resync throttle set", {"broken"}},
+    {"resync throttle get", {"broken"}},
+    {"resync bandwidth get", {"broken"}},
+};
+
+void CollectCommands(const CliTools::AutoCli::CommandSpec& node, const std::string& path,
+                     std::map<std::string, std::shared_ptr<Command>>& commands) {
+  for (const auto& child : node.GetChildren()) {
+    const std::string childPath = path + (path.empty() ? "" : " ") + child->GetName();
+    if (const auto command = std::dynamic_pointer_cast<Command>(child)) {
+      commands[childPath] = command;
+    } else {
+      CollectCommands(dynamic_cast<const Namespace&>(*child), childPath, commands);
+    }
+  }
+}
+
+Input::Value PlausibleValue(const ParameterSpec& parameter) {
+  const auto& constraint = parameter.GetConstraint();
+  const auto names = [&parameter](const char* word) {
+    return parameter.GetName().find(word) != std::string::npos;
+  };
+  switch (parameter.GetType()) {
+    case ParameterType::kInt:
+      return constraint ? constraint->GetIntMin() : 1;
+    case ParameterType::kStringList:
+      return Strings{"dovra"};
+    case ParameterType::kString:
+      if (constraint) return constraint->GetStringEnums().back().first;
+      if (names("addr")) return names("v6") ? "ff02::1" : "224.0.0.1";
+      if (names("mode")) return "noAction";
+      return names("uuid") ? kUuid1 : "one";
+    default:
+      return true;
+  }
+}
+
+/// With what is required, with each other parameter beside that, with all; and with empty texts.
+std::vector<Given> PlausibleCalls(const InputSpec& spec) {
+  Given required, all, blank;
+  for (const auto& parameter : spec.GetParameters()) {
+    all.emplace_back(parameter->GetName(), PlausibleValue(*parameter));
+    if (!parameter->IsRequired()) continue;
+    required.push_back(all.back());
+    blank.push_back(all.back());
+    if (parameter->GetType() == ParameterType::kString) blank.back().second = "";
+  }
+  std::vector<Given> calls = {required, all, blank};
+  for (const auto& one : all) {
+    calls.push_back(required);
+    calls.back().push_back(one);
+  }
+  return calls;
+}
+
+constexpr unsigned kStates = 8;
+
+/// A library that has something of everything, in one of the states that commands tell apart.
+void Fill(RecordingLibrary& library, unsigned state) {
+  using namespace HostCtl::Dovra;
+  const DovraIpAddress v4(HostCtl::Network::Ipv4Address("224.0.0.1"));
+  const DovraIpAddress v6(HostCtl::Network::Ipv6Address("ff02::1"));
+  library.config.enabled = (state & 1) != 0;
+  library.isWitness = (state & 2) != 0;
+  library.knicInUseForDovra = (state & 4) != 0;
+  library.knics = {DovraKnicConfig2("one", v4, v6, v4, v6, 1, 2, 3, 4, true, true, "")};
+  library.unicastAgents = {kUuid1 + ";0;1;10.0.0.1;1;", kUuid2 + ";0;1;10.0.0.2;1;"};
+  library.removeUnicastAgentResult = false;
+  library.datastores = {{kUuid1, "one", true}};
+  library.luns = {{"one", kUuid1}};
+  library.serviceDisks = {kUuid2};
+  for (const auto& uuid : {kUuid1, kUuid2}) library.diskInfos[uuid].deviceName = "one";
+}
+
+/// The operations without their arguments, which may be random.
+Strings Names(const Strings& calls) {
+  Strings names;
+  for (const auto& call : calls) names.push_back(call.substr(0, call.find('(')));
+  return names;
+}
+
+/// Runs the call with `exception` thrown by the library's call at `place`.
+void CheckBroken(Command& command, const Given& given, unsigned state, const Strings& calls,
+                 std::size_t place, const std::exception_ptr& exception, const Failure* failure) {
+  RecordingLibrary library;
+  Fill(library, state);
+  library.exceptions[place] = exception;
+  try {
+    const Outcome outcome = Run(command, given);
+    ASSERT_NE(failure, nullptr) << "the exception was kept from the caller";
+    EXPECT_EQ(outcome.errors, Strings{failure->message});
+    const bool isLater =
+        !failure->laterCall.empty() && calls[place].starts_with(failure->laterCall);
+    EXPECT_THAT(outcome.root, testing::MatchesRegex(isLater ? failure->laterRoot : failure->root));
+  } catch (...) {
+    EXPECT_EQ(failure, nullptr);
+    EXPECT_EQ(std::current_exception(), exception) << "another one than was thrown";
+  }
+  EXPECT_EQ(Names(library.calls), Names({calls.begin(), calls.begin() + place + 1}));
+}
+
+/// Breaks every call in turn, in every different sequence of calls that the command can be brought
+/// to make. Returns the operations that it called.
+std::set<std::string> Sweep(Command& command, const Failure& failure) {
+  std::set<Strings> sequences;
+  std::set<std::string> operations;
+  for (const Given& given : PlausibleCalls(*command.GetInputSpec())) {
+    for (unsigned state = 0; state < kStates; ++state) {
+      Strings calls;
+      {
+        RecordingLibrary library;
+        Fill(library, state);
+        Run(command, given);
+        calls = library.calls;
+      }
+      const Strings names = Names(calls);
+      operations.insert(names.begin(), names.end());
+      if (!sequences.insert(names).second) continue;
+      for (std::size_t place = 0; place < calls.size(); ++place) {
+        SCOPED_TRACE(calls[place]);
+        using HostCtl::Lib::Dovra::DovraCtlException;
+        CheckBroken(command, given, state, calls, place,
+                    std::make_exception_ptr(DovraCtlException("broken")), &failure);
+        for (const auto& other :
+             {std::make_exception_ptr(std::runtime_error("another")), std::make_exception_ptr(7)}) {
+          CheckBroken(command, given, state, calls, place, other, nullptr);
+        }
+      }
+    }
+  }
+  return operations;
+}
+
+TEST(Sweep, EveryCommandStandsEveryFailure) {
+  Host::traceConfiguration = "/dev/null";
+  const auto root = Namespace::New();
+  AutoCli_RegisterNamespaces(root);
+  std::map<std::string, std::shared_ptr<Command>> commands;
+  CollectCommands(dynamic_cast<Namespace&>(*root->GetNamespaceNode("dovra")), "", commands);
+  std::set<std::string> operations;
+  for (const auto& [path, command] : commands) {
+    SCOPED_TRACE(path);
+    const auto failure = kFailures.find(path);
+    if (failure == kFailures.end()) {
+      ADD_FAILURE() << "say in kFailures what this command leaves when it fails";
+      continue;
+    }
+    const auto called = Sweep(*command, failure->second);
+    EXPECT_FALSE(called.empty()) << "no call was found that reaches the control library";
+    operations.insert(called.begin(), called.end());
+  }
+  for (const auto& [path, failure] : kFailures) {
+    EXPECT_TRUE(commands.contains(path)) << path << " is no command";
+  }
+  EXPECT_THAT(operations, testing::UnorderedElementsAreArray(Lab::kOperations));
+}
+
+}  // namespace
+
+}  // namespace Testing
