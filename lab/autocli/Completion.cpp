@@ -29,9 +29,9 @@ namespace {
 
 using Candidates = std::vector<Candidate>;
 
-// The scripts cut the words out of what autocli prints, so that they need not know how the shell
-// quotes; bash alone is told which part of a word it will put in, as it breaks words at ":" and "="
-// too.
+// The scripts hand over the line as it was typed, and autocli takes it apart, so that none of them
+// has to undo quotes. bash breaks words at ":" and "=" too, and wants only what follows the last
+// break; it alone keeps variables that are set before the command to itself.
 constexpr const char* kBash = R"(# bash completion for autocli
 _autocli() {
     local LC_ALL=C line word typed kept= breaks=${COMP_WORDBREAKS//[^:=]/}

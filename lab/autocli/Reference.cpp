@@ -106,9 +106,8 @@ void WriteProgram(ManualPage& page) {
   page.Section("Description");
   page.Paragraph(
       "autocli loads plug-ins and runs their commands on a stand-in host. The hosts, their "
-      "clusters "
-      "and disks are kept in a folder, the lab, which is made on first use: nothing outside of it "
-      "is changed.");
+      "clusters and disks are kept in a folder, the lab, which is made on first use. Nothing "
+      "outside of it is changed.");
   page.Paragraph(
       "A result goes to standard output, each error to standard error on a line of its own. A "
       "command that fails may leave a result all the same.");

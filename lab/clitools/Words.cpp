@@ -27,7 +27,7 @@ class Scanner {
   void Take(char c) {
     if (afterSlash) {
       afterSlash = false;
-      // Between double quotes a backslash is one, unless it keeps a quote or another from its work.
+      // Between double quotes it escapes only what would have a meaning there.
       if (quote == '"' && c != '"' && c != '\\') Append('\\');
       Append(c);
     } else if (c == '\\' && quote != '\'') {

@@ -39,6 +39,7 @@ std::string ReadOwner(const fs::path& root) {
 }
 
 void WriteOwner(const fs::path& root, const std::string& uuid) {
+  fs::create_directories((root / kOwnerFile).parent_path());
   std::ofstream file(root / kOwnerFile);
   file << uuid << '\n';
   file.close();
@@ -97,8 +98,10 @@ void Refuse(const std::string& reason) {
 fs::path PrepareRoot(const HostRow& host) {
   fs::path root = Selected().folder / "hosts" / host.name;
   try {
-    const bool isOwn = ReadOwner(root) == host.uuid;
-    if (!isOwn) fs::remove_all(root);
+    if (ReadOwner(root) != host.uuid) {
+      fs::remove_all(root);
+      WriteOwner(root, host.uuid);
+    }
     for (const auto& entry : fs::recursive_directory_iterator(Selected().hostFiles)) {
       const fs::path target = root / fs::relative(entry.path(), Selected().hostFiles);
       if (entry.is_directory()) {
@@ -107,7 +110,6 @@ fs::path PrepareRoot(const HostRow& host) {
         CopyFile(entry.path(), target);
       }
     }
-    if (!isOwn) WriteOwner(root, host.uuid);
   } catch (const fs::filesystem_error& error) {
     throw LabError("the root folder of host \"" + host.name + "\" cannot be made: " + error.what());
   }

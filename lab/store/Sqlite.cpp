@@ -24,7 +24,7 @@ int WaitForOthers(void*, int pauses) {
 
 /// What went wrong, and where the system refused to open, read or write, why it did.
 std::string Reason(sqlite3* handle) {
-  const std::string reason = sqlite3_errmsg(handle);
+  std::string reason = sqlite3_errmsg(handle);
   const int code = sqlite3_errcode(handle) & 0xFF;
   if (code != SQLITE_IOERR && code != SQLITE_CANTOPEN) return reason;
   int error = sqlite3_system_errno(handle);

@@ -48,8 +48,8 @@ void CheckIsLab(Database& database, const fs::path& file) {
     throw LabError("the lab's store \"" + file.string() + "\" cannot be written");
   }
   // SQLite takes a page that is cut off for one that ends in zeros.
-  const std::int64_t pageSize = ReadPragma(database, "PRAGMA page_size");
-  if (fs::file_size(file) % static_cast<std::uintmax_t>(pageSize) != 0) {
+  const auto pageSize = static_cast<std::uintmax_t>(ReadPragma(database, "PRAGMA page_size"));
+  if (pageSize == 0 || fs::file_size(file) % pageSize != 0) {
     throw LabError("the lab's store \"" + file.string() + "\" is damaged: its end is missing");
   }
 }
@@ -62,7 +62,7 @@ Store::Store(const fs::path& folder) : folder_(folder) {
   if (!fs::exists(file)) Make(file);
   database_.emplace(file.string(), false);
   {
-    Transaction atRest(*this, Transaction::Kind::kRead);
+    const Transaction atRest(*this, Transaction::Kind::kRead);
     CheckIsLab(*database_, file);
   }
   database_->Execute("PRAGMA foreign_keys = ON");

@@ -72,11 +72,12 @@ exit\n'
 
 @test "the scripts of the other shells are ones that they understand" {
     for shell in zsh fish; do
-        command -v $shell >/dev/null || continue
-        "$AUTOCLI" --completion $shell >"$BATS_TEST_TMPDIR/script"
-        $shell -n "$BATS_TEST_TMPDIR/script"
+        command -v $shell >/dev/null || skip "there is no $shell to try its script"
+        "$AUTOCLI" --completion $shell >"$BATS_TEST_TMPDIR/$shell"
+        $shell -n "$BATS_TEST_TMPDIR/$shell"
     done
-    command -v zsh fish >/dev/null || skip "zsh or fish is not there: its script was not tried"
-    output=$(fish --no-config -c 'source; complete --do-complete "$AUTOCLI dovra storage tag add --tag c"' <"$BATS_TEST_TMPDIR/script")
+    cd "$BATS_TEST_TMPDIR"
+    # shellcheck disable=SC2016
+    output=$(fish --no-config -c 'source fish; complete --do-complete "$AUTOCLI dovra storage tag add --tag c"')
     [[ $output == $'capacityFlash\tTag for capacity flash.' ]]
 }

@@ -37,7 +37,7 @@ bool IsLetter(char c) {
   return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9');
 }
 
-/// Of what the text says, all that a specification can have: no name or letter twice.
+/// Of what the text says, all that a command can declare: no name or letter twice.
 InputSpec ReadSpec(const std::string& text) {
   InputSpec spec;
   Fuzz::Parts parts(text, ',');

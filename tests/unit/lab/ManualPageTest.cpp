@@ -32,9 +32,9 @@ TEST(ManualPage, EscapesWhatMarkdownWouldActOn) {
        "\\- no item<br>\n12\\. nor this<br>\n3\\)that<br>\n4 is none"},
       {"+a\n\n  ==\n7", "\\+a<br>\n\\==<br>\n7"},
   };
-  for (const auto& [text, expected] : paragraphs) {
-    EXPECT_EQ(added([&](ManualPage& page) { page.Paragraph(text); }),
-              '\n' + std::string(expected) + '\n');
+  for (const auto& paragraph : paragraphs) {
+    EXPECT_EQ(added([&](ManualPage& page) { page.Paragraph(paragraph.first); }),
+              '\n' + std::string(paragraph.second) + '\n');
   }
   EXPECT_EQ(added([](ManualPage& page) { page.Paragraph(""); }), "");
   EXPECT_EQ(added([](ManualPage& page) { page.Code("a | b_c"); }), "\n```\na | b_c\n```\n");

@@ -37,6 +37,4 @@ TEST(PolicyCommands, HandOneRequestToTheLibrary) {
   Check<PolicyClearDefault>({}, {}, kOpen + Strings{"ClearPolicyDefaults()"}, kTrue);
 }
 
-// An explanation is a single line; the third one has a note below it.
-
 }  // namespace
