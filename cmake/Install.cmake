@@ -54,3 +54,7 @@ endfunction()
 lab_completion(bash bash-completion/completions/autocli)
 lab_completion(zsh zsh/vendor-completions/_autocli)
 lab_completion(fish fish/vendor_completions.d/autocli.fish)
+
+# All of the above, without the tests.
+add_custom_target(installed DEPENDS
+  dovra autocli autocli.1 dovra.7 bash_completion zsh_completion fish_completion)

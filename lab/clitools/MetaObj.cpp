@@ -8,7 +8,10 @@ MetaObject::~MetaObject() = default;
 
 MetaString::MetaString(std::string value)
     : MetaObject(MetaType::kString), value_(std::move(value)) {}
+// Values never change, so those that make up most of a record are made only once.
 std::shared_ptr<MetaString> MetaString::New(std::string value) {
+  static const auto empty = std::make_shared<MetaString>(std::string());
+  if (value.empty()) return empty;
   return std::make_shared<MetaString>(std::move(value));
 }
 
@@ -19,7 +22,9 @@ std::shared_ptr<MetaInt> MetaInt::New(std::int64_t value) {
 
 MetaBool::MetaBool(bool value) : MetaObject(MetaType::kBool), value_(value) {}
 std::shared_ptr<MetaBool> MetaBool::New(bool value) {
-  return std::make_shared<MetaBool>(value);
+  static const auto yes = std::make_shared<MetaBool>(true);
+  static const auto no = std::make_shared<MetaBool>(false);
+  return value ? yes : no;
 }
 
 MetaStruct::MetaStruct(std::string name) : MetaObject(MetaType::kStruct), name_(std::move(name)) {}

@@ -74,24 +74,31 @@ void Store::Make(const fs::path& file) {
   // matter how many processes make the store, or at which point one of them dies.
   const fs::path draft = file.string() + ".new";
   database_.emplace(draft.string(), true);
-  while (true) {
-    Transaction transaction(*this, Transaction::Kind::kWrite);
-    std::error_code error;
-    if (fs::exists(file)) {
-      fs::remove(draft, error);  // if there is one, it was begun after the store had been made
-      break;
-    }
-    if (ReadPragma(*database_, "PRAGMA application_id") == kApplicationId) {
-      fs::rename(draft, file, error);
-      if (!error) break;
-      throw LabError("the lab's store \"" + file.string() +
-                     "\" cannot be made: " + error.message());
-    }
-    database_->Execute(kSchema);
-    AddHost("host1");
-    transaction.Commit();
+  try {
+    while (!TakeStep(draft, file)) continue;
+  } catch (const LabError&) {
+    // A draft that was begun late is taken away under its maker's hands.
+    if (!fs::exists(file)) throw;
   }
   database_.reset();
+}
+
+bool Store::TakeStep(const fs::path& draft, const fs::path& file) {
+  Transaction transaction(*this, Transaction::Kind::kWrite);
+  std::error_code error;
+  if (fs::exists(file)) {
+    fs::remove(draft, error);  // if there is one, it was begun when the store had its name already
+    return true;
+  }
+  if (ReadPragma(*database_, "PRAGMA application_id") == kApplicationId) {
+    fs::rename(draft, file, error);
+    if (!error) return true;
+    throw LabError("the lab's store \"" + file.string() + "\" cannot be made: " + error.message());
+  }
+  database_->Execute(kSchema);
+  AddHost("host1");
+  transaction.Commit();
+  return false;
 }
 
 void Store::Reset() {

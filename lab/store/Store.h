@@ -207,6 +207,8 @@ class Store {
 
  private:
   void Make(const std::filesystem::path& file);
+  /// Brings the store in the making one step further; returns whether it was the last.
+  bool TakeStep(const std::filesystem::path& draft, const std::filesystem::path& file);
 
   std::filesystem::path folder_;
   std::optional<Database> database_;
