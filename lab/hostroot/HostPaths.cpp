@@ -17,8 +17,12 @@ std::string NotifyDatastoreScript() {
   return Below("usr/lib/orvane/hostmgrd/bin/notifyDatastore.py");
 }
 
-std::string TraceConfiguration() { return Below("etc/orvane/dovra/dovratraced.conf"); }
+std::string TraceConfiguration() {
+  return Below("etc/orvane/dovra/dovratraced.conf");
+}
 
-std::string TraceInitScript() { return Below("etc/init.d/dovratraced"); }
+std::string TraceInitScript() {
+  return Below("etc/init.d/dovratraced");
+}
 
 }  // namespace OrvaneCli::DovraNamespace::HostPaths
