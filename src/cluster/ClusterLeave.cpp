@@ -5,7 +5,6 @@
 
 namespace OrvaneCli::DovraNamespace {
 
-using HostCtl::Dovra::DovraDatastore;
 using HostCtl::Dovra::DovraInfo;
 
 namespace {
