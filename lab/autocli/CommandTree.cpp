@@ -1,5 +1,6 @@
 #include "autocli/CommandTree.h"
 
+#include "baselibs/Text.h"
 #include "clitools/Help.h"
 #include "clitools/Suggest.h"
 #include "clitools/Text.h"
@@ -91,7 +92,7 @@ void RefuseWord(const CommandSpec& space, const std::string& word) {
   const std::string suggestion = CliTools::DidYouMean(WhatWasMeant(space, word));
   throw UsageError((path.empty() ? "" : path + ": ") + "there is no " + CliTools::Quote(word) +
                    (suggestion.empty() ? "" : "; " + suggestion) +
-                   " (known here: " + CliTools::Join(ChildNames(space), ", ") + ")");
+                   " (known here: " + BaseLibs::Join(ChildNames(space), ", ") + ")");
 }
 
 }  // namespace AutoCliProgram

@@ -1,10 +1,10 @@
 #include "autocli/Options.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <utility>
 
 #include "autocli/Reference.h"
+#include "baselibs/Environment.h"
 #include "clitools/CommandLine.h"
 #include "clitools/Format.h"
 #include "clitools/Help.h"
@@ -12,6 +12,7 @@
 
 namespace AutoCliProgram {
 
+using BaseLibs::Environment;
 using CliTools::UsageError;
 using CliTools::CallSpec::Input;
 using CliTools::CallSpec::InputSpec;
@@ -80,11 +81,6 @@ std::size_t CountOptionWords(const std::vector<std::string>& words) {
     count += TakesNextWord(words[count]) ? 2 : 1;
   }
   return std::min(count, words.size());
-}
-
-std::string Environment(const char* name) {
-  const char* const value = std::getenv(name);
-  return value == nullptr ? "" : value;
 }
 
 /// Takes the option's value over, if it was given.

@@ -4,6 +4,7 @@
 
 #include "autocli/Examples.h"
 #include "autocli/Options.h"
+#include "baselibs/Text.h"
 #include "clitools/CommandLine.h"
 #include "clitools/Help.h"
 #include "clitools/ManualPage.h"
@@ -61,7 +62,7 @@ std::string WhatItDoes(Command& command) {
   return (command.GetMetaDataField("type") == "fetcher" ? "It only reads. "
                                                         : "It changes state. ") +
          ("Prints " + result.words) + (result.fields.empty() ? "" : " ") +
-         CliTools::Join(result.fields, ", ") + '.';
+         BaseLibs::Join(result.fields, ", ") + '.';
 }
 
 void WriteCommand(ManualPage& page, Command& command) {

@@ -10,6 +10,7 @@
 #include "autocli/Reference.h"
 #include "autocli/Spinner.h"
 #include "autocli/Terminal.h"
+#include "baselibs/Text.h"
 #include "clitools/CommandLine.h"
 #include "clitools/Format.h"
 #include "clitools/Help.h"
@@ -97,7 +98,7 @@ std::string ChooseFormatter(const Command& command, const MetaObject* layout,
   if (layout != nullptr && !CliTools::CanShow(wanted, *layout)) {
     throw UsageError("--formatter: " + CliTools::Quote(wanted) +
                      " cannot show this command's result; allowed: " +
-                     CliTools::Join(CliTools::FormattersFor(*layout), ", "));
+                     BaseLibs::Join(CliTools::FormattersFor(*layout), ", "));
   }
   return wanted;
 }
@@ -142,7 +143,7 @@ ExitStatus RunCommand(Command& command, const std::vector<std::string>& words,
 [[noreturn]] void RefuseMissingCommand(const CommandSpec& space) {
   const std::string path = CliTools::PathOf(space);
   throw UsageError((path.empty() ? "" : path + ": ") +
-                   "a command is missing; known here: " + CliTools::Join(ChildNames(space), ", ") +
+                   "a command is missing; known here: " + BaseLibs::Join(ChildNames(space), ", ") +
                    " (more: autocli " + (path.empty() ? "" : path + ' ') + "--help)");
 }
 

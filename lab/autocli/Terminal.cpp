@@ -5,26 +5,16 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <cstdlib>
-#include <string_view>
 
+#include "baselibs/Environment.h"
 #include "store/Sqlite.h"
 
 namespace AutoCliProgram {
 
-namespace {
-
-std::string_view Environment(const char* name) {
-  const char* const value = std::getenv(name);
-  return value == nullptr ? "" : value;
-}
-
-}  // namespace
-
 bool IsDressed(int descriptor) {
   if (isatty(descriptor) == 0) return false;
-  const std::string_view terminal = Environment("TERM");
-  return !terminal.empty() && terminal != "dumb" && Environment("NO_COLOR").empty();
+  const std::string terminal = BaseLibs::Environment("TERM");
+  return !terminal.empty() && terminal != "dumb" && BaseLibs::Environment("NO_COLOR").empty();
 }
 
 std::size_t ColumnsOf(int descriptor) {

@@ -7,11 +7,13 @@
 #include <charconv>
 #include <string_view>
 
+#include "baselibs/Text.h"
 #include "clitools/Suggest.h"
 #include "clitools/Text.h"
 
 namespace CliTools {
 
+using BaseLibs::Join;
 using CallSpec::Input;
 using CallSpec::InputSpec;
 using CallSpec::ParameterConstraint;

@@ -3,12 +3,15 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "baselibs/Text.h"
 #include "clitools/Formatters.h"
 #include "clitools/Suggest.h"
 #include "clitools/Text.h"
 #include "clitools/UsageError.h"
 
 namespace CliTools {
+
+using BaseLibs::Join;
 
 namespace {
 

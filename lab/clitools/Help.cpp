@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "baselibs/Text.h"
 #include "clitools/CommandLine.h"
 #include "clitools/Format.h"
 #include "clitools/Text.h"
@@ -11,6 +12,7 @@ namespace CliTools {
 using AutoCli::Command;
 using AutoCli::CommandSpec;
 using AutoCli::NamespaceNode;
+using BaseLibs::Join;
 using CallSpec::ParameterSpec;
 using CallSpec::ParameterType;
 using MetaObj::MetaList;

@@ -4,9 +4,12 @@
 #include <cctype>
 #include <string_view>
 
+#include "baselibs/Text.h"
 #include "clitools/Text.h"
 
 namespace CliTools {
+
+using BaseLibs::Join;
 
 namespace {
 

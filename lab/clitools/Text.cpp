@@ -117,15 +117,6 @@ std::string Caption(const std::string& text, const Style& style) {
   return style.bold && !text.empty() ? "\x1b[1m" + text + "\x1b[0m" : text;
 }
 
-std::string Join(const std::vector<std::string>& texts, std::string_view separator) {
-  std::string joined;
-  for (const std::string& text : texts) {
-    if (&text != &texts.front()) joined += separator;
-    joined += text;
-  }
-  return joined;
-}
-
 std::string WrapItems(const std::vector<std::string>& items, std::size_t indent,
                       std::size_t width) {
   std::string lines;

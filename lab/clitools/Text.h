@@ -59,8 +59,6 @@ struct Style {
 /// The text of a caption.
 std::string Caption(const std::string& text, const Style& style);
 
-std::string Join(const std::vector<std::string>& texts, std::string_view separator);
-
 /// Lines of at most `width` columns, each begun by `indent` blanks and ended by a newline. An item
 /// is never broken, even if it is wider than the line.
 std::string WrapItems(const std::vector<std::string>& items, std::size_t indent, std::size_t width);

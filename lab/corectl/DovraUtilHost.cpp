@@ -1,14 +1,8 @@
 // The utilities that tell of the host, or act on it.
 
-#include <fcntl.h>
-#include <spawn.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <array>
-#include <cerrno>
 #include <ctime>
 
+#include "baselibs/Process.h"
 #include "corectl/Clusters.h"
 #include "corectl/LabHost.h"
 #include "platform/corectl/DovraUtil.h"
@@ -95,24 +89,8 @@ void DovraUtil::DecomCancel() {
 int DovraUtil::DovraExec(const std::string& command, const std::string& argument, bool, bool,
                          bool) {
   LabHost::Current().FailIfTold("DovraExec");
-  std::string program = command;
-  std::string word = argument;
-  const std::array<char*, 3> words = {program.data(), word.data(), nullptr};
   // What the program says is for its log; the caller judges by its status.
-  posix_spawn_file_actions_t actions;
-  posix_spawn_file_actions_init(&actions);
-  posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
-  posix_spawn_file_actions_adddup2(&actions, STDOUT_FILENO, STDERR_FILENO);
-  pid_t child = 0;
-  const int failure =
-      posix_spawn(&child, command.c_str(), &actions, nullptr, words.data(), environ);
-  posix_spawn_file_actions_destroy(&actions);
-  if (failure != 0) return -1;
-  int status = 0;
-  while (waitpid(child, &status, 0) < 0) {
-    if (errno != EINTR) return -1;
-  }
-  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  return BaseLibs::RunProgram({command, argument}).status;
 }
 
 }  // namespace CoreCtl::Dovra

@@ -4,6 +4,7 @@
 #include <array>
 #include <utility>
 
+#include "baselibs/Text.h"
 #include "platform/corectl/DovraUtil.h"
 
 namespace CoreCtl::Dovra {
@@ -82,11 +83,9 @@ DovraPolicyClass DovraUtil::StringToDovraPolicyClass(const std::string& text) {
   for (const auto& [policyClass, name] : kPolicyClasses) {
     if (text == name) return policyClass;
   }
-  std::string names;
-  for (const auto& [policyClass, name] : kPolicyClasses) {
-    names += (names.empty() ? "" : ", ") + std::string(name);
-  }
-  throw DovraCtlException("Unknown policy class \"" + text + "\"; the classes are " + names + ".");
+  throw DovraCtlException(
+      "Unknown policy class \"" + text + "\"; the classes are " +
+      BaseLibs::Join(kPolicyClasses, ", ", &decltype(kPolicyClasses)::value_type::second) + ".");
 }
 
 std::string DovraUtil::DovraPolicyClassToString(DovraPolicyClass policyClass) {

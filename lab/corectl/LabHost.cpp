@@ -7,6 +7,8 @@
 #include <optional>
 #include <system_error>
 
+#include "baselibs/Text.h"
+
 namespace Lab {
 
 namespace fs = std::filesystem;
@@ -57,8 +59,7 @@ void CopyFile(const fs::path& from, const fs::path& to) {
 }  // namespace
 
 std::string UnknownHostMessage(Store& store, const std::string& name) {
-  std::string names;
-  for (const HostRow& host : store.ListHosts()) names += (names.empty() ? "" : ", ") + host.name;
+  const std::string names = BaseLibs::Join(store.ListHosts(), ", ", &HostRow::name);
   return "no host \"" + name + "\" in this lab; " +
          (names.empty() ? "it has none" : "its hosts are: " + names);
 }

@@ -4,6 +4,7 @@
 #include <cctype>
 #include <optional>
 
+#include "baselibs/Text.h"
 #include "corectl/LabHost.h"
 #include "platform/corectl/DovraUtil.h"
 #include "store/NewUuid.h"
@@ -43,10 +44,8 @@ bool IsUnspecified(const DovraIpAddress& address) {
 void RequireInterface(Store& store, const HostRow& host, const std::string& name) {
   const auto names = store.ListInterfaces(host.id);
   if (std::ranges::find(names, name) != names.end()) return;
-  std::string known;
-  for (const std::string& one : names) known += (known.empty() ? "" : ", ") + one;
   Refuse("Host " + host.name + " has no interface \"" + name + "\"; it has " +
-         (known.empty() ? "none" : known) + ".");
+         (names.empty() ? "none" : BaseLibs::Join(names, ", ")) + ".");
 }
 
 void RequireRange(const char* what, std::int64_t value, std::int64_t least, std::int64_t most) {

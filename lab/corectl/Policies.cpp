@@ -1,10 +1,12 @@
 #include "corectl/Policies.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstdint>
 #include <set>
 #include <string_view>
 
+#include "baselibs/Text.h"
 #include "corectl/LabHost.h"
 
 namespace Lab {
@@ -27,13 +29,10 @@ constexpr Attribute kAttributes[] = {
 };
 
 const Attribute& RequireAttribute(std::string_view name) {
-  std::string known;
-  for (const Attribute& attribute : kAttributes) {
-    if (attribute.name == name) return attribute;
-    known += (known.empty() ? "" : ", ") + std::string(attribute.name);
-  }
-  Refuse("Unknown policy attribute \"" + std::string(name) + "\"; the attributes are " + known +
-         ".");
+  const auto* const known = std::ranges::find(kAttributes, name, &Attribute::name);
+  if (known != std::end(kAttributes)) return *known;
+  Refuse("Unknown policy attribute \"" + std::string(name) + "\"; the attributes are " +
+         BaseLibs::Join(kAttributes, ", ", &Attribute::name) + ".");
 }
 
 [[noreturn]] void RefuseValue(const Attribute& attribute, std::string_view value,

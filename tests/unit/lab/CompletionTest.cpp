@@ -1,12 +1,14 @@
 #include <gtest/gtest.h>
 
 #include "Tree.h"
+#include "baselibs/Text.h"
 #include "clitools/Completion.h"
 #include "clitools/Text.h"
 
 namespace {
 
 using namespace CliTools;
+using BaseLibs::Join;
 using Words = std::vector<std::string>;
 
 TEST(Completion, OffersWhatMayFollow) {

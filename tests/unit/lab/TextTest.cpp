@@ -2,12 +2,14 @@
 
 #include <cstdlib>
 
+#include "baselibs/Text.h"
 #include "clitools/Suggest.h"
 #include "clitools/Text.h"
 
 namespace {
 
 using namespace CliTools;
+using BaseLibs::Join;
 using namespace std::string_literals;
 using Names = std::vector<std::string>;
 

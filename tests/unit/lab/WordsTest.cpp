@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "baselibs/Text.h"
 #include "clitools/Text.h"
 #include "clitools/UsageError.h"
 #include "clitools/Words.h"
@@ -7,6 +8,7 @@
 namespace {
 
 using namespace CliTools;
+using BaseLibs::Join;
 
 std::string Split(std::string_view line) try {
   std::string text;

@@ -1,0 +1,43 @@
+#include <gmock/gmock.h>
+#include <signal.h>
+
+#include <string>
+#include <vector>
+
+#include "baselibs/Process.h"
+
+namespace BaseLibs {
+namespace {
+
+struct Case {
+  const char* line;
+  int status;
+  std::string output;
+};
+
+TEST(ProcessTest, TellsHowTheProgramEndedAndWhatItSaid) {
+  const Case cases[] = {
+      {"echo said; echo complained >&2; exit 7", 7, "said\ncomplained\n"},
+      {"read -r one; read -r two; echo \"$two\"; read -r three", 1, "b\n"},
+      {"kill -9 $$", 128 + 9, ""},
+      {"head -c 100000 /dev/zero | tr '\\0' x", 0, std::string(100000, 'x')},
+  };
+  for (const auto callers : {SIG_DFL, SIG_IGN}) {  // a shell may have left SIGCHLD ignored
+    signal(SIGCHLD, callers);
+    for (const Case& one : cases) {
+      const Outcome outcome = RunProgram({"/bin/sh", "-c", one.line}, "a\nb\n");
+      EXPECT_EQ(outcome.status, one.status) << one.line;
+      EXPECT_EQ(outcome.output, one.output) << one.line;
+    }
+    EXPECT_EQ(signal(SIGCHLD, SIG_DFL), callers);
+  }
+  EXPECT_EQ(RunProgram({"/nonexistent"}).status, -1);
+}
+
+TEST(ProcessTest, WaitsForTheProgramAndNotForWhatItLeavesRunning) {
+  const Outcome outcome = RunProgram({"/bin/sh", "-c", "sleep 1000 & echo $!"});
+  EXPECT_EQ(kill(std::stoi(outcome.output), SIGKILL), 0);  // else it had run to its end
+}
+
+}  // namespace
+}  // namespace BaseLibs
