@@ -1,5 +1,7 @@
 // The utilities that need no host: texts to values and back.
 
+#include <uuid/uuid.h>
+
 #include <algorithm>
 #include <array>
 #include <utility>
@@ -14,20 +16,6 @@ using HostCtl::Dovra::Uuid;
 using HostCtl::Lib::Dovra::DovraCtlException;
 
 namespace {
-
-constexpr std::size_t kUuidLength = 36;
-
-bool IsHyphenPlace(std::size_t place) {
-  return place == 8 || place == 13 || place == 18 || place == 23;
-}
-
-/// The digit's value, or -1 if it is none.
-int HexValue(char digit) {
-  if (digit >= '0' && digit <= '9') return digit - '0';
-  if (digit >= 'a' && digit <= 'f') return digit - 'a' + 10;
-  if (digit >= 'A' && digit <= 'F') return digit - 'A' + 10;
-  return -1;
-}
 
 constexpr std::array<std::pair<DovraPolicyClass, const char*>, 5> kPolicyClasses = {{
     {DovraPolicyClass::kCluster, "cluster"},
@@ -46,36 +34,19 @@ std::size_t DovraUtil::UTF8StringCharLength(const std::string& text) {
 }
 
 Uuid DovraUtil::StringToDovraUuid(const std::string& text) {
-  const auto refuse = [&text] {
-    return DovraCtlException("\"" + text +
-                             "\" is not a UUID: expected 36 characters of the form "
-                             "nnnnnnnn-nnnn-nnnn-nnnn-nnnnnnnnnnnn, each n a hexadecimal digit.");
-  };
-  if (text.size() != kUuidLength) throw refuse();
   Uuid uuid;
-  std::size_t digits = 0;
-  for (std::size_t place = 0; place < kUuidLength; ++place) {
-    if (IsHyphenPlace(place)) {
-      if (text[place] != '-') throw refuse();
-      continue;
-    }
-    const int value = HexValue(text[place]);
-    if (value < 0) throw refuse();
-    auto& byte = uuid.bytes[digits++ / 2];
-    byte = static_cast<std::uint8_t>(unsigned{byte} << 4U | static_cast<unsigned>(value));
+  // By its length too: a text that goes on behind a zero byte is not the UUID before it.
+  if (text.size() != UUID_STR_LEN - 1 || uuid_parse(text.c_str(), uuid.bytes.data()) != 0) {
+    throw DovraCtlException("\"" + text +
+                            "\" is not a UUID: expected 36 characters of the form "
+                            "nnnnnnnn-nnnn-nnnn-nnnn-nnnnnnnnnnnn, each n a hexadecimal digit.");
   }
   return uuid;
 }
 
 std::string DovraUtil::DovraUuidToString(const Uuid& uuid) {
-  constexpr const char* kDigits = "0123456789abcdef";
-  std::string text;
-  text.reserve(kUuidLength);
-  for (const std::uint8_t byte : uuid.bytes) {
-    if (IsHyphenPlace(text.size())) text += '-';
-    text += kDigits[byte >> 4U];
-    text += kDigits[byte & 0xFU];
-  }
+  char text[UUID_STR_LEN];
+  uuid_unparse_lower(uuid.bytes.data(), text);
   return text;
 }
 
