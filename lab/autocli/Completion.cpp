@@ -191,8 +191,9 @@ Candidates Datastores(Store& store, const HostRow& host) {
 
 Candidates Interfaces(Store& store, const HostRow& host) {
   Candidates candidates;
-  for (std::string& name : store.ListInterfaces(host.id))
-    candidates.push_back({std::move(name), ""});
+  for (auto& interface : store.ListInterfaces(host.id)) {
+    candidates.push_back({std::move(interface.name), ""});
+  }
   return candidates;
 }
 

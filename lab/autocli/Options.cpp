@@ -8,7 +8,7 @@
 #include "clitools/CommandLine.h"
 #include "clitools/Format.h"
 #include "clitools/Help.h"
-#include "store/Sqlite.h"
+#include "store/LabError.h"
 
 namespace AutoCliProgram {
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "store/Sqlite.h"
+#include "store/LabError.h"
 
 namespace AutoCliProgram {
 

@@ -7,7 +7,7 @@
 #include <cstdio>
 
 #include "baselibs/Environment.h"
-#include "store/Sqlite.h"
+#include "store/LabError.h"
 
 namespace AutoCliProgram {
 

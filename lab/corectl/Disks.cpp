@@ -1,12 +1,11 @@
 #include "corectl/Disks.h"
 
-#include <algorithm>
+#include <functional>
 #include <map>
-#include <set>
 
 #include "corectl/LabHost.h"
 #include "platform/corectl/DovraUtil.h"
-#include "store/NewUuid.h"
+#include "store/Uuids.h"
 
 namespace Lab {
 
@@ -30,8 +29,8 @@ DiskRow RequireDevice(Store& store, const HostRow& host, const std::string& devi
 /// The disks behind the group's flash device.
 std::vector<DiskRow> ListCapacityDisks(Store& store, const HostRow& host,
                                        const std::string& group) {
-  auto disks = store.ListDisks(host.id);
-  std::erase_if(disks, [&](const DiskRow& disk) { return disk.group != group || disk.IsCache(); });
+  auto disks = store.ListGroup(host.id, group);
+  std::erase_if(disks, std::mem_fn(&DiskRow::IsCache));
   return disks;
 }
 
@@ -49,9 +48,11 @@ void Claim(DiskRow& disk, const std::string& group, const std::string& groupName
 void Release(Store& store, const DiskRow& disk) {
   DiskRow empty;
   empty.id = disk.id;
+  empty.host = disk.host;
+  empty.device = disk.device;
   empty.flash = disk.flash;
   empty.capacityTag = disk.capacityTag;
-  store.SaveDisk(empty);
+  store.Save(empty);
 }
 
 void RequireEmpty(const DiskRow& disk) {
@@ -71,7 +72,7 @@ DiskRow TakeFronting(Store& store, const HostRow& host, const std::string& ssd) 
     Refuse("Disk " + Quoted(ssd) + " is tagged capacityFlash; it cannot front a disk group.");
   }
   Claim(disk, "", disk.device);
-  store.SaveDisk(disk);
+  store.Save(disk);
   return disk;
 }
 
@@ -139,7 +140,7 @@ void AddDisks(Store& store, const HostRow& host, const std::string& ssd,
              " is a flash device; to hold data it must be tagged capacityFlash.");
     }
     Claim(disk, fronting.uuid, fronting.device);
-    store.SaveDisk(disk);
+    store.Save(disk);
   }
 }
 
@@ -177,8 +178,7 @@ void RemoveCapacityDisk(Store& store, const HostRow& host, const DiskRow& disk) 
 }
 
 void RemoveGroup(Store& store, const HostRow& host, const DiskRow& fronting) {
-  for (const DiskRow& disk : ListCapacityDisks(store, host, fronting.uuid)) Release(store, disk);
-  Release(store, fronting);
+  for (const DiskRow& disk : store.ListGroup(host.id, fronting.uuid)) Release(store, disk);
 }
 
 void RemoveDiskOrGroup(Store& store, const HostRow& host, const DiskRow& disk) {
@@ -192,7 +192,7 @@ void RemoveDiskOrGroup(Store& store, const HostRow& host, const DiskRow& disk) {
 void SetMounted(Store& store, const HostRow& host, const DiskRow& disk, bool mounted) {
   std::vector<DiskRow> disks = {disk};
   if (disk.IsCache()) {
-    for (const DiskRow& behind : ListCapacityDisks(store, host, disk.uuid)) disks.push_back(behind);
+    disks = store.ListGroup(host.id, disk.uuid);
   } else if (mounted && !RequireDevice(store, host, disk.groupName).mounted) {
     Refuse("Disk group " + Quoted(disk.groupName) + " is not mounted; mount it by its ssd first.");
   }
@@ -202,7 +202,7 @@ void SetMounted(Store& store, const HostRow& host, const DiskRow& disk, bool mou
   }
   for (DiskRow& one : disks) {
     one.mounted = mounted;
-    store.SaveDisk(one);
+    store.Save(one);
   }
 }
 
@@ -215,16 +215,7 @@ void SetCapacityTag(Store& store, const HostRow& host, const std::string& device
            (tagged ? " is tagged capacityFlash already." : " is not tagged capacityFlash."));
   }
   disk.capacityTag = tagged;
-  store.SaveDisk(disk);
-}
-
-void CheckEvacuationMode(const std::string& mode) {
-  static constexpr const char* kModes[] = {"", "NoAction", "EnsureObjectAccessibility",
-                                           "EvacuateAllData"};
-  if (std::ranges::find(kModes, mode) == std::end(kModes)) {
-    Refuse("Unknown evacuation mode \"" + mode +
-           "\"; the modes are NoAction, EnsureObjectAccessibility and EvacuateAllData.");
-  }
+  store.Save(disk);
 }
 
 void PlugIn(Store& store, const HostRow& host, const std::string& device, bool flash) {
@@ -235,7 +226,7 @@ void PlugIn(Store& store, const HostRow& host, const std::string& device, bool f
   disk.host = host.id;
   disk.device = device;
   disk.flash = flash;
-  store.AddDisk(disk);
+  store.Save(disk);
   if (host.autoClaim) AutoClaim(store, host);
 }
 
@@ -251,7 +242,7 @@ void Generate(Store& store, const HostRow& host, std::int64_t count) {
     if (disk.flash) fronting = DiskRow();
     Claim(disk, fronting.uuid, disk.flash ? disk.device : fronting.device);
     if (disk.flash) fronting = disk;
-    store.AddDisk(disk);
+    store.Save(disk);
   }
 }
 

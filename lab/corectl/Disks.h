@@ -33,9 +33,6 @@ void SetMounted(Store& store, const HostRow& host, const DiskRow& disk, bool mou
 
 void SetCapacityTag(Store& store, const HostRow& host, const std::string& device, bool tagged);
 
-/// Refuses a mode that is none; the empty one is the default.
-void CheckEvacuationMode(const std::string& mode);
-
 /// Adds an empty disk to the host. With auto-claim on, this is the event at which the service
 /// claims what is empty.
 void PlugIn(Store& store, const HostRow& host, const std::string& device, bool flash);

@@ -4,6 +4,7 @@
 
 #include "baselibs/Process.h"
 #include "corectl/Clusters.h"
+#include "corectl/Hosts.h"
 #include "corectl/LabHost.h"
 #include "platform/corectl/DovraUtil.h"
 
@@ -22,17 +23,17 @@ void DovraUtil::GetInfoFromTavdir(std::vector<DovraMemberInfo>& members,
                                   std::string& backupUuid, std::string& maintenanceModeState) {
   LabHost::Current().Read("GetInfoFromTavdir", [&](Store& store, const HostRow& host) {
     const std::string uuid = Lab::RequireRunningMember(store, host).cluster;
-    const auto cluster = store.FindCluster(uuid);
+    const Lab::ClusterRow cluster = Lab::RequireCluster(store, uuid);
     const Lab::Membership membership = Lab::ReadMembership(store, uuid);
     members.clear();
-    for (const Lab::MemberRow& member : membership.members) members.push_back({member.hostUuid});
+    for (const Lab::Member& member : membership.members) members.push_back({member.host.uuid});
     localNodeUuid = host.uuid;
     localNodeState = host.uuid == membership.masterUuid   ? "MASTER"
                      : host.uuid == membership.backupUuid ? "BACKUP"
                                                           : "AGENT";
     localNodeHealthState = "HEALTHY";
-    membershipEntryRevision = static_cast<std::uint64_t>(cluster->revision);
-    membershipUuid = cluster->membershipUuid;
+    membershipEntryRevision = static_cast<std::uint64_t>(cluster.revision);
+    membershipUuid = cluster.membershipUuid;
     masterUuid = membership.masterUuid;
     backupUuid = membership.backupUuid;
     maintenanceModeState = host.enteringMaintenance ? "ENTERING" : "OFF";
@@ -70,8 +71,10 @@ bool DovraUtil::IsInStretchedCluster() {
 }
 
 std::string DovraUtil::GetFaultDomainId() {
-  return LabHost::Current().Read(
-      "GetFaultDomainId", [](Store&, const HostRow& host) { return Lab::FaultDomainId(host); });
+  return LabHost::Current().Read("GetFaultDomainId", [](Store&, const HostRow& host) {
+    // A host in none is one of its own.
+    return host.faultDomain.empty() ? host.uuid : Lab::FaultDomainId(host.faultDomain);
+  });
 }
 
 void DovraUtil::GetPreferredFaultDomainInfo(std::string& id, std::string& name) {

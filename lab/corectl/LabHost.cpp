@@ -1,13 +1,13 @@
 #include "corectl/LabHost.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <fstream>
-#include <memory>
 #include <optional>
 #include <system_error>
 
 #include "baselibs/Text.h"
+#include "corectl/Hosts.h"
+#include "hostroot/HostRoot.h"
+#include "store/LabFolder.h"
 
 namespace Lab {
 
@@ -25,35 +25,6 @@ struct Session {
 Session& CurrentSession() {
   static Session session;
   return session;
-}
-
-const Selection& Selected() {
-  return CurrentSession().selection;
-}
-
-/// The file in a host's root that tells whose root it is: another host may have had its name.
-constexpr const char* kOwnerFile = "etc/orvane/host-uuid";
-
-std::string ReadOwner(const fs::path& root) {
-  std::string uuid;
-  std::ifstream(root / kOwnerFile) >> uuid;
-  return uuid;
-}
-
-void WriteOwner(const fs::path& root, const std::string& uuid) {
-  fs::create_directories((root / kOwnerFile).parent_path());
-  std::ofstream file(root / kOwnerFile);
-  file << uuid << '\n';
-  file.close();
-  if (file) return;
-  throw fs::filesystem_error("cannot write", root / kOwnerFile, {errno, std::generic_category()});
-}
-
-/// Copies under another name first: a file with its own name is complete.
-void CopyFile(const fs::path& from, const fs::path& to) {
-  const fs::path draft = to.string() + ".new";
-  fs::copy_file(from, draft, fs::copy_options::overwrite_existing);
-  fs::rename(draft, to);
 }
 
 }  // namespace
@@ -81,54 +52,24 @@ void Select(Selection selection) {
   session.selection = std::move(selection);
 }
 
+const Selection& Selected() {
+  return CurrentSession().selection;
+}
+
 bool IsMade() {
   std::error_code ignored;
-  return fs::exists(Selected().folder / "lab.db", ignored);
+  return fs::exists(Selected().folder / kStoreFile, ignored);
 }
 
 Store& OpenStore() {
   Session& session = CurrentSession();
-  if (!session.store) session.store.emplace(session.selection.folder);
+  if (!session.store)
+    session.store.emplace(session.selection.folder, NewLab{FillNewLab, SettleRoots});
   return *session.store;
 }
 
 void Refuse(const std::string& reason) {
   throw HostCtl::Lib::Dovra::DovraCtlException(reason);
-}
-
-fs::path PrepareRoot(const HostRow& host) {
-  fs::path root = Selected().folder / "hosts" / host.name;
-  try {
-    if (ReadOwner(root) != host.uuid) {
-      fs::remove_all(root);
-      WriteOwner(root, host.uuid);
-    }
-    for (const auto& entry : fs::recursive_directory_iterator(Selected().hostFiles)) {
-      const fs::path target = root / fs::relative(entry.path(), Selected().hostFiles);
-      if (entry.is_directory()) {
-        fs::create_directories(target);
-      } else if (!fs::exists(target)) {
-        CopyFile(entry.path(), target);
-      }
-    }
-  } catch (const fs::filesystem_error& error) {
-    throw LabError("the root folder of host \"" + host.name + "\" cannot be made: " + error.what());
-  }
-  return root;
-}
-
-fs::path PrepareRoot(const std::string& host) {
-  Store& store = OpenStore();
-  const Store::Transaction transaction(store, Store::Transaction::Kind::kWrite);
-  return PrepareRoot(ReadHost(store, host));
-}
-
-void DeleteStrayRoots(Store& store) {
-  std::error_code ignored;
-  for (const auto& entry : fs::directory_iterator(store.GetFolder() / "hosts", ignored)) {
-    const auto host = store.FindHost(entry.path().filename().string());
-    if (!host || ReadOwner(entry.path()) != host->uuid) fs::remove_all(entry.path(), ignored);
-  }
 }
 
 LabHost& LabHost::Current() {
@@ -144,14 +85,25 @@ LabHost::LabHost(Store& store, const HostRow& host)
     : store_(store),
       name_(host.name),
       id_(host.id),
-      faultyOperations_(store.ListFaultyOperations(host.id)) {}
+      hasFaults_(!store.ListFaults(host.id).empty()) {}
 
-void LabHost::FailIfTold(const char* operation) {
-  if (std::ranges::find(faultyOperations_, operation) == faultyOperations_.end()) return;
+void LabHost::FailIfTold(Operation operation) {
+  if (!hasFaults_) return;
   Store::Transaction transaction(store_, Store::Transaction::Kind::kWrite);
-  const auto message = store_.TakeFault(id_, operation);
+  auto faults = store_.ListFaults(id_);
+  const auto fault = std::ranges::find(faults, operation.GetName(), &FaultRow::operation);
+  if (fault == faults.end()) return;
+  if (--fault->remaining > 0) {
+    store_.Save(*fault);
+  } else {
+    store_.RemoveFault(fault->id);
+  }
   transaction.Commit();
-  if (message) Refuse(*message);
+  Refuse(fault->message);
+}
+
+fs::path LabHost::GetRoot() {
+  return RootOf(store_.GetFolder(), ReadRow());
 }
 
 HostRow LabHost::ReadRow() {

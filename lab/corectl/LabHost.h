@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "corectl/Operations.h"
 #include "platform/hostctl/DovraCtlException.h"
 #include "store/Store.h"
 
@@ -23,6 +24,8 @@ struct Selection {
 /// every selection sees it as a new process would.
 void Select(Selection selection);
 
+const Selection& Selected();
+
 /// Whether the selected lab is there already.
 bool IsMade();
 
@@ -35,17 +38,6 @@ Store& OpenStore();
 /// What is said of a host that the lab does not have.
 std::string UnknownHostMessage(Store& store, const std::string& name);
 
-/// The folder that is "/" to the host, filled with the host's files as far as they are missing, and
-/// without those of another host that had its name. Throws `LabError`. Works within the caller's
-/// transaction, which must be one that writes: then nobody else fills or deletes the folder.
-std::filesystem::path PrepareRoot(const HostRow& host);
-/// The same for the host of this name, in a transaction of its own.
-std::filesystem::path PrepareRoot(const std::string& host);
-
-/// Deletes the folders of hosts that are gone. Works within the caller's transaction, which must be
-/// one that writes. What cannot be deleted stays; nobody takes it over.
-void DeleteStrayRoots(Store& store);
-
 class LabHost {
  public:
   /// The selected host, until the next selection. Throws `LabError` when the lab cannot be used or
@@ -57,25 +49,38 @@ class LabHost {
   /// Runs one operation of the control library as one transaction that only reads, and returns
   /// what `work(store, host)` does. Throws `DovraCtlException` when the operation is to fail.
   template <class Work>
-  auto Read(const char* operation, Work&& work) {
-    return Run(Store::Transaction::Kind::kRead, operation, std::forward<Work>(work));
+  auto Read(Operation operation, Work&& work) {
+    FailIfTold(operation);
+    return Read(std::forward<Work>(work));
   }
 
   /// The same for an operation that changes something. A refusal undoes all of it.
   template <class Work>
-  auto Change(const char* operation, Work&& work) {
-    return Run(Store::Transaction::Kind::kWrite, operation, std::forward<Work>(work));
+  auto Change(Operation operation, Work&& work) {
+    FailIfTold(operation);
+    return Change(std::forward<Work>(work));
+  }
+
+  /// The same for what is no operation of the control library.
+  template <class Work>
+  auto Read(Work&& work) {
+    return Run(Store::Transaction::Kind::kRead, std::forward<Work>(work));
+  }
+  template <class Work>
+  auto Change(Work&& work) {
+    return Run(Store::Transaction::Kind::kWrite, std::forward<Work>(work));
   }
 
   /// Throws the operation's next injected fault, if there is one.
-  void FailIfTold(const char* operation);
+  void FailIfTold(Operation operation);
 
   const std::string& GetName() const { return name_; }
+  /// The folder that is "/" to the host.
+  std::filesystem::path GetRoot();
 
  private:
   template <class Work>
-  auto Run(Store::Transaction::Kind kind, const char* operation, Work&& work) {
-    FailIfTold(operation);
+  auto Run(Store::Transaction::Kind kind, Work&& work) {
     Store::Transaction transaction(store_, kind);
     HostRow host = ReadRow();
     if constexpr (std::is_void_v<decltype(work(store_, host))>) {
@@ -93,7 +98,7 @@ class LabHost {
   Store& store_;
   std::string name_;
   std::int64_t id_;
-  std::vector<std::string> faultyOperations_;  // as of the selection; mostly none
+  bool hasFaults_;  // as of the selection; mostly none
 };
 
 }  // namespace Lab

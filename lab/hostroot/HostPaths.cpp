@@ -8,7 +8,7 @@ namespace OrvaneCli::DovraNamespace::HostPaths {
 namespace {
 
 std::string Below(const char* path) {
-  return (Lab::PrepareRoot(Lab::LabHost::Current().GetName()) / path).string();
+  return (Lab::LabHost::Current().GetRoot() / path).string();
 }
 
 }  // namespace

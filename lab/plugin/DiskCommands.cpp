@@ -37,7 +37,7 @@ InputSpecPtr DiskAdd::GetInputSpecInternal() {
 
 void DiskAdd::ExecuteInternal(const InputPtr& input, const OutputPtr& output) {
   SucceedOrNothing(output, "Unable to add disk: ", [&] {
-    LabHost::Current().Change("", [&](Store& store, const HostRow& host) {
+    LabHost::Current().Change([&](Store& store, const HostRow& host) {
       const std::string device = input->GetParameter("device");
       if (device.empty()) Refuse("A disk needs a device name.");
       PlugIn(store, host, device, input->GetParameter("kind") == "flash");
@@ -56,7 +56,7 @@ InputSpecPtr DiskGenerate::GetInputSpecInternal() {
 
 void DiskGenerate::ExecuteInternal(const InputPtr& input, const OutputPtr& output) {
   SucceedOrNothing(output, "Unable to generate disks: ", [&] {
-    LabHost::Current().Change("", [&](Store& store, const HostRow& host) {
+    LabHost::Current().Change([&](Store& store, const HostRow& host) {
       Generate(store, host, input->GetParameterInt("count"));
     });
   });
@@ -72,7 +72,7 @@ DiskList::DiskList() {
 
 void DiskList::ExecuteInternal(const InputPtr&, const OutputPtr& output) {
   const ListPtr list = MakeList();
-  LabHost::Current().Read("", [&](Store& store, const HostRow& host) {
+  LabHost::Current().Read([&](Store& store, const HostRow& host) {
     for (const DiskRow& disk : store.ListDisks(host.id)) {
       const StructPtr row = GetOutputStructure();
       row->SetField("Device", disk.device);

@@ -1,14 +1,13 @@
 // `lab host` and `lab reset`.
 
-#include "corectl/Clusters.h"
+#include "corectl/Hosts.h"
 #include "corectl/LabHost.h"
+#include "hostroot/HostRoot.h"
 #include "plugin/LabCommands.h"
 
 namespace Lab {
 
 namespace {
-
-constexpr std::size_t kMaxHostName = 64;
 
 constexpr Field kFields[] = {
     {"Name", MetaType::kString},         {"UUID", MetaType::kString},
@@ -16,15 +15,10 @@ constexpr Field kFields[] = {
     {"Fault Domain", MetaType::kString}, {"API Version", MetaType::kInt},
 };
 
-/// Host names are names of folders too.
 void RequireHostName(const std::string& name) {
-  constexpr const char* kPlain =
-      "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789._-";
-  if (name.empty() || name.size() > kMaxHostName || name.front() == '.' || name.front() == '-' ||
-      name.find_first_not_of(kPlain) != std::string::npos) {
-    Refuse("\"" + name + "\" cannot be a host's name: it has 1 to " + std::to_string(kMaxHostName) +
-           " letters, digits, \".\", \"_\" and \"-\", and begins with a letter, a digit or \"_\".");
-  }
+  if (IsHostName(name)) return;
+  Refuse("\"" + name + "\" cannot be a host's name: it has 1 to " + std::to_string(kMaxHostName) +
+         " letters, digits, \".\", \"_\" and \"-\", and begins with a letter, a digit or \"_\".");
 }
 
 HostRow RequireHost(Store& store, const std::string& name) {
@@ -59,8 +53,9 @@ void HostAdd::ExecuteInternal(const InputPtr& input, const OutputPtr& output) {
     RequireHostName(name);
     ChangeLab([&](Store& store) {
       if (store.FindHost(name)) Refuse("There is a host \"" + name + "\" already.");
-      PrepareRoot(store.AddHost(name));
+      AddHost(store, name);
     });
+    ChangeLab(SettleRoots);
   });
 }
 
@@ -77,7 +72,7 @@ void HostRemove::ExecuteInternal(const InputPtr& input, const OutputPtr& output)
   SucceedOrNothing(output, "Unable to remove host: ", [&] {
     const std::string name = input->GetParameter("name");
     ChangeLab([&](Store& store) { RemoveHost(store, RequireHost(store, name)); });
-    ChangeLab(DeleteStrayRoots);  // only now: until then it could still have been undone
+    ChangeLab(SettleRoots);  // only now: until then it could still have been undone
   });
 }
 
@@ -136,8 +131,8 @@ Reset::Reset() {
 
 void Reset::ExecuteInternal(const InputPtr&, const OutputPtr& output) {
   SucceedOrNothing(output, "Unable to reset the lab: ", [] {
-    ChangeLab([](Store& store) { store.Reset(); });
-    ChangeLab(DeleteStrayRoots);
+    ChangeLab(ResetLab);
+    ChangeLab(SettleRoots);
   });
 }
 

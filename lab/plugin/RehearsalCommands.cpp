@@ -1,7 +1,7 @@
 // `lab fault`, `lab api`, `lab maintenance`, `lab resync`: a host made to behave as a rehearsal
 // wants it.
 
-#include "corectl/Clusters.h"
+#include "corectl/Hosts.h"
 #include "corectl/LabHost.h"
 #include "corectl/Operations.h"
 #include "plugin/LabCommands.h"
@@ -42,10 +42,10 @@ InputSpecPtr FaultAdd::GetInputSpecInternal() {
 
 void FaultAdd::ExecuteInternal(const InputPtr& input, const OutputPtr& output) {
   SucceedOrNothing(output, "Unable to add fault: ", [&] {
-    LabHost::Current().Change("", [&](Store& store, const HostRow& host) {
+    LabHost::Current().Change([&](Store& store, const HostRow& host) {
       const std::int64_t count = input->HasParameter("count") ? input->GetParameterInt("count") : 1;
-      store.AddFault(host.id, {host.name, input->GetParameter("operation"),
-                               input->GetParameter("message"), count});
+      store.Save(FaultRow{0, host.id, input->GetParameter("operation"),
+                          input->GetParameter("message"), count});
     });
   });
 }
@@ -60,13 +60,17 @@ FaultList::FaultList() {
 
 void FaultList::ExecuteInternal(const InputPtr&, const OutputPtr& output) {
   const ListPtr list = MakeList();
-  for (const FaultRow& fault : OpenStore().ListFaults()) {
-    const StructPtr row = GetOutputStructure();
-    row->SetField("Host", fault.host);
-    row->SetField("Operation", fault.operation);
-    row->SetField("Message", fault.message);
-    row->SetField("Remaining", MetaInt::New(fault.remaining));
-    list->Add(row);
+  Store& store = OpenStore();
+  const Store::Transaction transaction(store, Store::Transaction::Kind::kRead);
+  for (const HostRow& host : store.ListHosts()) {
+    for (const FaultRow& fault : store.ListFaults(host.id)) {
+      const StructPtr row = GetOutputStructure();
+      row->SetField("Host", host.name);
+      row->SetField("Operation", fault.operation);
+      row->SetField("Message", fault.message);
+      row->SetField("Remaining", MetaInt::New(fault.remaining));
+      list->Add(row);
+    }
   }
   output->SetRootObject(list);
 }
@@ -91,9 +95,9 @@ InputSpecPtr ApiSet::GetInputSpecInternal() {
 
 void ApiSet::ExecuteInternal(const InputPtr& input, const OutputPtr& output) {
   SucceedOrNothing(output, "Unable to set the API version: ", [&] {
-    LabHost::Current().Change("", [&](Store& store, HostRow& host) {
+    LabHost::Current().Change([&](Store& store, HostRow& host) {
       host.apiVersion = input->GetParameterInt("version");
-      store.SaveHost(host);
+      store.Save(host);
     });
   });
 }
@@ -105,8 +109,7 @@ MaintenanceStart::MaintenanceStart() {
 
 void MaintenanceStart::ExecuteInternal(const InputPtr&, const OutputPtr& output) {
   SucceedOrNothing(output, "Unable to start maintenance: ", [] {
-    LabHost::Current().Change("",
-                              [](Store& store, HostRow& host) { StartMaintenance(store, host); });
+    LabHost::Current().Change([](Store& store, HostRow& host) { StartMaintenance(store, host); });
   });
 }
 
@@ -122,9 +125,9 @@ InputSpecPtr ResyncSet::GetInputSpecInternal() {
 
 void ResyncSet::ExecuteInternal(const InputPtr& input, const OutputPtr& output) {
   SucceedOrNothing(output, "Unable to set resync: ", [&] {
-    LabHost::Current().Change("", [&](Store& store, HostRow& host) {
+    LabHost::Current().Change([&](Store& store, HostRow& host) {
       host.resyncDemand = input->GetParameterInt("demand");
-      store.SaveHost(host);
+      store.Save(host);
     });
   });
 }

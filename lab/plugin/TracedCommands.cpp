@@ -1,11 +1,9 @@
 // `lab traced`.
 
-#include <unistd.h>
-
 #include <filesystem>
-#include <fstream>
 
 #include "corectl/LabHost.h"
+#include "hostroot/HostRoot.h"
 #include "plugin/LabCommands.h"
 
 namespace Lab {
@@ -16,16 +14,13 @@ namespace fs = std::filesystem;
 
 /// The file in which the stand-in daemon keeps its state.
 void WriteState(bool running, std::int64_t failingRestarts) {
-  const fs::path folder = PrepareRoot(LabHost::Current().GetName()) / "var" / "run";
-  const fs::path draft = folder / ("dovratraced.json.new-" + std::to_string(getpid()));
-  std::error_code error;
-  fs::create_directories(folder, error);
-  std::ofstream file(draft);
-  file << R"({"running": )" << (running ? "true" : "false") << R"(, "fail_restarts": )"
-       << failingRestarts << "}\n";
-  file.close();
-  if (file) fs::rename(draft, folder / "dovratraced.json", error);
-  if (!file || error) throw LabError("\"" + folder.string() + "\" cannot be written");
+  const fs::path folder = LabHost::Current().GetRoot() / "var" / "run";
+  std::error_code ignored;
+  for (const fs::path& missing : {folder.parent_path(), folder})
+    fs::create_directory(missing, ignored);
+  ReplaceFile(folder / "dovratraced.json",
+              std::string(R"({"running": )") + (running ? "true" : "false") +
+                  R"(, "fail_restarts": )" + std::to_string(failingRestarts) + "}\n");
 }
 
 }  // namespace

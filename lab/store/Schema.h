@@ -1,118 +1,195 @@
+// The store's tables.
 #pragma once
 
 #include <cstdint>
+
+#include "store/Store.h"
+#include "store/Table.h"
 
 namespace Lab {
 
 /// Marks a SQLite file as a lab's store.
 inline constexpr std::int64_t kApplicationId = 0x446F764C;
-/// Grows with every change of the schema. A store of a later version is left alone.
-inline constexpr std::int64_t kSchemaVersion = 1;
+/// Grows with every change of the schema. A store of another version is left alone.
+inline constexpr std::int64_t kSchemaVersion = 2;
 
-inline constexpr const char* kSchema = R"sql(
-PRAGMA application_id = 1148155468;
-PRAGMA user_version = 1;
+template <>
+struct Table<LabRow> {
+  static constexpr const char* kName = "lab";
+  static constexpr const char* kKey = "uuid";
+  static constexpr const char* kRules = "PRIMARY KEY (uuid)";
+  static void Visit(auto& row, auto&& column) { column("uuid", row.uuid); }
+};
 
-CREATE TABLE hosts (
-  id INTEGER PRIMARY KEY,
-  name TEXT NOT NULL UNIQUE,
-  uuid TEXT NOT NULL UNIQUE,
-  api_version INTEGER NOT NULL,
-  fault_domain TEXT NOT NULL,
-  auto_claim INTEGER NOT NULL,
-  entering_maintenance INTEGER NOT NULL,
-  resync_throttle INTEGER NOT NULL,
-  resync_demand INTEGER NOT NULL);
+template <>
+struct Table<HostRow> {
+  static constexpr const char* kName = "hosts";
+  static constexpr const char* kKey = "id";
+  static constexpr const char* kRules = "UNIQUE (name), UNIQUE (uuid)";
+  static void Visit(auto& row, auto&& column) {
+    column("id", row.id, "PRIMARY KEY");
+    column("name", row.name);
+    column("uuid", row.uuid);
+    column("api_version", row.apiVersion);
+    column("fault_domain", row.faultDomain);
+    column("auto_claim", row.autoClaim);
+    column("entering_maintenance", row.enteringMaintenance);
+    column("resync_throttle", row.resyncThrottle);
+    column("resync_demand", row.resyncDemand);
+  }
+};
 
-CREATE TABLE interfaces (
-  host INTEGER NOT NULL REFERENCES hosts ON DELETE CASCADE,
-  name TEXT NOT NULL,
-  PRIMARY KEY (host, name)) WITHOUT ROWID;
+template <>
+struct Table<InterfaceRow> {
+  static constexpr const char* kName = "interfaces";
+  static constexpr const char* kKey = "host, name";
+  static constexpr const char* kRules =
+      "PRIMARY KEY (host, name), FOREIGN KEY (host) REFERENCES hosts ON DELETE CASCADE";
+  static void Visit(auto& row, auto&& column) {
+    column("host", row.host);
+    column("name", row.name);
+  }
+};
 
-CREATE TABLE clusters (
-  uuid TEXT PRIMARY KEY,
-  membership_uuid TEXT NOT NULL,
-  revision INTEGER NOT NULL,
-  generation INTEGER NOT NULL,
-  generation_uuid TEXT NOT NULL,
-  generation_time INTEGER NOT NULL) WITHOUT ROWID;
+template <>
+struct Table<ClusterRow> {
+  static constexpr const char* kName = "clusters";
+  static constexpr const char* kKey = "uuid";
+  static constexpr const char* kRules = "PRIMARY KEY (uuid)";
+  static void Visit(auto& row, auto&& column) {
+    column("uuid", row.uuid);
+    column("membership_uuid", row.membershipUuid);
+    column("revision", row.revision);
+    column("generation", row.generation);
+    column("generation_uuid", row.generationUuid);
+    column("generation_time", row.generationTime);
+  }
+};
 
-CREATE TABLE members (
-  host INTEGER PRIMARY KEY REFERENCES hosts ON DELETE CASCADE,
-  cluster TEXT NOT NULL REFERENCES clusters,
-  witness INTEGER NOT NULL,
-  preferred_fault_domain TEXT NOT NULL,
-  running INTEGER NOT NULL,
-  place INTEGER NOT NULL);
-CREATE INDEX members_by_cluster ON members (cluster, place);
+template <>
+struct Table<MemberRow> {
+  static constexpr const char* kName = "members";
+  static constexpr const char* kKey = "host";
+  static constexpr const char* kRules =
+      "FOREIGN KEY (host) REFERENCES hosts ON DELETE CASCADE,"
+      " FOREIGN KEY (cluster) REFERENCES clusters";
+  static void Visit(auto& row, auto&& column) {
+    column("host", row.host, "PRIMARY KEY");
+    column("cluster", row.cluster);
+    column("witness", row.witness);
+    column("preferred_fault_domain", row.preferredFaultDomain);
+    column("running", row.running);
+    column("place", row.place);
+  }
+};
 
-CREATE TABLE datastores (
-  id INTEGER PRIMARY KEY,
-  uuid TEXT NOT NULL UNIQUE,
-  cluster TEXT NOT NULL REFERENCES clusters ON DELETE CASCADE,
-  name TEXT NOT NULL,
-  is_default INTEGER NOT NULL,
-  UNIQUE (cluster, name));
+template <>
+struct Table<DatastoreRow> {
+  static constexpr const char* kName = "datastores";
+  static constexpr const char* kKey = "id";
+  static constexpr const char* kRules =
+      "UNIQUE (cluster, name), FOREIGN KEY (cluster) REFERENCES clusters ON DELETE CASCADE";
+  static void Visit(auto& row, auto&& column) {
+    column("id", row.id, "PRIMARY KEY");
+    column("uuid", row.uuid, "NOT NULL UNIQUE");
+    column("cluster", row.cluster);
+    column("name", row.name);
+    column("is_default", row.isDefault);
+  }
+};
 
-CREATE TABLE unicast_agents (
-  id INTEGER PRIMARY KEY,
-  host INTEGER NOT NULL REFERENCES hosts ON DELETE CASCADE,
-  node_uuid TEXT NOT NULL,
-  witness INTEGER NOT NULL,
-  supports_unicast INTEGER NOT NULL,
-  address TEXT NOT NULL,
-  port INTEGER NOT NULL,
-  bound_interface TEXT NOT NULL);
-CREATE INDEX unicast_agents_by_host ON unicast_agents (host);
+template <>
+struct Table<AgentRow> {
+  static constexpr const char* kName = "unicast_agents";
+  static constexpr const char* kKey = "id";
+  static constexpr const char* kRules = "FOREIGN KEY (host) REFERENCES hosts ON DELETE CASCADE";
+  static void Visit(auto& row, auto&& column) {
+    column("id", row.id, "PRIMARY KEY");
+    column("host", row.host);
+    column("node_uuid", row.nodeUuid);
+    column("witness", row.witness);
+    column("supports_unicast", row.supportsUnicast);
+    column("address", row.address);
+    column("port", row.port);
+    column("bound_interface", row.boundInterface);
+  }
+};
 
-CREATE TABLE knics (
-  host INTEGER NOT NULL,
-  name TEXT NOT NULL,
-  uuid TEXT NOT NULL,
-  agent_group TEXT NOT NULL,
-  agent_v6_group TEXT NOT NULL,
-  master_group TEXT NOT NULL,
-  master_v6_group TEXT NOT NULL,
-  agent_port INTEGER NOT NULL,
-  master_port INTEGER NOT NULL,
-  host_unicast_port INTEGER NOT NULL,
-  multicast_ttl INTEGER NOT NULL,
-  dovra INTEGER NOT NULL,
-  witness INTEGER NOT NULL,
-  running INTEGER NOT NULL,
-  PRIMARY KEY (host, name),
-  FOREIGN KEY (host, name) REFERENCES interfaces (host, name) ON DELETE CASCADE) WITHOUT ROWID;
+template <>
+struct Table<KnicRow> {
+  static constexpr const char* kName = "knics";
+  static constexpr const char* kKey = "host, name";
+  static constexpr const char* kRules =
+      "PRIMARY KEY (host, name),"
+      " FOREIGN KEY (host, name) REFERENCES interfaces ON DELETE CASCADE";
+  static void Visit(auto& row, auto&& column) {
+    column("host", row.host);
+    column("name", row.name);
+    column("uuid", row.uuid);
+    column("agent_group", row.agentGroup);
+    column("agent_v6_group", row.agentV6Group);
+    column("master_group", row.masterGroup);
+    column("master_v6_group", row.masterV6Group);
+    column("agent_port", row.agentPort);
+    column("master_port", row.masterPort);
+    column("host_unicast_port", row.hostUnicastPort);
+    column("multicast_ttl", row.multicastTtl);
+    column("dovra", row.dovra);
+    column("witness", row.witness);
+    column("running", row.running);
+  }
+};
 
-CREATE TABLE disks (
-  id INTEGER PRIMARY KEY,
-  host INTEGER NOT NULL REFERENCES hosts ON DELETE CASCADE,
-  device TEXT NOT NULL,
-  flash INTEGER NOT NULL,
-  capacity_tag INTEGER NOT NULL,
-  uuid TEXT UNIQUE,
-  disk_group TEXT NOT NULL,
-  group_name TEXT NOT NULL,
-  mounted INTEGER NOT NULL,
-  format_version INTEGER NOT NULL,
-  deduplication INTEGER NOT NULL,
-  checksum TEXT NOT NULL,
-  checksum_ok INTEGER NOT NULL,
-  encryption INTEGER NOT NULL,
-  key_loaded INTEGER NOT NULL,
-  UNIQUE (host, device));
+template <>
+struct Table<DiskRow> {
+  static constexpr const char* kName = "disks";
+  static constexpr const char* kKey = "id";
+  static constexpr const char* kRules =
+      "UNIQUE (host, device), FOREIGN KEY (host) REFERENCES hosts ON DELETE CASCADE";
+  static void Visit(auto& row, auto&& column) {
+    column("id", row.id, "PRIMARY KEY");
+    column("host", row.host);
+    column("device", row.device);
+    column("flash", row.flash);
+    column("capacity_tag", row.capacityTag);
+    column("uuid", row.uuid, "UNIQUE");
+    column("disk_group", row.group);
+    column("group_name", row.groupName);
+    column("mounted", row.mounted);
+    column("format_version", row.formatVersion);
+    column("deduplication", row.deduplication);
+    column("checksum", row.checksum);
+    column("checksum_ok", row.checksumOk);
+    column("encryption", row.encryption);
+    column("key_loaded", row.keyLoaded);
+  }
+};
 
-CREATE TABLE policies (
-  host INTEGER NOT NULL REFERENCES hosts ON DELETE CASCADE,
-  class TEXT NOT NULL,
-  policy TEXT NOT NULL,
-  PRIMARY KEY (host, class)) WITHOUT ROWID;
+template <>
+struct Table<PolicyRow> {
+  static constexpr const char* kName = "policies";
+  static constexpr const char* kKey = "host, class";
+  static constexpr const char* kRules =
+      "PRIMARY KEY (host, class), FOREIGN KEY (host) REFERENCES hosts ON DELETE CASCADE";
+  static void Visit(auto& row, auto&& column) {
+    column("host", row.host);
+    column("class", row.policyClass);
+    column("policy", row.policy);
+  }
+};
 
-CREATE TABLE faults (
-  id INTEGER PRIMARY KEY,
-  host INTEGER NOT NULL REFERENCES hosts ON DELETE CASCADE,
-  operation TEXT NOT NULL,
-  message TEXT NOT NULL,
-  remaining INTEGER NOT NULL);
-)sql";
+template <>
+struct Table<FaultRow> {
+  static constexpr const char* kName = "faults";
+  static constexpr const char* kKey = "id";
+  static constexpr const char* kRules = "FOREIGN KEY (host) REFERENCES hosts ON DELETE CASCADE";
+  static void Visit(auto& row, auto&& column) {
+    column("id", row.id, "PRIMARY KEY");
+    column("host", row.host);
+    column("operation", row.operation);
+    column("message", row.message);
+    column("remaining", row.remaining);
+  }
+};
 
 }  // namespace Lab

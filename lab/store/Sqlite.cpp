@@ -2,9 +2,12 @@
 
 #include <sqlite3.h>
 
+#include <atomic>
 #include <chrono>
 #include <system_error>
 #include <thread>
+
+#include "store/LabError.h"
 
 namespace Lab {
 
@@ -14,13 +17,9 @@ namespace {
 // store lies idle while all sleep, and those who came last overtake those who have waited longest.
 constexpr std::chrono::milliseconds kPause(1);
 // Long enough for any queue of commands; whoever waits longer has met a process that hangs.
-constexpr int kMostPauses = 60000;
+constexpr std::chrono::seconds kLongestWait(60);
 
-int WaitForOthers(void*, int pauses) {
-  if (pauses >= kMostPauses) return 0;
-  std::this_thread::sleep_for(kPause);
-  return 1;
-}
+std::atomic<const char*> waitsFor = nullptr;
 
 /// What went wrong, and where the system refused to open, read or write, why it did.
 std::string Reason(sqlite3* handle) {
@@ -39,14 +38,28 @@ std::string Reason(sqlite3* handle) {
     case SQLITE_NOTADB:
       throw LabError("\"" + store + "\" is not a lab's store");
     case SQLITE_CORRUPT:
+    case SQLITE_CONSTRAINT:  // no rule of the lab's lets it come to that
       throw LabError("the lab's store \"" + store + "\" is damaged: " + sqlite3_errmsg(handle));
     case SQLITE_BUSY:
       throw LabError("the lab's store \"" + store + "\" is held by another process");
+    case SQLITE_READONLY:
+      throw LabError("the lab's store \"" + store + "\" cannot be written");
     case SQLITE_FULL:
       throw LabError("no space is left to write the lab's store \"" + store + "\"");
     default:
       throw LabError("the lab's store \"" + store + "\" cannot be used: " + Reason(handle));
   }
+}
+
+sqlite3* Open(const std::string& path) {
+  sqlite3* handle = nullptr;
+  if (sqlite3_open_v2(path.c_str(), &handle, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX,
+                      nullptr) != SQLITE_OK) {
+    const std::string reason = Reason(handle);
+    sqlite3_close(handle);
+    throw LabError("the lab's store \"" + path + "\" cannot be opened: " + reason);
+  }
+  return handle;
 }
 
 }  // namespace
@@ -56,21 +69,23 @@ Query::~Query() {
   sqlite3_clear_bindings(statement_);
 }
 
-void Query::Bind(int place, std::int64_t value) {
-  if (sqlite3_bind_int64(statement_, place, value) != SQLITE_OK) {
+void Query::Bind(std::int64_t value) {
+  if (sqlite3_bind_int64(statement_, ++place_, value) != SQLITE_OK) {
     Fail(sqlite3_db_handle(statement_));
   }
 }
 
-void Query::Bind(int place, std::string_view value) {
-  if (sqlite3_bind_text64(statement_, place, value.data(), value.size(), SQLITE_TRANSIENT,
+void Query::Bind(std::string_view value) {
+  if (sqlite3_bind_text64(statement_, ++place_, value.data(), value.size(), SQLITE_TRANSIENT,
                           SQLITE_UTF8) != SQLITE_OK) {
     Fail(sqlite3_db_handle(statement_));
   }
 }
 
 bool Query::Step() {
-  switch (sqlite3_step(statement_)) {
+  const int result = sqlite3_step(statement_);
+  waitsFor = nullptr;
+  switch (result) {
     case SQLITE_ROW:
       return true;
     case SQLITE_DONE:
@@ -92,14 +107,30 @@ std::string Query::Text(int column) const {
                            static_cast<std::size_t>(sqlite3_column_bytes(statement_, column)));
 }
 
-Database::Database(const std::string& path, bool create) {
-  const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | (create ? SQLITE_OPEN_CREATE : 0);
-  if (sqlite3_open_v2(path.c_str(), &handle_, flags, nullptr) != SQLITE_OK) {
-    const std::string reason = Reason(handle_);
-    sqlite3_close(handle_);
-    throw LabError("the lab's store \"" + path + "\" cannot be opened: " + reason);
-  }
-  sqlite3_busy_handler(handle_, WaitForOthers, nullptr);
+const char* WaitsFor() {
+  return waitsFor;
+}
+
+int Database::WaitForOthers(void* self, int pauses) {
+  const auto now = std::chrono::steady_clock::now();
+  auto& since = static_cast<Database*>(self)->waitsSince_;
+  if (pauses == 0) since = now;
+  if (now - since >= kLongestWait) return 0;
+  waitsFor = "another process works on the lab";
+  std::this_thread::sleep_for(kPause);
+  return 1;
+}
+
+std::size_t Database::LongestPath() {
+  constexpr std::string_view kSuffix = "-journal";
+  return static_cast<std::size_t>(sqlite3_vfs_find(nullptr)->mxPathname) - kSuffix.size();
+}
+
+// It is closed by the destructor if what follows the opening fails.
+Database::Database(const std::string& path) : Database(Open(path)) {
+  sqlite3_busy_handler(handle_, WaitForOthers, this);
+  // A change is done only when the journal's deletion, which commits it, outlasts a loss of power.
+  Execute("PRAGMA synchronous = EXTRA");
 }
 
 Database::~Database() {
@@ -107,29 +138,22 @@ Database::~Database() {
   sqlite3_close(handle_);
 }
 
-void Database::Execute(const char* sql) {
-  if (sqlite3_exec(handle_, sql, nullptr, nullptr, nullptr) != SQLITE_OK) Fail(handle_);
+void Database::Execute(const std::string& sql) {
+  if (sqlite3_exec(handle_, sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) Fail(handle_);
 }
 
-int Database::Changes() const {
-  return sqlite3_changes(handle_);
-}
-std::int64_t Database::LastRowId() const {
-  return sqlite3_last_insert_rowid(handle_);
-}
-bool Database::IsReadOnly() const {
-  return sqlite3_db_readonly(handle_, "main") != 0;
-}
 bool Database::IsInTransaction() const {
   return sqlite3_get_autocommit(handle_) == 0;
 }
 
-sqlite3_stmt* Database::Compile(const char* sql) {
-  sqlite3_stmt*& statement = statements_[sql];
-  if (statement == nullptr && sqlite3_prepare_v3(handle_, sql, -1, SQLITE_PREPARE_PERSISTENT,
-                                                 &statement, nullptr) != SQLITE_OK) {
+sqlite3_stmt* Database::Compile(std::string_view sql) {
+  if (const auto known = statements_.find(sql); known != statements_.end()) return known->second;
+  sqlite3_stmt* statement = nullptr;
+  if (sqlite3_prepare_v3(handle_, sql.data(), static_cast<int>(sql.size()),
+                         SQLITE_PREPARE_PERSISTENT, &statement, nullptr) != SQLITE_OK) {
     Fail(handle_);
   }
+  statements_.emplace(sql, statement);
   return statement;
 }
 

@@ -1,11 +1,10 @@
 #include "store/Store.h"
 
-#include <unistd.h>
-
 #include <system_error>
 
-#include "store/NewUuid.h"
+#include "store/LabFolder.h"
 #include "store/Schema.h"
+#include "store/Uuids.h"
 
 namespace Lab {
 
@@ -13,20 +12,13 @@ namespace fs = std::filesystem;
 
 namespace {
 
-void MakeFolder(const fs::path& folder) {
-  std::error_code error;
-  if (!fs::exists(folder, error)) fs::create_directories(folder, error);
-  if (error) {
-    throw LabError("the lab's folder \"" + folder.string() +
-                   "\" cannot be made: " + error.message());
-  }
-  if (!fs::is_directory(folder)) {
-    throw LabError("the lab's folder \"" + folder.string() + "\" is not a folder");
-  }
-  if (access(folder.c_str(), R_OK | W_OK | X_OK) != 0) {
-    throw LabError("the lab's folder \"" + folder.string() +
-                   "\" cannot be used: " + std::generic_category().message(errno));
-  }
+void MakeTables(Database& database) {
+  database.Execute("PRAGMA application_id = " + std::to_string(kApplicationId));
+  database.Execute(
+      CreateStatement<LabRow>() + CreateStatement<HostRow>() + CreateStatement<InterfaceRow>() +
+      CreateStatement<ClusterRow>() + CreateStatement<MemberRow>() +
+      CreateStatement<DatastoreRow>() + CreateStatement<AgentRow>() + CreateStatement<KnicRow>() +
+      CreateStatement<DiskRow>() + CreateStatement<PolicyRow>() + CreateStatement<FaultRow>());
 }
 
 std::int64_t ReadPragma(Database& database, const char* pragma) {
@@ -39,13 +31,11 @@ void CheckIsLab(Database& database, const fs::path& file) {
     throw LabError("\"" + file.string() + "\" is not a lab's store");
   }
   const std::int64_t version = ReadPragma(database, "PRAGMA user_version");
-  if (version > kSchemaVersion) {
-    throw LabError("the lab's store \"" + file.string() +
-                   "\" is from a newer version of autocli (" + std::to_string(version) +
-                   "; this one knows " + std::to_string(kSchemaVersion) + ")");
-  }
-  if (database.IsReadOnly()) {
-    throw LabError("the lab's store \"" + file.string() + "\" cannot be written");
+  if (version != kSchemaVersion) {
+    throw LabError("the lab's store \"" + file.string() + "\" is from " +
+                   (version > kSchemaVersion ? "a newer" : "an older") + " version of autocli (" +
+                   std::to_string(version) + "; this one knows " + std::to_string(kSchemaVersion) +
+                   ")");
   }
   // SQLite takes a page that is cut off for one that ends in zeros.
   const auto pageSize = static_cast<std::uintmax_t>(ReadPragma(database, "PRAGMA page_size"));
@@ -56,11 +46,19 @@ void CheckIsLab(Database& database, const fs::path& file) {
 
 }  // namespace
 
-Store::Store(const fs::path& folder) : folder_(folder) {
-  MakeFolder(folder_);
-  const fs::path file = folder_ / "lab.db";
-  if (!fs::exists(file)) Make(file);
-  database_.emplace(file.string(), false);
+// SQLite takes some relative paths for something else.
+Store::Store(const fs::path& folder, const NewLab& newLab) : folder_(fs::absolute(folder)) {
+  if ((folder_ / kStoreDraft).native().size() > Database::LongestPath()) {
+    throw LabError("the lab's folder \"" + folder_.string() +
+                   "\" cannot be used: its path is too long");
+  }
+  const fs::path file = folder_ / kStoreFile;
+  std::error_code ignored;
+  const bool isNew = !fs::exists(file, ignored);
+  if (isNew) PrepareLabFolder(folder_);
+  RequireTrusted(folder_);
+  if (isNew) Make(newLab);
+  database_.emplace(file.string());
   {
     const Transaction atRest(*this, Transaction::Kind::kRead);
     CheckIsLab(*database_, file);
@@ -68,42 +66,59 @@ Store::Store(const fs::path& folder) : folder_(folder) {
   database_->Execute("PRAGMA foreign_keys = ON");
 }
 
-void Store::Make(const fs::path& file) {
+void Store::Make(const NewLab& newLab) {
   // Made complete under another name and then given its own, so that nobody ever sees half a store.
   // Each step is taken by whoever holds the draft, if nobody else has taken it yet: it does not
   // matter how many processes make the store, or at which point one of them dies.
-  const fs::path draft = file.string() + ".new";
-  database_.emplace(draft.string(), true);
+  const std::string draft = folder_ / kStoreDraft;
   try {
-    while (!TakeStep(draft, file)) continue;
+    WriteNewFile(draft, "");  // SQLite would make it for fewer people than the umask lets
+  } catch (const fs::filesystem_error& error) {
+    if (error.code() != std::errc::file_exists) {
+      throw LabError("the lab's folder \"" + folder_.string() +
+                     "\" cannot be used: " + error.code().message());
+    }
+  }
+  try {
+    database_.emplace(draft);
+    while (!TakeStep(newLab)) continue;
   } catch (const LabError&) {
     // A draft that was begun late is taken away under its maker's hands.
-    if (!fs::exists(file)) throw;
+    if (!fs::exists(folder_ / kStoreFile)) throw;
   }
   database_.reset();
 }
 
-bool Store::TakeStep(const fs::path& draft, const fs::path& file) {
+bool Store::TakeStep(const NewLab& newLab) {
+  const fs::path file = folder_ / kStoreFile;
   Transaction transaction(*this, Transaction::Kind::kWrite);
   std::error_code error;
   if (fs::exists(file)) {
-    fs::remove(draft, error);  // if there is one, it was begun when the store had its name already
+    // If there is a draft, it was begun when the store had its name already.
+    fs::remove(folder_ / kStoreDraft, error);
     return true;
   }
-  if (ReadPragma(*database_, "PRAGMA application_id") == kApplicationId) {
-    fs::rename(draft, file, error);
-    if (!error) return true;
+  if (ReadPragma(*database_, "PRAGMA application_id") != kApplicationId) {
+    MakeTables(*database_);
+    Save(LabRow{NewUuid()});
+  } else if (ReadPragma(*database_, "PRAGMA user_version") == 0) {
+    newLab.fill(*this);
+    database_->Execute("PRAGMA user_version = " + std::to_string(kSchemaVersion));
+  } else {
+    newLab.settle(*this);
+    fs::rename(folder_ / kStoreDraft, file, error);
+    if (!error) {
+      SyncFolder(folder_);
+      return true;
+    }
     throw LabError("the lab's store \"" + file.string() + "\" cannot be made: " + error.message());
   }
-  database_->Execute(kSchema);
-  AddHost("host1");
   transaction.Commit();
   return false;
 }
 
-void Store::Reset() {
-  database_->Execute("DELETE FROM members; DELETE FROM clusters; DELETE FROM hosts;");
-  AddHost("host1");
+void Store::FailDamaged(const std::string& what) const {
+  throw LabError("the lab's store \"" + (folder_ / kStoreFile).string() + "\" is damaged: " + what);
 }
 
 Store::Transaction::Transaction(Store& store, Kind kind) : database_(*store.database_) {
@@ -121,49 +136,6 @@ Store::Transaction::~Transaction() {
 
 void Store::Transaction::Commit() {
   database_.Run("COMMIT");
-}
-
-std::vector<FaultRow> Store::ListFaults() {
-  Query query = database_->Prepare(
-      "SELECT hosts.name, operation, message, remaining FROM faults JOIN hosts ON hosts.id = host "
-      "ORDER BY faults.id");
-  std::vector<FaultRow> rows;
-  while (query.Step()) {
-    rows.push_back({query.Text(0), query.Text(1), query.Text(2), query.Int(3)});
-  }
-  return rows;
-}
-
-std::vector<std::string> Store::ListFaultyOperations(std::int64_t host) {
-  Query query = database_->Prepare("SELECT operation FROM faults WHERE host = ?", host);
-  std::vector<std::string> operations;
-  while (query.Step()) operations.push_back(query.Text(0));
-  return operations;
-}
-
-void Store::AddFault(std::int64_t host, const FaultRow& fault) {
-  database_->Run("INSERT INTO faults (host, operation, message, remaining) VALUES (?, ?, ?, ?)",
-                 host, fault.operation, fault.message, fault.remaining);
-}
-
-void Store::ClearFaults() {
-  database_->Run("DELETE FROM faults");
-}
-
-std::optional<std::string> Store::TakeFault(std::int64_t host, std::string_view operation) {
-  std::int64_t id = 0;
-  std::string message;
-  {
-    Query query = database_->Prepare(
-        "SELECT id, message FROM faults WHERE host = ? AND operation = ? ORDER BY id LIMIT 1", host,
-        operation);
-    if (!query.Step()) return std::nullopt;
-    id = query.Int(0);
-    message = query.Text(1);
-  }
-  database_->Run("UPDATE faults SET remaining = remaining - 1 WHERE id = ?", id);
-  database_->Run("DELETE FROM faults WHERE id = ? AND remaining <= 0", id);
-  return message;
 }
 
 }  // namespace Lab

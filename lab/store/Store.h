@@ -4,14 +4,26 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "store/LabError.h"
 #include "store/Sqlite.h"
 
 namespace Lab {
+
+/// The lab as such: one row.
+struct LabRow {
+  std::string uuid;
+};
+
+inline constexpr std::size_t kMaxHostName = 64;
+/// Hosts' names are names of folders too: letters, digits, ".", "_" and "-", the first of them a
+/// letter, a digit or "_".
+bool IsHostName(const std::string& name);
 
 struct HostRow {
   std::int64_t id = 0;
@@ -23,6 +35,11 @@ struct HostRow {
   bool enteringMaintenance = false;
   std::int64_t resyncThrottle = 0;  ///< Mbps
   std::int64_t resyncDemand = 0;    ///< what resync would use unthrottled, Mbps
+};
+
+struct InterfaceRow {
+  std::int64_t host = 0;
+  std::string name;
 };
 
 struct ClusterRow {
@@ -42,14 +59,11 @@ struct MemberRow {
   bool witness = false;
   std::string preferredFaultDomain;  ///< a witness's only
   bool running = false;
-  std::int64_t order = 0;  ///< in which the members came to run
-
-  // Of the host, filled when read.
-  std::string hostUuid;
-  std::string hostFaultDomain;
+  std::int64_t place = 0;  ///< in the order in which the members came to run
 };
 
 struct DatastoreRow {
+  std::int64_t id = 0;
   std::string uuid;
   std::string cluster;
   std::string name;
@@ -58,6 +72,7 @@ struct DatastoreRow {
 
 struct AgentRow {
   std::int64_t id = 0;
+  std::int64_t host = 0;
   std::string nodeUuid;
   bool witness = false;
   bool supportsUnicast = false;
@@ -69,6 +84,7 @@ struct AgentRow {
 /// An interface of the storage network. It is persisted as long as the row stands, and in effect
 /// while `running` is set.
 struct KnicRow {
+  std::int64_t host = 0;
   std::string name;
   std::string uuid;
   std::string agentGroup;
@@ -108,59 +124,79 @@ struct DiskRow {
   bool IsCapacityKind() const { return !flash || capacityTag; }
 };
 
+/// The default policy of a class of objects.
+struct PolicyRow {
+  std::int64_t host = 0;
+  std::string policyClass;
+  std::string policy;
+};
+
+/// Calls of an operation of the control library that are to fail.
 struct FaultRow {
-  std::string host;
+  std::int64_t id = 0;
+  std::int64_t host = 0;
   std::string operation;
   std::string message;
   std::int64_t remaining = 0;
 };
 
+class Store;
+
+/// What a new lab is to hold besides its tables.
+struct NewLab {
+  std::function<void(Store&)> fill;    ///< makes the first hosts
+  std::function<void(Store&)> settle;  ///< what is left to do once they are sure to be there
+};
+
 class Store {
  public:
-  /// Opens the lab in `folder`, which is made, with one host, if it is not there yet. Throws
-  /// `LabError` when the folder or what is in it cannot serve as a lab; nothing is changed then.
-  explicit Store(const std::filesystem::path& folder);
+  /// Opens the lab in `folder`, which is made if it is not there yet. Throws `LabError` when the
+  /// folder or what is in it cannot serve as a lab; nothing is changed then.
+  Store(const std::filesystem::path& folder, const NewLab& newLab);
 
   const std::filesystem::path& GetFolder() const { return folder_; }
 
-  /// Back to a lab as it was when new.
-  void Reset();
+  /// Throws the `LabError` that says that rows contradict each other.
+  [[noreturn]] void FailDamaged(const std::string& what) const;
+
+  /// Writes the row in the place of the one with its key, if there is one; otherwise it is added,
+  /// and gets an id if it is of a kind that has one.
+  template <class Row>
+  void Save(const Row& row);
+
+  /// Made with the lab, and kept by its copies.
+  std::string GetLabUuid();
+  /// Removes every host and cluster.
+  void Clear();
 
   // Hosts. Names and UUIDs are unique in the lab.
   std::vector<HostRow> ListHosts();
   std::optional<HostRow> FindHost(std::string_view name);
-  /// Adds a host with its interfaces and its empty disks, and returns its row.
-  HostRow AddHost(const std::string& name);
-  /// Writes all but the name and the UUID.
-  void SaveHost(const HostRow& host);
+  std::optional<HostRow> FindHost(std::int64_t id);
   /// Removes the host and all that is its own.
   void RemoveHost(std::int64_t host);
-  std::vector<std::string> ListInterfaces(std::int64_t host);
+  std::vector<InterfaceRow> ListInterfaces(std::int64_t host);
 
   // Clusters.
   std::optional<ClusterRow> FindCluster(std::string_view uuid);
-  void SaveCluster(const ClusterRow& cluster);
   /// Removes the cluster and its datastores.
   void RemoveCluster(std::string_view uuid);
   std::optional<MemberRow> FindMember(std::int64_t host);
-  /// In the order in which they came to run.
+  /// In the order of their places.
   std::vector<MemberRow> ListMembers(std::string_view cluster);
-  void SaveMember(const MemberRow& member);
   void RemoveMember(std::int64_t host);
 
-  // Datastores. Names are unique in a cluster, UUIDs in the lab.
+  // Datastores, in the order in which they were added. Names are unique in a cluster, UUIDs in the
+  // lab.
   std::vector<DatastoreRow> ListDatastores(std::string_view cluster);
-  bool HasDatastore(std::string_view uuid);
-  void AddDatastore(const DatastoreRow& datastore);
-  void RenameDatastore(std::string_view uuid, std::string_view name);
+  std::optional<DatastoreRow> FindDatastore(std::string_view uuid);
   void RemoveDatastore(std::string_view uuid);
 
   // Unicast agents and interfaces of a host.
   std::vector<AgentRow> ListAgents(std::int64_t host);
-  void AddAgent(std::int64_t host, const AgentRow& agent);
   void RemoveAgent(std::int64_t agent);
   std::vector<KnicRow> ListKnics(std::int64_t host);
-  void SaveKnic(std::int64_t host, const KnicRow& knic);
+  std::optional<KnicRow> FindKnic(std::int64_t host, std::string_view name);
   void RemoveKnic(std::int64_t host, std::string_view name);
   void ClearKnics(std::int64_t host);
   /// Puts every persisted interface into effect, or out of it.
@@ -168,28 +204,20 @@ class Store {
 
   // Disks. Devices are unique on a host, UUIDs in the lab.
   std::vector<DiskRow> ListDisks(std::int64_t host);
+  std::vector<DiskRow> ListClaimedDisks(std::int64_t host);
+  /// The disks of a group, its flash device among them.
+  std::vector<DiskRow> ListGroup(std::int64_t host, std::string_view group);
   std::optional<DiskRow> FindDisk(std::int64_t host, std::string_view device);
   std::optional<DiskRow> FindDiskByUuid(std::string_view uuid);
-  /// The claimed disks of the host and of all hosts that run in the cluster.
-  std::vector<DiskRow> ListKnownDisks(std::int64_t host, std::string_view cluster);
-  /// The UUIDs of the claimed disks of all hosts that run in the cluster.
-  std::vector<std::string> ListClusterDiskUuids(std::string_view cluster);
-  void AddDisk(const DiskRow& disk);
-  /// Writes all but the host and the device.
-  void SaveDisk(const DiskRow& disk);
 
   // Default policies of a host.
-  std::string GetPolicy(std::int64_t host, std::string_view policyClass);
-  void SetPolicy(std::int64_t host, std::string_view policyClass, std::string_view policy);
+  std::optional<PolicyRow> FindPolicy(std::int64_t host, std::string_view policyClass);
   void ClearPolicies(std::int64_t host);
 
-  // Faults: calls of a control-library operation on a host that are to fail.
-  std::vector<FaultRow> ListFaults();
-  std::vector<std::string> ListFaultyOperations(std::int64_t host);
-  void AddFault(std::int64_t host, const FaultRow& fault);
+  // Faults of a host, in the order in which they were added.
+  std::vector<FaultRow> ListFaults(std::int64_t host);
+  void RemoveFault(std::int64_t fault);
   void ClearFaults();
-  /// Uses up one failure of the operation and returns its message; nothing if none is left.
-  std::optional<std::string> TakeFault(std::int64_t host, std::string_view operation);
 
   /// A transaction: it is undone unless it is committed.
   class Transaction {
@@ -206,9 +234,12 @@ class Store {
   };
 
  private:
-  void Make(const std::filesystem::path& file);
+  void Make(const NewLab& newLab);
   /// Brings the store in the making one step further; returns whether it was the last.
-  bool TakeStep(const std::filesystem::path& draft, const std::filesystem::path& file);
+  bool TakeStep(const NewLab& newLab);
+
+  /// The names of a host end up in paths.
+  void CheckHost(const HostRow& host) const;
 
   std::filesystem::path folder_;
   std::optional<Database> database_;

@@ -1,19 +1,62 @@
-// Membership, fault domains, datastores, policies and resync.
+// Membership and fault domains.
 
 #include <algorithm>
 
 #include "corectl/Clusters.h"
-#include "corectl/Policies.h"
 #include "corectl/info/LabInfo.h"
 #include "platform/corectl/DovraUtil.h"
+#include "store/Uuids.h"
 
 namespace Lab {
 
 using CoreCtl::Dovra::DovraUtil;
 using HostCtl::Dovra::DovraClusterConfig;
 using HostCtl::Dovra::DovraConfigGeneration;
-using HostCtl::Dovra::DovraDatastore;
 using HostCtl::Dovra::Uuid;
+
+namespace {
+
+constexpr const char* kDefaultDatastoreName = "dovraDatastore";
+
+/// The host is free to take part in another cluster: one that it has not restored is given up.
+void RequireOutside(Store& store, const HostRow& host) {
+  const auto member = store.FindMember(host.id);
+  if (!member) return;
+  if (member->running) Refuse("This host is in cluster " + member->cluster + " already.");
+  RemoveMember(store, host, member->cluster);
+}
+
+/// Makes the cluster, with its default datastore and this host.
+void Found(Store& store, const HostRow& host, const std::string& uuid) {
+  if (uuid == kNilUuid) Refuse("The nil UUID names no cluster.");
+  if (store.FindCluster(uuid)) Refuse("Cluster " + uuid + " exists already.");
+  RequireOutside(store, host);
+  ClusterRow cluster;
+  cluster.uuid = uuid;
+  store.Save(cluster);
+  store.Save(DatastoreRow{0, NewUuid(), uuid, kDefaultDatastoreName, true});
+  MemberRow member;
+  member.cluster = uuid;
+  AddMember(store, host, member);
+}
+
+/// Refuses a fault domain that is none of the stretched cluster's two data sites.
+void RequireSite(const std::vector<std::string>& sites, const std::string& name) {
+  if (std::ranges::find(sites, name) != sites.end()) return;
+  Refuse("\"" + name + "\" is not a fault domain of a data site; these are \"" + sites.front() +
+         "\" and \"" + sites.back() + "\".");
+}
+
+/// Puts the host into the fault domain, or into none if it has no name.
+void MoveToFaultDomain(Store& store, HostRow& host, const std::string& name) {
+  host.faultDomain = name;
+  store.Save(host);
+  if (const auto member = FindRunningMember(store, host)) {
+    MoveGeneration(store, member->cluster, host);
+  }
+}
+
+}  // namespace
 
 const DovraClusterConfig& LabInfo::GetClusterConfig() {
   config_ = host_.Read("GetClusterConfig", [](Store& store, const HostRow& host) {
@@ -31,10 +74,16 @@ bool LabInfo::IsLocalNodeWitness() {
 
 DovraConfigGeneration LabInfo::GetConfigGeneration() {
   return host_.Read("GetConfigGeneration", [](Store& store, const HostRow& host) {
-    const auto cluster = store.FindCluster(RequireRunningMember(store, host).cluster);
-    return DovraConfigGeneration{cluster->generationUuid,
-                                 static_cast<std::uint64_t>(cluster->generation),
-                                 static_cast<std::uint64_t>(cluster->generationTime)};
+    const ClusterRow cluster = RequireCluster(store, RequireRunningMember(store, host).cluster);
+    return DovraConfigGeneration{cluster.generationUuid,
+                                 static_cast<std::uint64_t>(cluster.generation),
+                                 static_cast<std::uint64_t>(cluster.generationTime)};
+  });
+}
+
+void LabInfo::CreateCluster(const std::string& uuid, bool, bool) {
+  host_.Change("CreateCluster", [&](Store& store, const HostRow& host) {
+    Found(store, host, DovraUtil::DovraUuidToString(DovraUtil::StringToDovraUuid(uuid)));
   });
 }
 
@@ -42,33 +91,58 @@ DovraConfigGeneration LabInfo::GetConfigGeneration() {
 void LabInfo::JoinCluster(const Uuid& cluster, bool asWitness,
                           const std::string& preferredFaultDomain, bool, bool) {
   host_.Change("JoinCluster", [&](Store& store, const HostRow& host) {
-    Lab::JoinCluster(store, host, DovraUtil::DovraUuidToString(cluster), asWitness,
-                     preferredFaultDomain);
+    const std::string uuid = DovraUtil::DovraUuidToString(cluster);
+    if (!store.FindCluster(uuid)) {
+      if (asWitness) Refuse("There is no cluster " + uuid + " for a witness to join.");
+      return Found(store, host, uuid);
+    }
+    const auto own = store.FindMember(host.id);
+    if (own && own->cluster == uuid && !own->running) {
+      // Joins anew what it has not restored: its old place must not end the cluster.
+      store.RemoveMember(host.id);
+    } else {
+      RequireOutside(store, host);
+    }
+    if (asWitness && std::ranges::any_of(store.ListMembers(uuid), &MemberRow::witness)) {
+      Refuse("Cluster " + uuid + " has a witness already.");
+    }
+    MemberRow member;
+    member.cluster = uuid;
+    member.witness = asWitness;
+    member.preferredFaultDomain = preferredFaultDomain;
+    AddMember(store, host, member);
+    const auto sites = StretchedSites(store, uuid);
+    if (asWitness && !sites.empty()) RequireSite(sites, preferredFaultDomain);
   });
 }
 
-void LabInfo::CreateCluster(const std::string& uuid, bool, bool) {
-  host_.Change("CreateCluster",
-               [&](Store& store, const HostRow& host) { Lab::CreateCluster(store, host, uuid); });
-}
-
 void LabInfo::LeaveCluster(bool) {
-  host_.Change("LeaveCluster", [](Store& store, HostRow& host) { Lab::LeaveCluster(store, host); });
+  host_.Change("LeaveCluster", [](Store& store, HostRow& host) {
+    RemoveMember(store, host, RequireRunningMember(store, host).cluster);
+    host.enteringMaintenance = false;
+    store.Save(host);
+  });
 }
 
 void LabInfo::RestoreClusterConfig(bool boot) {
-  host_.Change("RestoreClusterConfig",
-               [&](Store& store, const HostRow& host) { RestoreCluster(store, host, boot); });
+  host_.Change("RestoreClusterConfig", [&](Store& store, const HostRow& host) {
+    const auto member = store.FindMember(host.id);
+    if (!member) {
+      if (boot) return;  // a host that is in no cluster boots as well
+      Refuse("This host has no persisted Dovra cluster configuration.");
+    }
+    if (!member->running) AddMember(store, host, *member);
+  });
 }
 
 void LabInfo::SetFaultDomain(const std::string& name) {
   host_.Change("SetFaultDomain",
-               [&](Store& store, HostRow& host) { Lab::SetFaultDomain(store, host, name); });
+               [&](Store& store, HostRow& host) { MoveToFaultDomain(store, host, name); });
 }
 
 void LabInfo::ResetFaultDomain() {
   host_.Change("ResetFaultDomain",
-               [](Store& store, HostRow& host) { Lab::SetFaultDomain(store, host, ""); });
+               [](Store& store, HostRow& host) { MoveToFaultDomain(store, host, ""); });
 }
 
 std::string LabInfo::GetFaultDomainName() {
@@ -78,85 +152,14 @@ std::string LabInfo::GetFaultDomainName() {
 
 void LabInfo::SetPreferredFaultDomain(const std::string& name) {
   host_.Change("SetPreferredFaultDomain", [&](Store& store, const HostRow& host) {
-    Lab::SetPreferredFaultDomain(store, host, name);
-  });
-}
-
-void LabInfo::GetDatastores(Datastores& datastores) {
-  host_.Read("GetDatastores", [&](Store& store, const HostRow& host) {
-    datastores.clear();
-    for (const DatastoreRow& row : ListDatastores(store, host)) {
-      datastores.push_back(std::make_shared<DovraDatastore>(row.uuid, row.name, row.isDefault));
-    }
-  });
-}
-
-std::string LabInfo::GetDatastoreName(const std::string& uuid) {
-  return host_.Read("GetDatastoreName", [&](Store& store, const HostRow& host) {
-    return RequireDatastore(store, host, uuid).name;
-  });
-}
-
-void LabInfo::SetDatastoreName(const std::string& uuid, const std::string& name) {
-  host_.Change("SetDatastoreName", [&](Store& store, const HostRow& host) {
-    RenameDatastore(store, host, uuid, name);
-  });
-}
-
-void LabInfo::AddDatastore(const DovraDatastore& datastore) {
-  host_.Change("AddDatastore", [&](Store& store, const HostRow& host) {
-    Lab::AddDatastore(store, host, datastore.GetUuid(), datastore.GetName());
-  });
-}
-
-void LabInfo::RemoveDatastore(const std::string& uuid, bool) {
-  host_.Change("RemoveDatastore",
-               [&](Store& store, const HostRow& host) { Lab::RemoveDatastore(store, host, uuid); });
-}
-
-void LabInfo::ClearDatastores() {
-  host_.Change("ClearDatastores",
-               [](Store& store, const HostRow& host) { Lab::ClearDatastores(store, host); });
-}
-
-void LabInfo::SetPolicyDefault(const std::string& policyClass, const std::string& policy) {
-  host_.Change("SetPolicyDefault", [&](Store& store, const HostRow& host) {
-    DovraUtil::StringToDovraPolicyClass(policyClass);
-    CheckPolicy(policy);
-    store.SetPolicy(host.id, policyClass, policy);
-  });
-}
-
-std::string LabInfo::GetPolicyDefault(const std::string& policyClass) {
-  return host_.Read("GetPolicyDefault", [&](Store& store, const HostRow& host) {
-    return store.GetPolicy(host.id, policyClass);
-  });
-}
-
-void LabInfo::ClearPolicyDefaults() {
-  host_.Change("ClearPolicyDefaults",
-               [](Store& store, const HostRow& host) { store.ClearPolicies(host.id); });
-}
-
-std::int64_t LabInfo::GetResyncThrottle() {
-  return host_.Read("GetResyncThrottle",
-                    [](Store&, const HostRow& host) { return host.resyncThrottle; });
-}
-
-void LabInfo::SetResyncThrottle(std::int64_t level) {
-  host_.Change("SetResyncThrottle", [&](Store& store, HostRow& host) {
-    if (level < 0 || level > 512) {
-      Refuse("The resync throttle " + std::to_string(level) + " is not between 0 and 512 Mbps.");
-    }
-    host.resyncThrottle = level;
-    store.SaveHost(host);
-  });
-}
-
-std::int64_t LabInfo::GetResyncBandwidth() {
-  return host_.Read("GetResyncBandwidth", [](Store&, const HostRow& host) {
-    return host.resyncThrottle == 0 ? host.resyncDemand
-                                    : std::min(host.resyncDemand, host.resyncThrottle);
+    MemberRow member = RequireRunningMember(store, host);
+    if (!member.witness) Refuse("This host is not a witness node.");
+    const auto sites = StretchedSites(store, member.cluster);
+    if (sites.empty()) Refuse("The cluster is not stretched over two fault domains.");
+    RequireSite(sites, name);
+    member.preferredFaultDomain = name;
+    store.Save(member);
+    MoveGeneration(store, member.cluster, host);
   });
 }
 

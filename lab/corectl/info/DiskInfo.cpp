@@ -1,5 +1,9 @@
 // Disks and disk groups.
 
+#include <algorithm>
+#include <set>
+
+#include "baselibs/Text.h"
 #include "corectl/Clusters.h"
 #include "corectl/Disks.h"
 #include "corectl/info/LabInfo.h"
@@ -32,8 +36,7 @@ void HostCtl::Dovra::DovraInfo::GetDovraDisks(DiskLuns& luns) {
   using namespace Lab;
   LabHost::Current().Read("GetDovraDisks", [&](Store& store, const HostRow& host) {
     luns.clear();
-    for (DiskRow& disk : store.ListDisks(host.id)) {
-      if (!disk.IsClaimed()) continue;
+    for (DiskRow& disk : store.ListClaimedDisks(host.id)) {
       luns.push_back(std::make_shared<LabLun>(DovraUtil::StringToDovraUuid(disk.uuid),
                                               std::move(disk.device)));
     }
@@ -47,8 +50,10 @@ void LabInfo::GetDiskUuids(std::vector<Uuid>& disks) {
     disks.clear();
     const auto member = FindRunningMember(store, host);
     if (!member) return;
-    for (const std::string& uuid : store.ListClusterDiskUuids(member->cluster)) {
-      disks.push_back(DovraUtil::StringToDovraUuid(uuid));
+    for (const Member& one : ReadMembership(store, member->cluster).members) {
+      for (const DiskRow& disk : store.ListClaimedDisks(one.host.id)) {
+        disks.push_back(DovraUtil::StringToDovraUuid(disk.uuid));
+      }
     }
   });
 }
@@ -57,11 +62,19 @@ void LabInfo::GetDiskUuids(std::vector<Uuid>& disks) {
 // question, and so all rows of the listing show the same moment.
 const LabInfo::DiskView& LabInfo::GetDiskView() {
   if (diskView_) return *diskView_;
-  diskView_ = host_.Read("", [](Store& store, const HostRow& host) {
+  diskView_ = host_.Read([](Store& store, const HostRow& host) {
     const auto member = FindRunningMember(store, host);
     DiskView view{host.id, member.has_value(), {}};
-    for (DiskRow& disk : store.ListKnownDisks(host.id, member ? member->cluster : "")) {
-      view.disks.emplace(DovraUtil::StringToDovraUuid(disk.uuid), std::move(disk));
+    std::set<std::int64_t> hosts = {host.id};
+    if (member) {
+      for (const Member& one : ReadMembership(store, member->cluster).members) {
+        hosts.insert(one.host.id);
+      }
+    }
+    for (const std::int64_t id : hosts) {
+      for (DiskRow& disk : store.ListClaimedDisks(id)) {
+        view.disks.emplace(DovraUtil::StringToDovraUuid(disk.uuid), std::move(disk));
+      }
     }
     return view;
   });
@@ -99,67 +112,68 @@ void LabInfo::AddDisks(const std::string& ssd, const std::vector<std::string>& d
                [&](Store& store, const HostRow& host) { Lab::AddDisks(store, host, ssd, disks); });
 }
 
+namespace {
+
+/// The empty mode is the default.
+void CheckEvacuationMode(const std::string& mode) {
+  static constexpr std::string_view kModes[] = {"NoAction", "EnsureObjectAccessibility",
+                                                "EvacuateAllData"};
+  if (mode.empty() || std::ranges::find(kModes, mode) != std::end(kModes)) return;
+  Refuse("Unknown evacuation mode \"" + mode + "\"; the modes are " + BaseLibs::Join(kModes, ", ") +
+         ".");
+}
+
+}  // namespace
+
+void LabInfo::ChangeMounted(Operation operation, FindDisk find, const std::string& name,
+                            bool mounted) {
+  host_.Change(operation, [&](Store& store, const HostRow& host) {
+    SetMounted(store, host, find(store, host, name), mounted);
+  });
+}
+
 void LabInfo::MountDiskGroup(const std::string& ssd) {
-  host_.Change("MountDiskGroup", [&](Store& store, const HostRow& host) {
-    SetMounted(store, host, RequireGroupDisk(store, host, ssd), true);
-  });
+  ChangeMounted("MountDiskGroup", RequireGroupDisk, ssd, true);
 }
-
 void LabInfo::MountDiskByUuid(const std::string& uuid) {
-  host_.Change("MountDiskByUuid", [&](Store& store, const HostRow& host) {
-    SetMounted(store, host, RequireDiskByUuid(store, host, uuid), true);
-  });
+  ChangeMounted("MountDiskByUuid", RequireDiskByUuid, uuid, true);
 }
-
 void LabInfo::MountDisk(const std::string& disk) {
-  host_.Change("MountDisk", [&](Store& store, const HostRow& host) {
-    SetMounted(store, host, RequireClaimedDisk(store, host, disk), true);
-  });
+  ChangeMounted("MountDisk", RequireClaimedDisk, disk, true);
 }
-
 void LabInfo::UnmountDiskGroup(const std::string& ssd) {
-  host_.Change("UnmountDiskGroup", [&](Store& store, const HostRow& host) {
-    SetMounted(store, host, RequireGroupDisk(store, host, ssd), false);
-  });
+  ChangeMounted("UnmountDiskGroup", RequireGroupDisk, ssd, false);
 }
-
 void LabInfo::UnmountDisk(const std::string& disk) {
-  host_.Change("UnmountDisk", [&](Store& store, const HostRow& host) {
-    SetMounted(store, host, RequireClaimedDisk(store, host, disk), false);
-  });
+  ChangeMounted("UnmountDisk", RequireClaimedDisk, disk, false);
+}
+void LabInfo::UnmountDiskByUuid(const std::string& uuid) {
+  ChangeMounted("UnmountDiskByUuid", RequireDiskByUuid, uuid, false);
 }
 
-void LabInfo::UnmountDiskByUuid(const std::string& uuid) {
-  host_.Change("UnmountDiskByUuid", [&](Store& store, const HostRow& host) {
-    SetMounted(store, host, RequireDiskByUuid(store, host, uuid), false);
+void LabInfo::Remove(Operation operation, FindDisk find, const std::string& name,
+                     const std::string& evacuationMode,
+                     void (*rule)(Store&, const HostRow&, const DiskRow&)) {
+  host_.Change(operation, [&](Store& store, const HostRow& host) {
+    CheckEvacuationMode(evacuationMode);
+    rule(store, host, find(store, host, name));
   });
 }
 
 void LabInfo::RemoveDisk(const std::string& disk, const std::string& evacuationMode) {
-  host_.Change("RemoveDisk", [&](Store& store, const HostRow& host) {
-    CheckEvacuationMode(evacuationMode);
-    RemoveCapacityDisk(store, host, RequireClaimedDisk(store, host, disk));
-  });
+  Remove("RemoveDisk", RequireClaimedDisk, disk, evacuationMode, RemoveCapacityDisk);
 }
-
 void LabInfo::RemoveDiskGroup(const std::string& ssd, const std::string& evacuationMode) {
-  host_.Change("RemoveDiskGroup", [&](Store& store, const HostRow& host) {
-    CheckEvacuationMode(evacuationMode);
-    RemoveGroup(store, host, RequireGroupDisk(store, host, ssd));
-  });
+  Remove("RemoveDiskGroup", RequireGroupDisk, ssd, evacuationMode, RemoveGroup);
 }
-
 void LabInfo::RemoveDiskByUuid(const std::string& uuid, const std::string& evacuationMode) {
-  host_.Change("RemoveDiskByUuid", [&](Store& store, const HostRow& host) {
-    CheckEvacuationMode(evacuationMode);
-    RemoveDiskOrGroup(store, host, RequireDiskByUuid(store, host, uuid));
-  });
+  Remove("RemoveDiskByUuid", RequireDiskByUuid, uuid, evacuationMode, RemoveDiskOrGroup);
 }
 
 void LabInfo::SetAutoClaimMode(bool enabled) {
   host_.Change("SetAutoClaimMode", [&](Store& store, HostRow& host) {
     host.autoClaim = enabled;
-    store.SaveHost(host);
+    store.Save(host);
   });
 }
 

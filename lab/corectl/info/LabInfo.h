@@ -78,6 +78,12 @@ class LabInfo : public virtual HostCtl::Dovra::DovraInfo {
   LabHost& host_;
 
  private:
+  using FindDisk = DiskRow (*)(Store&, const HostRow&, const std::string& name);
+  void ChangeMounted(Operation operation, FindDisk find, const std::string& name, bool mounted);
+  void Remove(Operation operation, FindDisk find, const std::string& name,
+              const std::string& evacuationMode,
+              void (*rule)(Store&, const HostRow&, const DiskRow&));
+
   /// The disks that this host knows of, as of one moment.
   struct DiskView {
     std::int64_t host = 0;

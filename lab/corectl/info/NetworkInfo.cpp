@@ -1,22 +1,100 @@
-// The storage network's interfaces and the peers reached by unicast.
+// The storage network's interfaces.
 
-#include "corectl/Networks.h"
+#include "corectl/Addresses.h"
 #include "corectl/info/LabInfo.h"
+#include "store/Uuids.h"
 
 namespace Lab {
 
 using HostCtl::Dovra::DovraIpAddress;
 using HostCtl::Dovra::DovraKnicConfig2;
 
-void LabInfo::RemoveKnic(const std::string& name, bool force, const std::string& trafficType) {
-  host_.Change("RemoveKnic", [&](Store& store, const HostRow& host) {
-    Lab::RemoveKnic(store, host, name, force, trafficType);
+namespace {
+
+void RequireMulticast(const char* what, const DovraIpAddress& address) {
+  if (!IsMulticast(address)) {
+    Refuse(std::string("The ") + what + " address " + address.GetStringAddress() +
+           " is not a multicast address.");
+  }
+}
+
+bool& Traffic(KnicRow& knic, const std::string& type) {
+  if (type == "dovra") return knic.dovra;
+  if (type == "witness") return knic.witness;
+  Refuse("Unknown traffic type \"" + type + "\"; the types are dovra and witness.");
+}
+
+}  // namespace
+
+void LabInfo2::ConfigureKnic(const DovraKnicConfig2& config) {
+  host_.Change("ConfigureKnic", [&](Store& store, const HostRow& host) {
+    const std::string& name = config.GetKnicName();
+    RequireInterface(store, host, name);
+    RequireMulticast("agent group's IPv4", config.GetAgentMulticastGroup());
+    RequireMulticast("agent group's IPv6", config.GetAgentV6MulticastGroup());
+    RequireMulticast("master group's IPv4", config.GetMasterMulticastGroup());
+    RequireMulticast("master group's IPv6", config.GetMasterV6MulticastGroup());
+    RequirePort("agent group's port", config.GetAgentMulticastPort());
+    RequirePort("master group's port", config.GetMasterMulticastPort());
+    RequirePort("host's unicast port", config.GetHostUnicastPort());
+    RequireRange("multicast TTL", config.GetMulticastTTL(), 1, 255);
+    if (!config.carriesDovra && !config.carriesWitness) {
+      Refuse("Interface \"" + name + "\" would carry no traffic.");
+    }
+    std::string uuid = config.GetIfaceUuid();
+    if (uuid.empty()) {
+      const auto known = store.FindKnic(host.id, name);
+      uuid = known ? known->uuid : NewUuid();
+    }
+    store.Save(KnicRow{host.id, name, uuid, config.GetAgentMulticastGroup().GetStringAddress(),
+                       config.GetAgentV6MulticastGroup().GetStringAddress(),
+                       config.GetMasterMulticastGroup().GetStringAddress(),
+                       config.GetMasterV6MulticastGroup().GetStringAddress(),
+                       config.GetAgentMulticastPort(), config.GetMasterMulticastPort(),
+                       config.GetHostUnicastPort(), config.GetMulticastTTL(), config.carriesDovra,
+                       config.carriesWitness, true});
+  });
+}
+
+std::vector<std::unique_ptr<DovraKnicConfig2>> LabInfo2::GetKnicConfigs() {
+  return host_.Read("GetKnicConfigs", [](Store& store, const HostRow& host) {
+    std::vector<std::unique_ptr<DovraKnicConfig2>> configs;
+    for (const KnicRow& knic : store.ListKnics(host.id)) {
+      if (!knic.running) continue;
+      configs.push_back(std::make_unique<DovraKnicConfig2>(
+          knic.name, ToAddress(knic.agentGroup), ToAddress(knic.agentV6Group),
+          ToAddress(knic.masterGroup), ToAddress(knic.masterV6Group),
+          static_cast<int>(knic.agentPort), static_cast<int>(knic.masterPort),
+          static_cast<int>(knic.hostUnicastPort), static_cast<int>(knic.multicastTtl), knic.dovra,
+          knic.witness, knic.uuid));
+    }
+    return configs;
   });
 }
 
 bool LabInfo::IsKnicInUse(const std::string& name, const std::string& trafficType) {
   return host_.Read("IsKnicInUse", [&](Store& store, const HostRow& host) {
-    return Lab::IsKnicInUse(store, host, name, trafficType);
+    auto knic = store.FindKnic(host.id, name);
+    return knic && knic->running && Traffic(*knic, trafficType);
+  });
+}
+
+// Takes the traffic off the interface, and the interface out when it carries no other.
+void LabInfo::RemoveKnic(const std::string& name, bool force, const std::string& trafficType) {
+  host_.Change("RemoveKnic", [&](Store& store, const HostRow& host) {
+    auto knic = store.FindKnic(host.id, name);
+    if (!knic) {
+      // General traffic is taken off first: by the time it is the witness's turn, the interface may
+      // have gone with it, and that is as good.
+      if (force || trafficType == "witness") return;
+      Refuse("Interface \"" + name + "\" is not in the Dovra network configuration.");
+    }
+    Traffic(*knic, trafficType) = false;
+    if (knic->dovra || knic->witness) {
+      store.Save(*knic);
+    } else {
+      store.RemoveKnic(host.id, name);
+    }
   });
 }
 
@@ -28,61 +106,6 @@ void LabInfo::RestoreNetworkConfig() {
 void LabInfo::ClearNetworkConfig() {
   host_.Change("ClearNetworkConfig",
                [](Store& store, const HostRow& host) { store.ClearKnics(host.id); });
-}
-
-void LabInfo2::ConfigureKnic(const DovraKnicConfig2& config) {
-  host_.Change("ConfigureKnic",
-               [&](Store& store, const HostRow& host) { Lab::ConfigureKnic(store, host, config); });
-}
-
-std::vector<std::unique_ptr<DovraKnicConfig2>> LabInfo2::GetKnicConfigs() {
-  return host_.Read("GetKnicConfigs", [](Store& store, const HostRow& host) {
-    std::vector<std::unique_ptr<DovraKnicConfig2>> configs;
-    for (DovraKnicConfig2& config : ListKnics(store, host)) {
-      configs.push_back(std::make_unique<DovraKnicConfig2>(std::move(config)));
-    }
-    return configs;
-  });
-}
-
-void LabInfo::AddUnicastAgent(const std::string& nodeUuid, bool isWitness, bool supportsUnicast,
-                              const DovraIpAddress& address, std::int32_t port,
-                              bool hasBoundInterface, const std::string& boundInterface,
-                              const std::string&) {
-  host_.Change("AddUnicastAgent", [&](Store& store, const HostRow& host) {
-    if (hasBoundInterface && boundInterface.empty()) Refuse("The bound interface has no name.");
-    AddAgent(store, host,
-             {0, nodeUuid, isWitness, supportsUnicast, address.GetStringAddress(), port,
-              boundInterface});
-  });
-}
-
-bool LabInfo::RemoveUnicastAgent(const std::string& nodeUuid, const DovraIpAddress& address,
-                                 std::int32_t port) {
-  return host_.Change("RemoveUnicastAgent", [&](Store& store, const HostRow& host) {
-    return RemoveAgent(store, host, nodeUuid, address, port);
-  });
-}
-
-// Every process of the lab reads the agents anew, so none holds an old list that this would renew.
-void LabInfo::RefreshUnicastAgents() {
-  host_.Read("RefreshUnicastAgents", [](Store&, const HostRow&) {});
-}
-
-void LabInfo::GetUnicastAgents(std::vector<std::string>& entries) {
-  host_.Read("GetUnicastAgents", [&](Store& store, const HostRow& host) {
-    entries.clear();
-    for (const AgentRow& agent : store.ListAgents(host.id)) entries.push_back(ToEntry(agent));
-  });
-}
-
-void LabInfo::GetUnicastWitnesses(std::vector<std::string>& witnesses) {
-  host_.Read("GetUnicastWitnesses", [&](Store& store, const HostRow& host) {
-    witnesses.clear();
-    for (const AgentRow& agent : store.ListAgents(host.id)) {
-      if (agent.witness) witnesses.push_back(agent.address);
-    }
-  });
 }
 
 }  // namespace Lab

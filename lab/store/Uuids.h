@@ -4,6 +4,10 @@
 
 namespace Lab {
 
+/// Stands for "none".
+inline constexpr const char* kNilUuid = "00000000-0000-0000-0000-000000000000";
+
+bool IsUuid(const std::string& text);
 /// The text of a new random UUID.
 std::string NewUuid();
 /// The text of the UUID that belongs to `name` and no other: the same each time.

@@ -1,4 +1,4 @@
-#include "store/NewUuid.h"
+#include "store/Uuids.h"
 
 #include <uuid/uuid.h>
 
@@ -13,6 +13,11 @@ std::string ToText(const uuid_t uuid) {
 }
 
 }  // namespace
+
+bool IsUuid(const std::string& text) {
+  uuid_t uuid;
+  return text.size() == UUID_STR_LEN - 1 && uuid_parse(text.c_str(), uuid) == 0;
+}
 
 std::string NewUuid() {
   uuid_t uuid;

@@ -1,0 +1,24 @@
+// Rules of addresses and ports.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "platform/hostctl/DovraRecords.h"
+#include "store/Store.h"
+
+namespace Lab {
+
+/// Throws `DovraCtlException` when the text is an address of neither family.
+HostCtl::Dovra::DovraIpAddress ToAddress(const std::string& text);
+bool IsMulticast(const HostCtl::Dovra::DovraIpAddress& address);
+/// Whether a host can have the address for itself.
+bool IsOfOneHost(const HostCtl::Dovra::DovraIpAddress& address);
+
+/// Refuses a number outside its range; `what` says in the message what it is.
+void RequireRange(const char* what, std::int64_t value, std::int64_t least, std::int64_t most);
+void RequirePort(const char* what, std::int64_t port);
+/// Refuses an interface that the host does not have.
+void RequireInterface(Store& store, const HostRow& host, const std::string& name);
+
+}  // namespace Lab

@@ -1,0 +1,82 @@
+#include "corectl/Hosts.h"
+
+#include "corectl/Clusters.h"
+#include "corectl/LabHost.h"
+#include "hostroot/HostRoot.h"
+#include "store/Uuids.h"
+
+namespace Lab {
+
+namespace {
+
+constexpr const char* kFirstHost = "host1";
+constexpr const char* kInterfaces[] = {"knic0", "knic1"};
+
+constexpr struct {
+  const char* device;
+  bool flash;
+} kDisks[] = {
+    {"mpx.xhba1:C0:T0:L0", true},  {"mpx.xhba1:C0:T1:L0", true},  {"mpx.xhba2:C0:T0:L0", false},
+    {"mpx.xhba2:C0:T1:L0", false}, {"mpx.xhba2:C0:T2:L0", false}, {"mpx.xhba2:C0:T3:L0", false},
+};
+
+}  // namespace
+
+void FillNewLab(Store& store) {
+  AddHost(store, kFirstHost);
+}
+
+void ResetLab(Store& store) {
+  store.Clear();
+  FillNewLab(store);
+}
+
+void AddHost(Store& store, const std::string& name) {
+  HostRow host;
+  host.name = name;
+  host.uuid = NewUuid();
+  store.Save(host);
+  host = *store.FindHost(name);
+  for (const char* const interface : kInterfaces) store.Save(InterfaceRow{host.id, interface});
+  for (const auto& [device, flash] : kDisks) {
+    DiskRow disk;
+    disk.host = host.id;
+    disk.device = device;
+    disk.flash = flash;
+    store.Save(disk);
+  }
+  MakeRoot(store, host, Selected().hostFiles);
+}
+
+void RemoveHost(Store& store, const HostRow& host) {
+  if (const auto member = store.FindMember(host.id)) RemoveMember(store, host, member->cluster);
+  store.RemoveHost(host.id);
+}
+
+void Reboot(Store& store, HostRow& host) {
+  if (auto member = FindRunningMember(store, host)) {
+    member->running = false;
+    store.Save(*member);
+    MoveMembership(store, member->cluster, host);
+  }
+  store.SetKnicsRunning(host.id, false);
+  host.enteringMaintenance = false;
+  store.Save(host);
+}
+
+void StartMaintenance(Store& store, HostRow& host) {
+  RequireRunningMember(store, host);
+  if (host.enteringMaintenance) Refuse("This host is entering maintenance mode already.");
+  host.enteringMaintenance = true;
+  store.Save(host);
+}
+
+void CancelMaintenance(Store& store, HostRow& host) {
+  if (!host.enteringMaintenance) {
+    Refuse("No maintenance mode operation is in progress on this host.");
+  }
+  host.enteringMaintenance = false;
+  store.Save(host);
+}
+
+}  // namespace Lab

@@ -1,0 +1,102 @@
+// The peers reached by unicast.
+
+#include "corectl/Addresses.h"
+#include "corectl/info/LabInfo.h"
+#include "platform/corectl/DovraUtil.h"
+#include "store/Uuids.h"
+
+namespace Lab {
+
+using CoreCtl::Dovra::DovraUtil;
+using HostCtl::Dovra::DovraIpAddress;
+
+namespace {
+
+constexpr std::size_t kMaxAgents = 64;  // the hosts of the largest cluster
+
+std::string Canonical(const std::string& uuid) {
+  return DovraUtil::DovraUuidToString(DovraUtil::StringToDovraUuid(uuid));
+}
+
+bool IsAt(const AgentRow& agent, const DovraIpAddress& address, std::int64_t port) {
+  return agent.port == port && ToAddress(agent.address) == address;
+}
+
+}  // namespace
+
+void LabInfo::AddUnicastAgent(const std::string& nodeUuid, bool isWitness, bool supportsUnicast,
+                              const DovraIpAddress& address, std::int32_t port,
+                              bool hasBoundInterface, const std::string& boundInterface,
+                              const std::string&) {
+  host_.Change("AddUnicastAgent", [&](Store& store, const HostRow& host) {
+    const AgentRow agent = {0,         host.id,         Canonical(nodeUuid),
+                            isWitness, supportsUnicast, address.GetStringAddress(),
+                            port,      boundInterface};
+    const bool isNil = agent.nodeUuid == kNilUuid;
+    if (isNil && !isWitness) Refuse("A node's UUID cannot be the nil UUID.");
+    if (!IsOfOneHost(address)) {
+      Refuse("The address " + agent.address + " is not one of a single host.");
+    }
+    RequirePort("port", port);
+    if (hasBoundInterface) {
+      if (boundInterface.empty()) Refuse("The bound interface has no name.");
+      RequireInterface(store, host, boundInterface);
+    }
+    const auto agents = store.ListAgents(host.id);
+    if (agents.size() >= kMaxAgents) {
+      Refuse("There can be at most " + std::to_string(kMaxAgents) + " unicast agents.");
+    }
+    for (const AgentRow& known : agents) {
+      if (IsAt(known, address, port)) {
+        Refuse("There is a unicast agent at " + agent.address + " port " + std::to_string(port) +
+               " already.");
+      }
+      if (!isNil && known.nodeUuid == agent.nodeUuid) {
+        Refuse("There is a unicast agent with UUID " + agent.nodeUuid + " already.");
+      }
+    }
+    store.Save(agent);
+  });
+}
+
+bool LabInfo::RemoveUnicastAgent(const std::string& nodeUuid, const DovraIpAddress& address,
+                                 std::int32_t port) {
+  return host_.Change("RemoveUnicastAgent", [&](Store& store, const HostRow& host) {
+    const std::string uuid = Canonical(nodeUuid);
+    const bool isAny = uuid == kNilUuid;
+    for (const AgentRow& agent : store.ListAgents(host.id)) {
+      if (!IsAt(agent, address, port) || (!isAny && agent.nodeUuid != uuid)) continue;
+      store.RemoveAgent(agent.id);
+      return agent.witness;  // a data node's peers have to be told
+    }
+    Refuse("There is no unicast agent " + (isAny ? "" : uuid + " ") + "at " +
+           address.GetStringAddress() + " port " + std::to_string(port) + ".");
+  });
+}
+
+// Every process of the lab reads the agents anew, so none holds an old list that this would renew.
+void LabInfo::RefreshUnicastAgents() {
+  host_.Read("RefreshUnicastAgents", [](Store&, const HostRow&) {});
+}
+
+void LabInfo::GetUnicastAgents(std::vector<std::string>& entries) {
+  host_.Read("GetUnicastAgents", [&](Store& store, const HostRow& host) {
+    entries.clear();
+    for (const AgentRow& agent : store.ListAgents(host.id)) {
+      entries.push_back(agent.nodeUuid + ";" + (agent.witness ? "1" : "0") + ";" +
+                        (agent.supportsUnicast ? "1" : "0") + ";" + agent.address + ";" +
+                        std::to_string(agent.port) + ";" + agent.boundInterface);
+    }
+  });
+}
+
+void LabInfo::GetUnicastWitnesses(std::vector<std::string>& witnesses) {
+  host_.Read("GetUnicastWitnesses", [&](Store& store, const HostRow& host) {
+    witnesses.clear();
+    for (const AgentRow& agent : store.ListAgents(host.id)) {
+      if (agent.witness) witnesses.push_back(agent.address);
+    }
+  });
+}
+
+}  // namespace Lab

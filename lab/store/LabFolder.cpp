@@ -1,0 +1,104 @@
+#include "store/LabFolder.h"
+
+#include <fcntl.h>
+#include <pwd.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <set>
+#include <system_error>
+
+#include "store/LabError.h"
+
+namespace Lab {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+[[noreturn]] void Fail(const char* what, const fs::path& path) {
+  throw fs::filesystem_error(what, path, {errno, std::generic_category()});
+}
+
+/// An open file, closed with its owner.
+class Descriptor {
+ public:
+  Descriptor(const fs::path& path, int flags, mode_t mode = 0)
+      : number_(open(path.c_str(), flags | O_CLOEXEC, mode)) {
+    if (number_ < 0) Fail("cannot open", path);
+  }
+  ~Descriptor() { close(number_); }
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+  int Get() const { return number_; }
+
+ private:
+  int number_;
+};
+
+/// Makes the folder, and those above it as far as they are missing.
+void MakeFolder(const fs::path& folder) {
+  if (fs::exists(folder)) return;
+  const fs::path parent = folder.parent_path();
+  MakeFolder(parent);
+  fs::create_directory(folder);
+  SyncFolder(parent);
+}
+
+/// Whether the folder is empty, holds a store, or what is left of the making of one.
+bool MayBeLab(const fs::path& folder) {
+  std::set<std::string> names;
+  for (const auto& entry : fs::directory_iterator(folder)) names.insert(entry.path().filename());
+  if (names.contains(kStoreFile)) return true;
+  if (names.erase(kStoreDraft) != 0) {
+    names.erase(std::string(kStoreDraft) + "-journal");
+    names.erase(kHostsFolder);
+  }
+  return names.empty();
+}
+
+}  // namespace
+
+void PrepareLabFolder(const fs::path& folder) {
+  const std::string name = "the lab's folder \"" + folder.string() + "\" ";
+  try {
+    MakeFolder(folder);
+    if (!fs::is_directory(folder)) throw LabError(name + "is not a folder");
+    if (!MayBeLab(folder)) {
+      throw LabError(name + "holds other things and no lab; a new lab wants a new or empty folder");
+    }
+  } catch (const fs::filesystem_error& error) {
+    throw LabError(name + "cannot be used: " + error.code().message());
+  }
+}
+
+void RequireTrusted(const fs::path& folder) {
+  if (geteuid() != 0) return;
+  for (const fs::path& path : {folder, folder / kStoreFile, folder / kHostsFolder}) {
+    struct stat found {};
+    if (lstat(path.c_str(), &found) != 0 || found.st_uid == 0) continue;
+    const passwd* const owner = getpwuid(found.st_uid);
+    throw LabError("\"" + path.string() + "\" belongs to " +
+                   (owner == nullptr ? "user " + std::to_string(found.st_uid) : owner->pw_name) +
+                   "; root does not use another user's lab, since it holds programs that are run");
+  }
+}
+
+void SyncFolder(const fs::path& folder) {
+  const Descriptor descriptor(folder.empty() ? "." : folder, O_RDONLY | O_DIRECTORY);
+  // Some file systems have no folders that could be synced; theirs are as safe as they get.
+  if (fsync(descriptor.Get()) != 0 && errno != EINVAL) Fail("cannot sync", folder);
+}
+
+void WriteNewFile(const fs::path& path, const std::string& content, bool isProgram) {
+  const Descriptor file(path, O_WRONLY | O_CREAT | O_EXCL, isProgram ? 0777 : 0666);
+  for (std::size_t written = 0; written < content.size();) {
+    const ssize_t count = write(file.Get(), content.data() + written, content.size() - written);
+    if (count < 0 && errno != EINTR) Fail("cannot write", path);
+    if (count > 0) written += static_cast<std::size_t>(count);
+  }
+  if (fsync(file.Get()) != 0) Fail("cannot sync", path);
+}
+
+}  // namespace Lab

@@ -1,0 +1,31 @@
+// A lab's folder, as far as it is not SQLite's: what may become a lab, and who may use one.
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+namespace Lab {
+
+/// What a lab's folder holds: the store, and the hosts' files.
+inline constexpr const char* kStoreFile = "lab.db";
+inline constexpr const char* kHostsFolder = "hosts";
+
+/// The store in the making. It gets its own name when it is complete.
+inline constexpr const char* kStoreDraft = "lab.db.new";
+
+/// Makes the folder if it is not there. Throws `LabError` when it holds something and is no lab.
+void PrepareLabFolder(const std::filesystem::path& folder);
+
+/// A lab holds programs that are run: throws `LabError` when it belongs to another user and this
+/// one is root.
+void RequireTrusted(const std::filesystem::path& folder);
+
+/// Makes the folder's entries outlast a loss of power. Throws `filesystem_error`.
+void SyncFolder(const std::filesystem::path& folder);
+
+/// Writes a file that is not there yet, for everybody whom the umask lets, and makes its content
+/// outlast a loss of power. Throws `filesystem_error`.
+void WriteNewFile(const std::filesystem::path& path, const std::string& content,
+                  bool isProgram = false);
+
+}  // namespace Lab
