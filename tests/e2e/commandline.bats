@@ -50,55 +50,6 @@ unusable() { expect 3 '' "autocli: $1" "${@:2}"; }
     [[ $(jq -r '.[] | select(.Command == "dovra cluster leave").Description' <<<"$output") == 'Leave the Dovra cluster the host is currently joined to.' ]]
 }
 
-@test "a lab that cannot be used costs nothing that was there" {
-    file=$BATS_TEST_TMPDIR/file
-    echo precious >"$file"
-    unusable "the lab's folder \"$file\" is not a folder" --lab "$file" dovra cluster get
-    unusable '*' --lab "$file/below" dovra cluster get
-    [[ $(cat "$file") == precious ]]
-
-    new_cluster
-    unusable 'no host "nope" in this lab; its hosts are: host1' --host nope dovra cluster get
-    store=$AUTOCLI_LAB/lab.db
-    cp "$store" "$BATS_TEST_TMPDIR/good"
-    not_a_store() { # MESSAGE
-        before=$(sha256sum <"$store")
-        for command in 'cluster get' 'cluster leave'; do
-            # shellcheck disable=SC2086
-            unusable "$1" dovra $command
-        done
-        [[ $(sha256sum <"$store") == "$before" ]]
-    }
-    : >"$store"
-    not_a_store "\"$store\" is not a lab's store"
-    echo 'a file of another program, longer than a header of a database would be: ........................................' >"$store"
-    not_a_store "\"$store\" is not a lab's store"
-    cp "$BATS_TEST_TMPDIR/good" "$store" && truncate -s 8192 "$store"
-    not_a_store '*'
-    [[ $stderr == *damaged* ]]
-    cp "$BATS_TEST_TMPDIR/good" "$store" && printf '\0\0\0\011' | dd of="$store" bs=1 seek=60 conv=notrunc status=none
-    not_a_store "the lab's store \"$store\" is from a newer version of autocli (9; this one knows 1)"
-    cp "$BATS_TEST_TMPDIR/good" "$store"
-    [[ $(cluster_field Enabled) == true ]]
-}
-
-@test "a lab that may not be written is refused" {
-    new_cluster
-    if [[ $(id -u) == 0 ]]; then # to whom nothing is forbidden
-        chmod 755 "$BATS_RUN_TMPDIR" "$BATS_RUN_TMPDIR/test" "$BATS_TEST_TMPDIR" "$AUTOCLI_LAB"
-        prefix=$(dirname "$(dirname "$AUTOCLI")")
-        mkdir -p "$BATS_TEST_TMPDIR/moved/bin"
-        cp "$prefix/bin/autocli" "$BATS_TEST_TMPDIR/moved/bin"
-        cp -r "$prefix/lib" "$prefix/share" "$BATS_TEST_TMPDIR/moved"
-        autocli() { setpriv --reuid=65534 --regid=65534 --clear-groups "$BATS_TEST_TMPDIR/moved/bin/autocli" "$@"; }
-    else
-        chmod 555 "$AUTOCLI_LAB"
-    fi
-    unusable '*' dovra cluster get
-    chmod 755 "$AUTOCLI_LAB"
-    [[ $stderr == *"cannot be used: Permission denied"* ]]
-}
-
 @test "a plug-in that is missing or none" {
     folder=$BATS_TEST_TMPDIR/plugins
     unusable "the plug-ins' folder \"$folder\" cannot be read: No such file or directory" --plugin-dir "$folder" --list

@@ -1,0 +1,171 @@
+# The lab's folder and its store: what is touched, by whom, and what is refused.
+load common
+
+unusable() { expect 3 '' "autocli: $1" "${@:2}"; }
+
+# tamper SQL: changes the store behind the lab's back.
+tamper() { python3 -c 'import sqlite3, sys; sqlite3.connect(sys.argv[1], isolation_level=None).executescript(sys.argv[2])' "$AUTOCLI_LAB/lab.db" "$1"; }
+
+# tree FOLDER: all that is in it.
+tree() { (cd "$1" && find . -type f -exec sha256sum {} + -o -printf '%y %p %l\n' | sort); }
+
+# as_nobody: lets autocli run as somebody to whom not all is allowed.
+as_nobody() {
+    [[ $(id -u) == 0 ]] || skip "only root can become another user"
+    chmod 755 "$BATS_RUN_TMPDIR" "$BATS_RUN_TMPDIR/test" "$BATS_TEST_TMPDIR"
+    mkdir -p "$BATS_TEST_TMPDIR/moved"
+    cp -r "$(dirname "$(dirname "$AUTOCLI")")"/{bin,lib,share} "$BATS_TEST_TMPDIR/moved"
+    autocli() { setpriv --reuid=65534 --regid=65534 --clear-groups "$BATS_TEST_TMPDIR/moved/bin/autocli" "$@"; }
+}
+
+@test "a folder that holds other things is never made a lab" {
+    for path in precious hosts/host1/precious .hidden lab.db-journal; do
+        folder=$BATS_TEST_TMPDIR/$RANDOM
+        mkdir -p "$(dirname "$folder/$path")"
+        echo mine >"$folder/$path"
+        before=$(tree "$folder")
+        unusable "the lab's folder \"$folder\" holds other things and no lab; a new lab wants a new or empty folder" --lab "$folder" dovra trace get
+        [[ $(tree "$folder") == "$before" ]]
+    done
+    unusable "the lab's folder \"$folder/$path\" is not a folder" --lab "$folder/$path" dovra trace get
+    unusable "the lab's folder \"$folder/$path/below\" *" --lab "$folder/$path/below" dovra trace get
+    mkdir "$AUTOCLI_LAB"
+    succeed dovra cluster new
+}
+
+@test "only what the lab made is deleted" {
+    succeed lab host add --name host2
+    mkdir "$AUTOCLI_LAB/hosts/mine"
+    echo mine >"$AUTOCLI_LAB/hosts/mine/file"
+    mv "$AUTOCLI_LAB/hosts/host2" "$BATS_TEST_TMPDIR/moved-root"
+    ln -s "$BATS_TEST_TMPDIR/moved-root" "$AUTOCLI_LAB/hosts/host2"
+    before=$(tree "$AUTOCLI_LAB/hosts/mine" && tree "$BATS_TEST_TMPDIR/moved-root")
+    unusable "\"$AUTOCLI_LAB/hosts/mine\" is in the way, and the lab did not make it" lab host add --name mine
+    succeed lab host remove --name host2
+    unusable "\"$AUTOCLI_LAB/hosts/host2\" is in the way, and the lab did not make it" lab host add --name host2
+    mv "$AUTOCLI_LAB/hosts" "$BATS_TEST_TMPDIR/elsewhere"
+    ln -s "$BATS_TEST_TMPDIR/elsewhere" "$AUTOCLI_LAB/hosts"
+    elsewhere=$(tree "$BATS_TEST_TMPDIR/elsewhere")
+    unusable "\"$AUTOCLI_LAB/hosts\" is in the way, *" lab reset
+    [[ $(tree "$BATS_TEST_TMPDIR/elsewhere") == "$elsewhere" ]]
+    rm "$AUTOCLI_LAB/hosts"
+    mv "$BATS_TEST_TMPDIR/elsewhere" "$AUTOCLI_LAB/hosts"
+    succeed lab reset
+    [[ $(tree "$AUTOCLI_LAB/hosts/mine" && tree "$BATS_TEST_TMPDIR/moved-root") == "$before" ]]
+    [[ $(ls -A "$AUTOCLI_LAB/hosts") == $'host1\nhost2\nmine' ]]
+}
+
+@test "a new host has files of its own, whoever had its name" {
+    succeed lab host add --name host2
+    succeed --host host2 dovra trace set --path /old
+    succeed lab host remove --name host2
+    succeed lab host add --name host2
+    succeed dovra trace set --path /old
+    succeed lab reset
+    succeed lab host add --name host2
+    for host in host1 host2; do
+        expect 0 '   DOVRA Traces Directory: /var/dovra/traces*' '' --host $host dovra trace get
+    done
+    # A kill between a host and its files' names: they are there under another, until somebody writes.
+    uuid=$(host_uuid host1)
+    mv "$AUTOCLI_LAB/hosts/host1" "$AUTOCLI_LAB/hosts/.$uuid"
+    cp -r "$AUTOCLI_LAB/hosts/host2" "$AUTOCLI_LAB/hosts/host1"
+    succeed dovra trace set --path /new
+    succeed lab host remove --name host2
+    expect 0 '   DOVRA Traces Directory: /new*' '' dovra trace get
+    [[ $(ls -A "$AUTOCLI_LAB/hosts") == host1 ]]
+}
+
+@test "a store that is none, damaged or of another version is refused and left as it is" {
+    new_cluster
+    store=$AUTOCLI_LAB/lab.db
+    cp "$store" "$BATS_TEST_TMPDIR/good"
+    unusable 'no host "nope" in this lab; its hosts are: host1' --host nope dovra cluster get
+    max=9223372036854775807
+    while IFS='|' read -r damage error commands; do
+        cp "$BATS_TEST_TMPDIR/good" "$store"
+        case $damage in
+        SQL*) tamper "${damage#SQL}" ;;
+        *) eval "$damage" ;;
+        esac
+        before=$(sha256sum <"$store")
+        IFS=, read -ra lines <<<"$commands"
+        for line in "${lines[@]}"; do
+            echo "$damage: $line"
+            # shellcheck disable=SC2086
+            unusable "$error" $line
+        done
+        [[ $(sha256sum <"$store") == "$before" ]]
+    done <<EOF
+: >"\$store"|"$store" is not a lab's store|dovra cluster get,dovra cluster leave
+seq 9999 >"\$store"|"$store" is not a lab's store|dovra cluster get,dovra cluster leave
+truncate -s 8192 "\$store"|the lab's store "$store" is damaged: *|dovra cluster get,dovra cluster leave
+SQLPRAGMA user_version = 9|the lab's store "$store" is from a newer version of autocli (9; this one knows *|dovra cluster get
+SQLPRAGMA user_version = 1|the lab's store "$store" is from an older version of autocli (1; this one knows *|dovra cluster get,lab reset
+SQLPRAGMA foreign_keys = OFF; DELETE FROM clusters|the lab's store "$store" is damaged: there is no cluster *|dovra cluster get,dovra faultdomain set -n x,dovra datastore clear
+SQLUPDATE clusters SET generation = $max|the lab's store "$store" is damaged: *|dovra faultdomain set -n x,dovra datastore add -n x
+SQLUPDATE clusters SET revision = $max|the lab's store "$store" is damaged: *|lab host reboot
+SQLUPDATE clusters SET generation_time = -1|the lab's store "$store" is damaged: *|dovra cluster get
+SQLUPDATE members SET place = $max, running = 0|the lab's store "$store" is damaged: *|dovra cluster restore
+SQLUPDATE hosts SET name = '../../victim'|the lab's store "$store" is damaged: a host is called "../../victim"|lab host list,--host ../../victim dovra trace get
+SQLUPDATE hosts SET uuid = '/../victim'|the lab's store "$store" is damaged: *|dovra trace get,lab host list
+SQLDELETE FROM lab|the lab's store "$store" is damaged: it has no name|lab host add -n x
+EOF
+    cp "$BATS_TEST_TMPDIR/good" "$store"
+    [[ $(cluster_field Enabled) == true ]]
+}
+
+@test "paths that SQLite would take for something else, or not at all" {
+    cd "$BATS_TEST_TMPDIR"
+    succeed --lab 'file:odd?mode=memory' dovra cluster new
+    [[ -f file:odd?mode=memory/lab.db ]]
+    long=$(printf 'a%.0s' {1..250})
+    unusable "the lab's folder \"$PWD/$long/$long\" cannot be used: its path is too long" --lab "$long/$long" dovra cluster get
+    [[ ! -e $long ]]
+}
+
+@test "who may read a lab may read it, who may write it may use it, root uses no other's" {
+    as_nobody
+    for mask in 022 002 077; do
+        AUTOCLI_LAB=$BATS_TEST_TMPDIR/$mask
+        (umask $mask; "$AUTOCLI" dovra cluster new)
+        modes=$(cd "$AUTOCLI_LAB" && stat -c %a lab.db hosts/host1/etc/init.d/dovratraced hosts/host1/etc/orvane/dovra/dovratraced.conf hosts)
+        file=$(printf %o $((0666 & ~0$mask))) program=$(printf %o $((0777 & ~0$mask)))
+        [[ $(xargs <<<"$modes") == "$file $program $file $program" ]]
+    done
+    unusable "the lab's folder \"$AUTOCLI_LAB\" cannot be used: Permission denied" dovra cluster get
+    AUTOCLI_LAB=$BATS_TEST_TMPDIR/022
+    before=$(tree "$AUTOCLI_LAB")
+    for line in 'cluster get' 'trace get' 'storage list' 'network list' 'datastore list' 'policy getdefault' 'resync throttle get' 'faultdomain get' 'cluster unicastagent list'; do
+        # shellcheck disable=SC2086
+        expect 0 '*' '' dovra $line
+    done
+    expect 0 '*' '' lab host list
+    for line in 'dovra cluster leave' 'lab host add -n host2' 'dovra trace set -p /x'; do
+        # shellcheck disable=SC2086
+        run autocli $line
+        [[ $status != 0 ]]
+    done
+    [[ $(tree "$AUTOCLI_LAB") == "$before" ]]
+    chown -R 65534:65534 "$AUTOCLI_LAB"
+    expect 0 true '' dovra cluster leave
+    autocli() { "$AUTOCLI" "$@"; }
+    unusable "\"$AUTOCLI_LAB\" belongs to *" dovra trace get
+}
+
+@test "who reads does not wait for who writes" {
+    new_cluster
+    coproc held { python3 -c '
+import sqlite3, sys
+lab = sqlite3.connect(sys.argv[1], isolation_level=None)
+lab.execute("BEGIN IMMEDIATE")
+print(flush=True)
+sys.stdin.read()' "$AUTOCLI_LAB/lab.db"; }
+    read -r -u "${held[0]}" _
+    for line in 'dovra trace get' 'dovra cluster get' 'lab host list' 'lab fault list' 'dovra storage list'; do
+        # shellcheck disable=SC2086
+        timeout 20 "$AUTOCLI" $line
+    done
+    eval "exec ${held[1]}>&-"
+    wait "$held_PID"
+}
