@@ -1,4 +1,5 @@
 // A plug-in with one command, `break`, that throws what no command may.
+#include "corectl/Hosts.h"
 #include "corectl/LabHost.h"
 #include "frame/Frame.h"
 
@@ -18,10 +19,10 @@ class Break final : public SuccessCommand<Break> {
 
   void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
     output->SetRootObject(MetaBool::New(true));
-    Lab::LabHost::Current().Change("", [&](Lab::Store& store, Lab::HostRow& host) {
+    Lab::LabHost::Current().Change([&](Lab::Store& store, Lab::HostRow& host) {
       host.faultDomain = "half done";
-      store.SaveHost(host);
-      store.AddHost("half-done");
+      store.Save(host);
+      Lab::AddHost(store, "half-done");
       const std::string what = input->GetParameter("with");
       if (what == "error") throw std::runtime_error("an error\nof its own");
       if (what == "refusal") throw DovraCtlException("a refusal");

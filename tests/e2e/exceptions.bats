@@ -13,4 +13,5 @@ refusal|: a refusal
 number|
 EOF
     succeed lab host remove --name host2
+    [[ $(ls -A "$AUTOCLI_LAB/hosts") == host1 ]] # nor files of a host that never came
 }
