@@ -1,5 +1,5 @@
-# The platform's libraries as a host has them, under the names that the lab's targets have. They
-# are only linked against; the headers are our own.
+# A host's libraries, under the names that the lab's targets have. They are only linked against: what
+# they offer is declared in include/platform.
 foreach(name clitools corectlcore corectl dovracorectl baselibs)
   find_library(DOVRA_PLATFORM_${name} ${name} PATHS ${DOVRA_PLATFORM_DIR} NO_DEFAULT_PATH REQUIRED)
   add_library(${name} SHARED IMPORTED)
