@@ -24,15 +24,16 @@ install(DIRECTORY lab/hostroot/files/ DESTINATION share/autocli/hostroot COMPONE
   PATTERN "*.conf" PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
 install(FILES docs/lab.md docs/reference.md DESTINATION share/doc/dovra-lab COMPONENT lab)
 
-# The manual, packed as Debian wants it.
+# The manual, written by the program itself, packed as Debian wants it.
 find_program(GZIP gzip REQUIRED)
 function(lab_page page folder)
-  set(source ${PROJECT_SOURCE_DIR}/docs/man/${page})
-  set(packed ${PROJECT_BINARY_DIR}/${folder}/${page}.gz)
+  set(plain ${PROJECT_BINARY_DIR}/${folder}/${page})
+  set(packed ${plain}.gz)
   add_custom_command(OUTPUT ${packed}
     COMMAND ${CMAKE_COMMAND} -E make_directory ${PROJECT_BINARY_DIR}/${folder}
-    COMMAND ${GZIP} -9nc ${source} > ${packed}
-    DEPENDS ${source})
+    COMMAND autocli --reference ${page} > ${plain}
+    COMMAND ${GZIP} -9nf ${plain}
+    DEPENDS autocli lab_plugin dovra_lab)
   add_custom_target(${page} ALL DEPENDS ${packed})
   install(FILES ${packed} DESTINATION ${folder} COMPONENT lab)
 endfunction()

@@ -3,18 +3,17 @@ load common
 
 source=$BATS_TEST_DIRNAME/../..
 
-@test "the reference and the man pages are what the program says" {
-    for page in markdown:reference.md autocli.1:man/autocli.1 dovra.7:man/dovra.7; do
-        autocli --reference "${page%:*}" | diff -u "$source/docs/${page#*:}" - ||
-            { echo "docs/${page#*:} is out of date: run script/reference"; false; }
-    done
+@test "the reference is what the program says" {
+    autocli --reference markdown | diff -u "$source/docs/reference.md" - ||
+        { echo "docs/reference.md is out of date: run script/reference"; false; }
 }
 
 @test "man shows the pages without a complaint, every command on one of them" {
-    for page in autocli.1 dovra.7; do
-        [[ -z $(man --warnings -E UTF-8 -l "$source/docs/man/$page" 2>&1 >/dev/null) ]]
-        [[ -z $(groff -ww -man -z "$source/docs/man/$page" 2>&1) ]]
-        MANWIDTH=200 man -E UTF-8 -l "$source/docs/man/$page" | col -bx >>"$BATS_TEST_TMPDIR/shown"
+    for page in "$BATS_TEST_TMPDIR"/{autocli.1,dovra.7}; do
+        autocli --reference "$(basename "$page")" >"$page"
+        [[ -z $(man --warnings -E UTF-8 -l "$page" 2>&1 >/dev/null) ]]
+        [[ -z $(groff -ww -man -z "$page" 2>&1) ]]
+        MANWIDTH=200 man -E UTF-8 -l "$page" | col -bx >>"$BATS_TEST_TMPDIR/shown"
     done
     autocli --formatter json --list | jq -r '.[].Command' >"$BATS_TEST_TMPDIR/commands"
     while read -r command; do grep -qE "^ +autocli $command( |$)" "$BATS_TEST_TMPDIR/shown"; done <"$BATS_TEST_TMPDIR/commands"
