@@ -4,7 +4,7 @@
 set(DOVRA_PLUGIN_DIR lib/orvane/autocli/plugins CACHE STRING
   "Where a host's framework looks for plug-ins, below its prefix")
 install(TARGETS dovra LIBRARY DESTINATION ${DOVRA_PLUGIN_DIR} COMPONENT plugin)
-install(FILES docs/deploy.md docs/reference.md DESTINATION share/doc/dovra-plugin COMPONENT plugin)
+install(FILES docs/deploy.md docs/reference.md cmake/debian/copyright DESTINATION share/doc/dovra-plugin COMPONENT plugin)
 
 if(DOVRA_PLUGIN_ONLY)
   return()
@@ -22,7 +22,7 @@ install(TARGETS lab_plugin dovra_lab LIBRARY DESTINATION lib/autocli/plugins COM
 install(DIRECTORY lab/hostroot/files/ DESTINATION share/autocli/hostroot COMPONENT lab
   DIRECTORY_PERMISSIONS ${EVERYBODY_RUNS} FILE_PERMISSIONS ${EVERYBODY_RUNS}
   PATTERN "*.conf" PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
-install(FILES docs/lab.md docs/reference.md DESTINATION share/doc/dovra-lab COMPONENT lab)
+install(FILES docs/lab.md docs/reference.md cmake/debian/copyright DESTINATION share/doc/dovra-lab COMPONENT lab)
 
 # The manual, written by the program itself, packed as Debian wants it.
 find_program(GZIP gzip REQUIRED)

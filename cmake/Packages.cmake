@@ -27,12 +27,16 @@ endif()
 set(CPACK_DEBIAN_PLUGIN_PACKAGE_NAME dovra-plugin)
 set(CPACK_DEBIAN_PLUGIN_DESCRIPTION "Dovra commands for a host's command line
 The plug-in that adds the dovra namespace to the command-line framework of
-an Orvane host. It needs the host's own libraries and is of no use elsewhere.")
+an Orvane host. It needs the host's own libraries and is of no use elsewhere.
+.
+Built from commit ${DOVRA_COMMIT}.")
 
 set(CPACK_DEBIAN_LAB_PACKAGE_NAME dovra-lab)
 set(CPACK_DEBIAN_LAB_DESCRIPTION "rehearse Dovra clusters without a host
 The program autocli runs the dovra commands on stand-in hosts, whose state it
-keeps in a folder: clusters, scripts and failures can be tried without harm.")
+keeps in a folder: clusters, scripts and failures can be tried without harm.
+.
+Built from commit ${DOVRA_COMMIT}.")
 # The stand-in hosts' scripts.
 set(CPACK_DEBIAN_LAB_PACKAGE_DEPENDS python3)
 

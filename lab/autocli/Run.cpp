@@ -69,7 +69,7 @@ std::string ListCommands(const Namespace& root, const Options& options) {
 
 /// What the program tells of itself if the options ask for it.
 std::optional<std::string> ReadProgramText(CommandTree& tree, const Options& options) {
-  if (options.version) return "autocli " AUTOCLI_VERSION "\n";
+  if (options.version) return "autocli " AUTOCLI_VERSION " (commit " AUTOCLI_COMMIT ")\n";
   if (options.list) return ListCommands(*tree.GetWhole(), options);
   if (!options.completion.empty()) return CompletionScript(options.completion);
   if (!options.reference.empty()) return Reference(options.reference, *tree.GetWhole());

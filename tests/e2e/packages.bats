@@ -37,5 +37,11 @@ works() {
     [[ -z $(find usr/lib -maxdepth 1 -name '*.so') && -z $(find . -perm /022 ! -type l ! -path './var/*' ! -path .) ]]
     depends() { dpkg --root="$root" --status "$1" | sed -n 's/^Depends: //p' | tr -d ' ' | tr , '\n' | sed 's/(.*//' | sort | paste -sd' '; }
     [[ $(depends dovra-plugin) == 'libc6 libgcc-s1 libstdc++6' ]]
+    # Both name the commit, as the program does.
+    commit=$(usr/bin/autocli --version | grep -oE 'commit [0-9a-f]{7,}|commit unknown')
+    for package in dovra-plugin dovra-lab; do
+        [[ $(dpkg --root="$root" --status $package) == *"Built from $commit."* ]]
+        grep -q 'No licence has been granted yet' usr/share/doc/$package/copyright
+    done
     [[ $(depends dovra-lab) == *python3* && $(depends dovra-lab) == *libuuid1* ]]
 }

@@ -42,10 +42,36 @@ check() { run --separate-stderr "$BATS_TEST_DIRNAME/../../script/check-plugin" "
     [[ $status == 1 && $stderr == *'is not a shared library' ]]
 }
 
-@test "it knows the host's real paths, and the lab's copy does not" {
-    lab_copy=$(platform)/../plugins/libdovra.so
-    for path in /usr/lib/orvane/hostmgrd/bin/notifyDatastore.py /etc/orvane/dovra/dovratraced.conf /etc/init.d/dovratraced; do
-        grep -qF -- "$path" "$PLUGIN"
-        ! strings -a "$lab_copy" | grep -qxF -- "$path"
+# The host's files, and a command that needs each.
+host_files=('trace set --numfiles 3:/etc/orvane/dovra/dovratraced.conf' 'trace get:/etc/init.d/dovratraced'
+    'cluster leave:/usr/lib/orvane/hostmgrd/bin/notifyDatastore.py')
+
+# touched FOLDER COMMAND: which of them the command opens or runs by the plug-in there; it may not.
+touched() {
+    autocli dovra cluster new &>/dev/null || true # it is in one already
+    LD_LIBRARY_PATH=$(platform) strace --follow-forks --output="$BATS_TEST_TMPDIR/trace" \
+        "${host_files[@]/#*:/--trace-path=}" --inject=openat,execve:error=EACCES \
+        "$AUTOCLI" --plugin-dir "$1" dovra $2 &>/dev/null || true
+    sed -n 's/.*\(openat\|execve\)([^"]*"\([^"]*\)".*/\2/p' "$BATS_TEST_TMPDIR/trace"
+}
+
+@test "it goes to the host's real files, and the lab's copy does not" {
+    released_only
+    for pair in "${host_files[@]}"; do
+        run touched "$(dirname "$PLUGIN")" "${pair%:*}"
+        [[ $output == "${pair#*:}" ]] || { echo "$pair: $output"; false; }
+        run touched "$(platform)/../plugins" "${pair%:*}"
+        [[ -z $output ]]
     done
+}
+
+@test "it is hardened, and no binary tells where it was built" {
+    released_only
+    dynamic=$(readelf --wide --dynamic "$PLUGIN")
+    [[ $dynamic == *'(FLAGS)'*BIND_NOW* && $dynamic == *'(FLAGS_1)'*NODELETE* ]]
+    [[ $(readelf --wide --segments "$PLUGIN") == *GNU_RELRO* ]]
+    [[ $(nm --dynamic "$PLUGIN") == *__stack_chk_fail* ]]
+    here=$(realpath "$BATS_TEST_DIRNAME/../..")
+    run ! grep --text --files-with-matches --fixed-strings --recursive "$here" \
+        "$PLUGIN" "$AUTOCLI" "$(platform)" "$(platform)/../plugins"
 }
