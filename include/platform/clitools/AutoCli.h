@@ -8,11 +8,12 @@
 
 #include "platform/clitools/CallSpec.h"
 
+#pragma GCC visibility push(default)
+
 namespace CliTools::AutoCli {
 
 /// A node of the tree: a namespace or a command.
-class [[gnu::visibility("default")]] NamespaceNode
-    : public std::enable_shared_from_this<NamespaceNode> {
+class NamespaceNode : public std::enable_shared_from_this<NamespaceNode> {
  public:
   virtual ~NamespaceNode();
   NamespaceNode(const NamespaceNode&) = delete;
@@ -20,18 +21,12 @@ class [[gnu::visibility("default")]] NamespaceNode
 
   /// The text that help shows for the node.
   void SetDescription(std::string text);
-  const std::string& GetDescription() const {
-    return description_;
-  }
+  const std::string& GetDescription() const { return description_; }
 
   /// The name under which the node was registered; empty until then.
-  const std::string& GetName() const {
-    return name_;
-  }
+  const std::string& GetName() const { return name_; }
   /// Null for the root and for a node not registered yet.
-  std::shared_ptr<NamespaceNode> GetParent() const {
-    return parent_.lock();
-  }
+  std::shared_ptr<NamespaceNode> GetParent() const { return parent_.lock(); }
 
  protected:
   NamespaceNode();
@@ -45,16 +40,14 @@ class [[gnu::visibility("default")]] NamespaceNode
 
 /// What the framework knows of a node beyond its place: its children, its kind, how its result is
 /// shown unless the caller chooses otherwise.
-class [[gnu::visibility("default")]] CommandSpec : public NamespaceNode {
+class CommandSpec : public NamespaceNode {
  public:
   using Pairs = std::vector<std::pair<std::string, std::string>>;
 
   ~CommandSpec() override;
 
   /// The node's own shared handle. Throws `std::bad_weak_ptr` if the node is not held by one.
-  std::shared_ptr<NamespaceNode> GetThis() {
-    return shared_from_this();
-  }
+  std::shared_ptr<NamespaceNode> GetThis() { return shared_from_this(); }
 
   /// "type": "fetcher" for commands that only read, "operation" for those that change state.
   void SetMetaDataField(const std::string& key, std::string value);
@@ -70,18 +63,12 @@ class [[gnu::visibility("default")]] CommandSpec : public NamespaceNode {
   void RegisterNamespaceNode(std::shared_ptr<NamespaceNode> child, const std::string& name);
 
   /// In the order of registration.
-  const std::vector<std::shared_ptr<NamespaceNode>>& GetChildren() const {
-    return children_;
-  }
+  const std::vector<std::shared_ptr<NamespaceNode>>& GetChildren() const { return children_; }
   /// Empty if the key was not set.
   std::string GetMetaDataField(const std::string& key) const;
   /// Empty if the result is shown as a bare value.
-  const std::string& GetDefaultOutputFormatter() const {
-    return formatter_;
-  }
-  const Pairs& GetDefaultOutputParameters() const {
-    return outputParameters_;
-  }
+  const std::string& GetDefaultOutputFormatter() const { return formatter_; }
+  const Pairs& GetDefaultOutputParameters() const { return outputParameters_; }
 
  protected:
   CommandSpec();
@@ -94,7 +81,7 @@ class [[gnu::visibility("default")]] CommandSpec : public NamespaceNode {
 };
 
 /// An inner node.
-class [[gnu::visibility("default")]] Namespace : public CommandSpec {
+class Namespace : public CommandSpec {
  public:
   static std::shared_ptr<Namespace> New();
   Namespace();
@@ -103,7 +90,7 @@ class [[gnu::visibility("default")]] Namespace : public CommandSpec {
 
 /// A leaf: a command. The tree holds it for as long as the framework runs; calls may repeat, so a
 /// command keeps nothing between them.
-class [[gnu::visibility("default")]] Command : public CommandSpec, public CallSpec::CallTarget {
+class Command : public CommandSpec, public CallSpec::CallTarget {
  public:
   ~Command() override;
 
@@ -114,12 +101,13 @@ class [[gnu::visibility("default")]] Command : public CommandSpec, public CallSp
 /// Runs `command` with the shell, hands it `input` as standard input, waits, and fills `output`
 /// with what it wrote to standard output and standard error. Returns the exit status, 128 plus the
 /// number of the signal that ended it, or -1 when it could not be run.
-[[gnu::visibility("default")]] int AutoCli_ShellCmd(const std::string& command, std::string& output,
-                                                    const std::string& input);
+int AutoCli_ShellCmd(const std::string& command, std::string& output, const std::string& input);
 
 }  // namespace CliTools::AutoCli
 
 /// What a plug-in exports: hangs the plug-in's commands below the framework's root. What it throws
 /// reaches the loader; what it had registered by then stays.
-extern "C" [[gnu::visibility("default")]] void AutoCli_RegisterNamespaces(
+extern "C" void AutoCli_RegisterNamespaces(
     const std::shared_ptr<CliTools::AutoCli::Namespace>& root);
+
+#pragma GCC visibility pop

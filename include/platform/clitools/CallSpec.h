@@ -11,6 +11,8 @@
 
 #include "platform/clitools/MetaObj.h"
 
+#pragma GCC visibility push(default)
+
 namespace CliTools::CallSpec {
 
 enum class ParameterType {
@@ -24,7 +26,7 @@ enum class ParameterType {
 enum class ParameterConstraintType { kIntRange = 1, kStringEnum = 3 };
 
 /// The values that a parameter may take. The framework refuses others before the command runs.
-class [[gnu::visibility("default")]] ParameterConstraint {
+class ParameterConstraint {
  public:
   static std::shared_ptr<ParameterConstraint> New(ParameterConstraintType type);
   explicit ParameterConstraint(ParameterConstraintType type) : type_(type) {}
@@ -34,19 +36,11 @@ class [[gnu::visibility("default")]] ParameterConstraint {
   /// Allows `min` to `max`, both included (`kIntRange`).
   void SetIntRange(std::int64_t min, std::int64_t max);
 
-  ParameterConstraintType GetType() const {
-    return type_;
-  }
+  ParameterConstraintType GetType() const { return type_; }
   /// Value and description of each allowed text, in the order in which they were added.
-  const std::vector<std::pair<std::string, std::string>>& GetStringEnums() const {
-    return enums_;
-  }
-  std::int64_t GetIntMin() const {
-    return min_;
-  }
-  std::int64_t GetIntMax() const {
-    return max_;
-  }
+  const std::vector<std::pair<std::string, std::string>>& GetStringEnums() const { return enums_; }
+  std::int64_t GetIntMin() const { return min_; }
+  std::int64_t GetIntMax() const { return max_; }
 
  private:
   ParameterConstraintType type_;
@@ -56,7 +50,7 @@ class [[gnu::visibility("default")]] ParameterConstraint {
 };
 
 /// One parameter of a command: the option `--name`.
-class [[gnu::visibility("default")]] ParameterSpec {
+class ParameterSpec {
  public:
   static std::shared_ptr<ParameterSpec> New(std::string name, ParameterType type);
   ParameterSpec(std::string name, ParameterType type);
@@ -68,26 +62,14 @@ class [[gnu::visibility("default")]] ParameterSpec {
   void SetDescription(std::string text);
   void SetConstraint(std::shared_ptr<ParameterConstraint> constraint);
 
-  const std::string& GetName() const {
-    return name_;
-  }
-  ParameterType GetType() const {
-    return type_;
-  }
+  const std::string& GetName() const { return name_; }
+  ParameterType GetType() const { return type_; }
   /// Empty if there is none.
-  const std::string& GetShortName() const {
-    return shortName_;
-  }
-  bool IsRequired() const {
-    return required_;
-  }
-  const std::string& GetDescription() const {
-    return description_;
-  }
+  const std::string& GetShortName() const { return shortName_; }
+  bool IsRequired() const { return required_; }
+  const std::string& GetDescription() const { return description_; }
   /// Null if every value of the type is allowed.
-  const std::shared_ptr<ParameterConstraint>& GetConstraint() const {
-    return constraint_;
-  }
+  const std::shared_ptr<ParameterConstraint>& GetConstraint() const { return constraint_; }
 
  private:
   std::string name_;
@@ -99,43 +81,41 @@ class [[gnu::visibility("default")]] ParameterSpec {
 };
 
 /// A command's parameters, in the order in which help shows them.
-class [[gnu::visibility("default")]] InputSpec {
+class InputSpec {
  public:
   static std::shared_ptr<InputSpec> New();
   void AddParameter(std::shared_ptr<ParameterSpec> parameter);
-  const std::vector<std::shared_ptr<ParameterSpec>>& GetParameters() const {
-    return parameters_;
-  }
+  const std::vector<std::shared_ptr<ParameterSpec>>& GetParameters() const { return parameters_; }
 
  private:
   std::vector<std::shared_ptr<ParameterSpec>> parameters_;
 };
 
 /// What a command's result looks like: an empty value of its shape.
-class [[gnu::visibility("default")]] OutputSpec {
+class OutputSpec {
  public:
   static std::shared_ptr<OutputSpec> New();
   void SetRootObject(std::shared_ptr<MetaObj::MetaObject> rootTemplate);
-  const std::shared_ptr<MetaObj::MetaObject>& GetRootObject() const {
-    return root_;
-  }
+  const std::shared_ptr<MetaObj::MetaObject>& GetRootObject() const { return root_; }
 
  private:
   std::shared_ptr<MetaObj::MetaObject> root_;
 };
 
-/// The parameters given in one call. Reading one that was not given, or that was given as another
-/// type, yields that type's empty value.
-class [[gnu::visibility("default")]] Input {
+/// The parameters given in one call. What is read must have been given, and be of that type; only a
+/// text or a flag may be absent.
+class Input {
  public:
   using Value = std::variant<std::string, std::int64_t, bool, std::vector<std::string>>;
 
   static std::shared_ptr<Input> New();
 
   bool HasParameter(const std::string& name) const;
+  /// Empty if it was not given.
   std::string GetParameter(const std::string& name) const;
   std::int64_t GetParameterInt(const std::string& name) const;
   bool GetParameterBool(const std::string& name) const;
+  /// False if it was not given.
   bool IsFlagSet(const std::string& name) const;
   /// Fills `values` with every value given, in command-line order.
   void GetParameterList(const std::string& name, std::vector<std::string>& values) const;
@@ -148,7 +128,7 @@ class [[gnu::visibility("default")]] Input {
 };
 
 /// What one call of a command leaves: at most one result and any number of error messages.
-class [[gnu::visibility("default")]] Output {
+class Output {
  public:
   static std::shared_ptr<Output> New();
 
@@ -158,12 +138,8 @@ class [[gnu::visibility("default")]] Output {
   void AddErrorMessage(std::string text);
 
   /// Null if the command set none.
-  const std::shared_ptr<MetaObj::MetaObject>& GetRootObject() const {
-    return root_;
-  }
-  const std::vector<std::string>& GetErrorMessages() const {
-    return errors_;
-  }
+  const std::shared_ptr<MetaObj::MetaObject>& GetRootObject() const { return root_; }
+  const std::vector<std::string>& GetErrorMessages() const { return errors_; }
 
  private:
   std::shared_ptr<MetaObj::MetaObject> root_;
@@ -171,15 +147,11 @@ class [[gnu::visibility("default")]] Output {
 };
 
 /// Something that can be called, seen from outside: what it takes and what it returns.
-class [[gnu::visibility("default")]] CallTargetSpec {
+class CallTargetSpec {
  public:
   virtual ~CallTargetSpec();
-  std::shared_ptr<InputSpec> GetInputSpec() {
-    return GetInputSpecInternal();
-  }
-  std::shared_ptr<OutputSpec> GetOutputSpec() {
-    return GetOutputSpecInternal();
-  }
+  std::shared_ptr<InputSpec> GetInputSpec() { return GetInputSpecInternal(); }
+  std::shared_ptr<OutputSpec> GetOutputSpec() { return GetOutputSpecInternal(); }
 
  protected:
   virtual std::shared_ptr<InputSpec> GetInputSpecInternal() = 0;
@@ -187,7 +159,7 @@ class [[gnu::visibility("default")]] CallTargetSpec {
 };
 
 /// Something that can be called.
-class [[gnu::visibility("default")]] CallTarget : public CallTargetSpec {
+class CallTarget : public CallTargetSpec {
  public:
   ~CallTarget() override;
   /// Runs the call. What fails stands in `output`; what is thrown is a fault of the host.
@@ -201,3 +173,5 @@ class [[gnu::visibility("default")]] CallTarget : public CallTargetSpec {
 };
 
 }  // namespace CliTools::CallSpec
+
+#pragma GCC visibility pop

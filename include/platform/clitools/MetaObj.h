@@ -8,21 +8,21 @@
 #include <utility>
 #include <vector>
 
+#pragma GCC visibility push(default)
+
 namespace CliTools::MetaObj {
 
 /// The type of a value; also the element type given to `MetaList::New`.
 enum class MetaType { kBool = 0, kInt = 1, kString = 2, kStruct = 3, kList = 4 };
 
 /// Base of every value. Values are shared: who holds a handle sees later changes.
-class [[gnu::visibility("default")]] MetaObject {
+class MetaObject {
  public:
   virtual ~MetaObject();
   MetaObject(const MetaObject&) = delete;
   MetaObject& operator=(const MetaObject&) = delete;
 
-  MetaType GetType() const {
-    return type_;
-  }
+  MetaType GetType() const { return type_; }
 
  protected:
   explicit MetaObject(MetaType type) : type_(type) {}
@@ -32,46 +32,40 @@ class [[gnu::visibility("default")]] MetaObject {
 };
 
 /// A text: any bytes, though UTF-8 by convention.
-class [[gnu::visibility("default")]] MetaString : public MetaObject {
+class MetaString : public MetaObject {
  public:
   static std::shared_ptr<MetaString> New(std::string value = {});
   explicit MetaString(std::string value);
-  const std::string& GetValue() const {
-    return value_;
-  }
+  const std::string& GetValue() const { return value_; }
 
  private:
   std::string value_;
 };
 
 /// A signed 64-bit number.
-class [[gnu::visibility("default")]] MetaInt : public MetaObject {
+class MetaInt : public MetaObject {
  public:
   static std::shared_ptr<MetaInt> New(std::int64_t value = 0);
   explicit MetaInt(std::int64_t value);
-  std::int64_t GetValue() const {
-    return value_;
-  }
+  std::int64_t GetValue() const { return value_; }
 
  private:
   std::int64_t value_;
 };
 
 /// A truth value; also the result of every command that only succeeds or fails.
-class [[gnu::visibility("default")]] MetaBool : public MetaObject {
+class MetaBool : public MetaObject {
  public:
   static std::shared_ptr<MetaBool> New(bool value = false);
   explicit MetaBool(bool value);
-  bool GetValue() const {
-    return value_;
-  }
+  bool GetValue() const { return value_; }
 
  private:
   bool value_;
 };
 
 /// A record: named fields in the order in which they were first set.
-class [[gnu::visibility("default")]] MetaStruct : public MetaObject {
+class MetaStruct : public MetaObject {
  public:
   using Field = std::pair<std::string, std::shared_ptr<MetaObject>>;
 
@@ -84,12 +78,8 @@ class [[gnu::visibility("default")]] MetaStruct : public MetaObject {
   void SetField(const std::string& field, std::string value);
   void SetField(const std::string& field, const char* value);
 
-  const std::string& GetName() const {
-    return name_;
-  }
-  const std::vector<Field>& GetFields() const {
-    return fields_;
-  }
+  const std::string& GetName() const { return name_; }
+  const std::vector<Field>& GetFields() const { return fields_; }
   /// The field's value; null if there is no such field.
   std::shared_ptr<MetaObject> GetField(const std::string& field) const;
 
@@ -99,7 +89,7 @@ class [[gnu::visibility("default")]] MetaStruct : public MetaObject {
 };
 
 /// A list of texts or of records.
-class [[gnu::visibility("default")]] MetaList : public MetaObject {
+class MetaList : public MetaObject {
  public:
   /// An empty list of `elementType` (`kString` or `kStruct`). `elementTemplate` shows formatters
   /// the fields of an element even when the list is empty.
@@ -111,16 +101,10 @@ class [[gnu::visibility("default")]] MetaList : public MetaObject {
   void Add(std::shared_ptr<MetaStruct> value);
   void Reserve(std::size_t count);
 
-  MetaType GetElementType() const {
-    return elementType_;
-  }
+  MetaType GetElementType() const { return elementType_; }
   /// Null if the list was made without one.
-  const std::shared_ptr<MetaStruct>& GetElementTemplate() const {
-    return elementTemplate_;
-  }
-  const std::vector<std::shared_ptr<MetaObject>>& GetElements() const {
-    return elements_;
-  }
+  const std::shared_ptr<MetaStruct>& GetElementTemplate() const { return elementTemplate_; }
+  const std::vector<std::shared_ptr<MetaObject>>& GetElements() const { return elements_; }
 
  private:
   MetaType elementType_;
@@ -129,3 +113,5 @@ class [[gnu::visibility("default")]] MetaList : public MetaObject {
 };
 
 }  // namespace CliTools::MetaObj
+
+#pragma GCC visibility pop

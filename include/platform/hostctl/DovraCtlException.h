@@ -3,23 +3,23 @@
 #include <exception>
 #include <string>
 
+#pragma GCC visibility push(default)
+
 namespace HostCtl::Lib::Dovra {
 
 /// A refusal or failure of the control library, in words meant for the administrator.
-class [[gnu::visibility("default")]] DovraCtlException : public std::exception {
+class DovraCtlException : public std::exception {
  public:
   explicit DovraCtlException(std::string message);
   ~DovraCtlException() override;
 
-  const std::string& GetMessage() const {
-    return message_;
-  }
-  const char* what() const noexcept override {
-    return message_.c_str();
-  }
+  const std::string& GetMessage() const { return message_; }
+  const char* what() const noexcept override { return message_.c_str(); }
 
  private:
   std::string message_;
 };
 
 }  // namespace HostCtl::Lib::Dovra
+
+#pragma GCC visibility pop

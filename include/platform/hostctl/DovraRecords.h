@@ -8,6 +8,8 @@
 
 #include "platform/hostctl/Network.h"
 
+#pragma GCC visibility push(default)
+
 namespace HostCtl::Dovra {
 
 /// A 128-bit UUID, most significant byte first.
@@ -53,18 +55,12 @@ struct DovraMemberInfo {
 };
 
 /// A datastore of the cluster.
-class [[gnu::visibility("default")]] DovraDatastore {
+class DovraDatastore {
  public:
   DovraDatastore(std::string uuid, std::string name, bool isDefault);
-  const std::string& GetUuid() const {
-    return uuid_;
-  }
-  const std::string& GetName() const {
-    return name_;
-  }
-  bool IsDefault() const {
-    return isDefault_;
-  }
+  const std::string& GetUuid() const { return uuid_; }
+  const std::string& GetName() const { return name_; }
+  bool IsDefault() const { return isDefault_; }
 
  private:
   std::string uuid_;
@@ -73,8 +69,9 @@ class [[gnu::visibility("default")]] DovraDatastore {
 };
 
 /// A disk device of this host that belongs to the cluster.
-class [[gnu::visibility("default")]] DovraDiskLun {
+class DovraDiskLun {
  public:
+  // Both throw `DovraCtlException` when the device cannot be asked.
   virtual Uuid GetUuid() const = 0;
   virtual std::string GetDeviceName() const = 0;
   virtual ~DovraDiskLun();
@@ -102,34 +99,18 @@ struct DovraDiskInfo {
 };
 
 /// One kernel network interface of the storage network, its IPv4 side.
-class [[gnu::visibility("default")]] DovraKnicConfig {
+class DovraKnicConfig {
  public:
   virtual ~DovraKnicConfig();
 
-  const std::string& GetKnicName() const {
-    return knicName_;
-  }
-  const std::string& GetIfaceUuid() const {
-    return ifaceUuid_;
-  }
-  const DovraIpAddress& GetAgentMulticastGroup() const {
-    return agentGroup_;
-  }
-  const DovraIpAddress& GetMasterMulticastGroup() const {
-    return masterGroup_;
-  }
-  int GetAgentMulticastPort() const {
-    return agentPort_;
-  }
-  int GetMasterMulticastPort() const {
-    return masterPort_;
-  }
-  int GetHostUnicastPort() const {
-    return hostUnicastPort_;
-  }
-  int GetMulticastTTL() const {
-    return multicastTtl_;
-  }
+  const std::string& GetKnicName() const { return knicName_; }
+  const std::string& GetIfaceUuid() const { return ifaceUuid_; }
+  const DovraIpAddress& GetAgentMulticastGroup() const { return agentGroup_; }
+  const DovraIpAddress& GetMasterMulticastGroup() const { return masterGroup_; }
+  int GetAgentMulticastPort() const { return agentPort_; }
+  int GetMasterMulticastPort() const { return masterPort_; }
+  int GetHostUnicastPort() const { return hostUnicastPort_; }
+  int GetMulticastTTL() const { return multicastTtl_; }
 
  protected:
   DovraKnicConfig(std::string knicName, DovraIpAddress agentGroup, DovraIpAddress masterGroup,
@@ -148,7 +129,7 @@ class [[gnu::visibility("default")]] DovraKnicConfig {
 };
 
 /// One kernel network interface of the storage network, with IPv6 groups and traffic types.
-class [[gnu::visibility("default")]] DovraKnicConfig2 : public DovraKnicConfig {
+class DovraKnicConfig2 : public DovraKnicConfig {
  public:
   DovraKnicConfig2(std::string knicName, DovraIpAddress agentGroup, DovraIpAddress agentV6Group,
                    DovraIpAddress masterGroup, DovraIpAddress masterV6Group, int agentPort,
@@ -156,14 +137,10 @@ class [[gnu::visibility("default")]] DovraKnicConfig2 : public DovraKnicConfig {
                    bool carriesWitness, std::string ifaceUuid);
   ~DovraKnicConfig2() override;
 
-  const DovraIpAddress& GetAgentV6MulticastGroup() const {
-    return agentV6Group_;
-  }
-  const DovraIpAddress& GetMasterV6MulticastGroup() const {
-    return masterV6Group_;
-  }
+  const DovraIpAddress& GetAgentV6MulticastGroup() const { return agentV6Group_; }
+  const DovraIpAddress& GetMasterV6MulticastGroup() const { return masterV6Group_; }
   /// Fills `types` with "dovra" and "witness", as far as the interface carries them.
-  void GetTrafficTypes(std::vector<std::string> & types) const;
+  void GetTrafficTypes(std::vector<std::string>& types) const;
 
   bool carriesDovra;
   bool carriesWitness;
@@ -174,3 +151,5 @@ class [[gnu::visibility("default")]] DovraKnicConfig2 : public DovraKnicConfig {
 };
 
 }  // namespace HostCtl::Dovra
+
+#pragma GCC visibility pop

@@ -3,10 +3,12 @@
 #include <cstdint>
 #include <string>
 
+#pragma GCC visibility push(default)
+
 namespace HostCtl::Network {
 
 /// An IPv4 address; 0.0.0.0 unless given otherwise.
-class [[gnu::visibility("default")]] Ipv4Address {
+class Ipv4Address {
  public:
   /// Whether `text` is an address in dotted form, all four parts given.
   static bool IsValidAddress(const std::string& text);
@@ -23,17 +25,16 @@ class [[gnu::visibility("default")]] Ipv4Address {
 };
 
 /// An IPv6 address, kept in the spelling in which it was given; "::" unless given otherwise.
-class [[gnu::visibility("default")]] Ipv6Address {
+class Ipv6Address {
  public:
+  /// Whether `text` is an address in one of IPv6's spellings.
   static bool IsValidAddress(const std::string& text);
 
   Ipv6Address() = default;
   /// Throws `DovraCtlException` when `text` is not a valid address.
   explicit Ipv6Address(const std::string& text);
 
-  const std::string& GetStringAddress() const {
-    return text_;
-  }
+  const std::string& GetStringAddress() const { return text_; }
   /// Whether both are the same address, however they are spelt.
   bool operator==(const Ipv6Address& other) const;
 
@@ -42,3 +43,5 @@ class [[gnu::visibility("default")]] Ipv6Address {
 };
 
 }  // namespace HostCtl::Network
+
+#pragma GCC visibility pop
