@@ -5,14 +5,9 @@
 #include <string>
 
 #include "Run.h"
-#include "cluster/ClusterCommands.h"
-#include "datastore/DatastoreCommands.h"
-#include "network/NetworkCommands.h"
-#include "storage/StorageCommands.h"
 
 namespace {
 
-using namespace OrvaneCli::DovraNamespace;
 using HostCtl::Dovra::DovraIpAddress;
 using HostCtl::Dovra::DovraKnicConfig2;
 using HostCtl::Network::Ipv4Address;
@@ -47,21 +42,20 @@ void AddDisks(RecordingLibrary& library, std::int64_t count) {
   for (std::int64_t i = 0; i < count; ++i) library.serviceDisks.push_back(Uuid(i));
 }
 
-template <class CommandClass>
-void Run(benchmark::State& state, void (*addEntries)(RecordingLibrary&, std::int64_t)) {
+void Run(benchmark::State& state, const std::string& path,
+         void (*addEntries)(RecordingLibrary&, std::int64_t)) {
   RecordingLibrary library;
   addEntries(library, state.range(0));
-  const auto command = CommandClass::New();
+  auto& command = Testing::Find(path);
   const auto input = CliTools::CallSpec::Input::New();
   for (auto _ : state) {
     library.calls.clear();
-    command->Execute(input, CliTools::CallSpec::Output::New());
+    command.Execute(input, CliTools::CallSpec::Output::New());
   }
 }
 
-template <class CommandClass>
-void Register(const char* name, void (*addEntries)(RecordingLibrary&, std::int64_t)) {
-  benchmark::RegisterBenchmark(name, Run<CommandClass>, addEntries)
+void Register(const std::string& path, void (*addEntries)(RecordingLibrary&, std::int64_t)) {
+  benchmark::RegisterBenchmark(("dovra " + path).c_str(), Run, path, addEntries)
       ->RangeMultiplier(10)
       ->Range(1000, 100000)
       ->Unit(benchmark::kMillisecond);
@@ -70,11 +64,11 @@ void Register(const char* name, void (*addEntries)(RecordingLibrary&, std::int64
 }  // namespace
 
 int main(int argc, char** argv) {
-  Register<ClusterUnicastAgentList>("dovra cluster unicastagent list", AddAgents);
-  Register<ClusterUnicastAgentClear>("dovra cluster unicastagent clear", AddAgents);
-  Register<DatastoreList>("dovra datastore list", AddDatastores);
-  Register<NetworkList>("dovra network list", AddKnics);
-  Register<StorageList>("dovra storage list", AddDisks);
+  Register("cluster unicastagent list", AddAgents);
+  Register("cluster unicastagent clear", AddAgents);
+  Register("datastore list", AddDatastores);
+  Register("network list", AddKnics);
+  Register("storage list", AddDisks);
   benchmark::Initialize(&argc, argv);
   benchmark::RunSpecifiedBenchmarks();
 }

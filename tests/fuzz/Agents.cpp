@@ -4,7 +4,6 @@
 
 #include "Fuzz.h"
 #include "Run.h"
-#include "cluster/ClusterCommands.h"
 #include "cluster/UnicastAgent.h"
 
 using namespace OrvaneCli::DovraNamespace;
@@ -27,11 +26,11 @@ std::string Address(const std::string& text) {
   return inet_pton(AF_INET6, text.c_str(), &ignored) == 1 ? "v6 " + text : "";
 }
 
-template <class CommandClass>
-void CheckCommand(const std::string& entry, const Outcome& outcome, const Strings& laterCalls) {
+void CheckCommand(const std::string& command, const std::string& entry, const Outcome& outcome,
+                  const Strings& laterCalls) {
   RecordingLibrary library;
   library.unicastAgents = {entry};
-  Fuzz::Same("the outcome", Testing::Run<CommandClass>(), outcome);
+  Fuzz::Same("the outcome", Testing::Run(command), outcome);
   Strings calls = {"GetDovraPlugin()", "GetDovraInfo()", "GetClusterConfig()", "IsWitnessNode()",
                    "GetUnicastAgents()"};
   calls.insert(calls.end(), laterCalls.begin(), laterCalls.end());
@@ -49,10 +48,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string names[] = {"nodeuuid", "isWitness", "ucast support", "ip", "port"};
     const Outcome listed = {"none",
                             {"Invalid unicastAgent entry for " + names[ends] + " " + entry}};
-    CheckCommand<ClusterUnicastAgentList>(entry, listed, {});
+    CheckCommand("cluster unicastagent list", entry, listed, {});
     const bool isNamed = ends == 0 || ends == 4;
-    CheckCommand<ClusterUnicastAgentClear>(
-        entry, isNamed ? listed : Outcome{"none", {"Invalid unicastAgent entries"}}, {});
+    CheckCommand("cluster unicastagent clear", entry,
+                 isNamed ? listed : Outcome{"none", {"Invalid unicastAgent entries"}}, {});
     return 0;
   }
   while (fields.size() < 5) fields.push_back(parts.Next());
@@ -66,8 +65,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Fuzz::Same("the entry put together again", joined, entry);
 
   const std::string port = std::to_string(Number(fields[4]));
-  CheckCommand<ClusterUnicastAgentList>(
-      entry,
+  CheckCommand(
+      "cluster unicastagent list", entry,
       {"[{NodeUuid: " + fields[0] + ", IsWitness: " + std::to_string(Number(fields[1])) +
            ", Supports Unicast: " + (Number(fields[2]) != 0 ? "true" : "false") +
            ", IP Address: " + fields[3] + ", Port: " + port + ", Iface Name: " + fields[5] + "}]",
@@ -75,12 +74,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
       {});
   const std::string address = Address(fields[3]);
   if (address.empty()) {
-    CheckCommand<ClusterUnicastAgentClear>(entry, {"none", {"Invalid IP address " + fields[3]}},
-                                           {});
+    CheckCommand("cluster unicastagent clear", entry, {"none", {"Invalid IP address " + fields[3]}},
+                 {});
   } else {
-    CheckCommand<ClusterUnicastAgentClear>(
-        entry, {"true", {}},
-        {"RemoveUnicastAgent(" + fields[0] + ", " + address + ", " + port + ")"});
+    CheckCommand("cluster unicastagent clear", entry, {"true", {}},
+                 {"RemoveUnicastAgent(" + fields[0] + ", " + address + ", " + port + ")"});
   }
   return 0;
 }

@@ -9,9 +9,7 @@
 
 #include "Fuzz.h"
 #include "Run.h"
-#include "trace/TraceCommands.h"
 
-using namespace OrvaneCli::DovraNamespace;
 using namespace Testing;
 
 namespace {
@@ -90,7 +88,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t leng
 
   RecordingLibrary library;
   WriteFile(parts.Rest());
-  Fuzz::Same("get", Testing::Run<DovraTraceGet>(), Outcome{Shown(parts.Rest()), {}});
+  Fuzz::Same("get", Testing::Run("trace get"), Outcome{Shown(parts.Rest()), {}});
 
   Given options;
   Strings keys;
@@ -125,9 +123,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t leng
     }
     after += added;
   }
-  Fuzz::Same("set", Testing::Run<DovraTraceSet>(options),
+  Fuzz::Same("set", Testing::Run("trace set", options),
              error.empty() ? Outcome{"true", {}} : Outcome{"none", {error}});
   Fuzz::Same("the file", ReadFile(), after);
-  Fuzz::Same("get after set", Testing::Run<DovraTraceGet>(), Outcome{Shown(after), {}});
+  Fuzz::Same("get after set", Testing::Run("trace get"), Outcome{Shown(after), {}});
   return 0;
 }

@@ -30,13 +30,13 @@ inline Outcome Failed(const std::string& message, const std::string& root = "non
   return {root, {message}};
 }
 
-template <class CommandClass>
-void Check(const SetUp& setUp, const Given& given, const Strings& calls, const Outcome& outcome,
-           std::source_location where = std::source_location::current()) {
+inline void Check(const std::string& command, const SetUp& setUp, const Given& given,
+                  const Strings& calls, const Outcome& outcome,
+                  std::source_location where = std::source_location::current()) {
   const testing::ScopedTrace trace(where.file_name(), static_cast<int>(where.line()), "");
   RecordingLibrary library;
   if (setUp) setUp(library);
-  EXPECT_EQ(Run<CommandClass>(given), outcome);
+  EXPECT_EQ(Testing::Run(command, given), outcome);
   EXPECT_EQ(library.calls, calls);
 }
 

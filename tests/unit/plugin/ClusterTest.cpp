@@ -8,7 +8,6 @@
 #include <iterator>
 
 #include "Run.h"
-#include "cluster/ClusterCommands.h"
 #include "frame/Text.h"
 
 namespace Testing {
@@ -35,7 +34,7 @@ std::string PrintedGeneration(std::uint64_t timestamp, const char* zone = "UTC")
   tzset();
   RecordingLibrary library;
   library.generation = {kUuid, 7, timestamp};
-  const std::string root = Testing::Run<ClusterGet>().root;
+  const std::string root = Testing::Run("cluster get").root;
   unsetenv("TZ");
   const auto begin = root.find("Config Generation: ") + 19;
   return root.substr(begin, root.size() - begin - 1);
@@ -46,7 +45,7 @@ TEST(ClusterGetTest, ReportsTheCluster) {
   library.isWitness = true;
   library.unicastMode = true;
   library.members = {"m1", "m2"};
-  EXPECT_EQ(Testing::Run<ClusterGet>(),
+  EXPECT_EQ(Testing::Run("cluster get"),
             (Outcome{"{Enabled: true, Current Local Time: now, Local Node UUID: local, Local Node "
                      "Type: WITNESS, Local Node State: state, Local Node Health State: health, "
                      "Sub-Cluster Master UUID: master, Sub-Cluster Backup UUID: backup, "
@@ -64,7 +63,7 @@ TEST(ClusterGetTest, ReportsTheCluster) {
 TEST(ClusterGetTest, LeavesTheEmptyRecordOutsideAnyCluster) {
   RecordingLibrary library;
   library.config.enabled = false;
-  EXPECT_EQ(Testing::Run<ClusterGet>(),
+  EXPECT_EQ(Testing::Run("cluster get"),
             (Outcome{kEmptyRecord, {"Dovra Clustering is not enabled on this host"}}));
   EXPECT_EQ(library.calls.back(), "GetClusterConfig()");
 }
@@ -132,7 +131,7 @@ TEST(ClusterJoinTest, ChecksInOrderAndJoins) {
   for (const auto& one : cases) {
     RecordingLibrary library;
     library.config.enabled = one.enabled;
-    EXPECT_EQ(Testing::Run<ClusterJoin>(one.given), one.outcome);
+    EXPECT_EQ(Testing::Run("cluster join", one.given), one.outcome);
     Calls calls = toConfig;
     if (!one.joined.empty())
       calls.push_back(std::string("JoinCluster(") + kUuid + one.joined + ")");
@@ -143,7 +142,7 @@ TEST(ClusterJoinTest, ChecksInOrderAndJoins) {
 TEST(ClusterJoinTest, ReportsAMalformedUuidAsAFailure) {
   RecordingLibrary library;
   library.config.enabled = false;
-  const Outcome malformed = Testing::Run<ClusterJoin>({{"cluster-uuid", "0123"}});
+  const Outcome malformed = Testing::Run("cluster join", {{"cluster-uuid", "0123"}});
   EXPECT_EQ(malformed.root, "false");
   EXPECT_EQ(malformed.errors.size(), 1U);
   EXPECT_EQ(library.calls.back(), "GetClusterConfig()");
@@ -152,19 +151,19 @@ TEST(ClusterJoinTest, ReportsAMalformedUuidAsAFailure) {
 TEST(ClusterNewTest, CreatesUnderANewUuidEachTime) {
   RecordingLibrary library;
   library.config.enabled = false;
-  EXPECT_EQ(Testing::Run<ClusterNew>(), (Outcome{"true", {}}));
-  EXPECT_EQ(Testing::Run<ClusterNew>(), (Outcome{"true", {}}));
+  EXPECT_EQ(Testing::Run("cluster new"), (Outcome{"true", {}}));
+  EXPECT_EQ(Testing::Run("cluster new"), (Outcome{"true", {}}));
   EXPECT_NE(library.calls[3], library.calls[7]);
   EXPECT_EQ(library.calls[3].size(), std::string("CreateCluster(, true, false)").size() + 36);
   library.config.enabled = true;
-  EXPECT_EQ(Testing::Run<ClusterNew>(), (Outcome{"none", {kAlreadyIn}}));
+  EXPECT_EQ(Testing::Run("cluster new"), (Outcome{"none", {kAlreadyIn}}));
 }
 
 TEST(ClusterRestoreTest, PassesTheBootFlag) {
   RecordingLibrary library;
-  EXPECT_EQ(Testing::Run<ClusterRestore>({{"boot", true}}), (Outcome{"true", {}}));
+  EXPECT_EQ(Testing::Run("cluster restore", {{"boot", true}}), (Outcome{"true", {}}));
   EXPECT_EQ(library.calls.back(), "RestoreClusterConfig(true)");
-  EXPECT_EQ(Testing::Run<ClusterRestore>(), (Outcome{"true", {}}));
+  EXPECT_EQ(Testing::Run("cluster restore"), (Outcome{"true", {}}));
   EXPECT_EQ(library.calls.back(), "RestoreClusterConfig(false)");
 }
 
@@ -197,7 +196,7 @@ class ClusterLeaveTest : public testing::Test {
 
 TEST_F(ClusterLeaveTest, TellsOfTheDatastoresAndLeaves) {
   library_.datastores = {{"u1", "a", true}, {"u2", "it's; $(b)", false}};
-  EXPECT_EQ(Testing::Run<ClusterLeave>(), (Outcome{"true", {}}));
+  EXPECT_EQ(Testing::Run("cluster leave"), (Outcome{"true", {}}));
   EXPECT_EQ(Told(), "<-t><PreUnmount><-d><a,it's; $(b)>");
   EXPECT_EQ(library_.calls, (Calls{"GetDovraPlugin()", "GetDovraInfo()", "GetClusterConfig()",
                                    "GetDatastores()", "LeaveCluster(false)"}));
@@ -206,21 +205,21 @@ TEST_F(ClusterLeaveTest, TellsOfTheDatastoresAndLeaves) {
 TEST_F(ClusterLeaveTest, TellsOfAFailureToo) {
   library_.datastores = {{"u1", "a", true}, {"u2", "b", false}};
   library_.failures["LeaveCluster"] = "busy";
-  EXPECT_EQ(Testing::Run<ClusterLeave>(), (Outcome{"none", {"busy"}}));
+  EXPECT_EQ(Testing::Run("cluster leave"), (Outcome{"none", {"busy"}}));
   EXPECT_EQ(Told(), "<-t><PreUnmount><-d><a,b><-t><FailedUnmount><-d><a,b>");
 }
 
 TEST_F(ClusterLeaveTest, WithoutDatastoresOnlyTheFirstWordIsSaid) {
   library_.failures["LeaveCluster"] = "busy";
-  EXPECT_EQ(Testing::Run<ClusterLeave>(), (Outcome{"none", {"busy"}}));
+  EXPECT_EQ(Testing::Run("cluster leave"), (Outcome{"none", {"busy"}}));
   EXPECT_EQ(Told(), "<-t><PreUnmount><-d>");
 }
 
 TEST_F(ClusterLeaveTest, SaysNothingBeforeItKnowsWhatToSay) {
   library_.failures["GetDatastores"] = "broken";
-  EXPECT_EQ(Testing::Run<ClusterLeave>(), (Outcome{"none", {"broken"}}));
+  EXPECT_EQ(Testing::Run("cluster leave"), (Outcome{"none", {"broken"}}));
   library_.config.enabled = false;
-  EXPECT_EQ(Testing::Run<ClusterLeave>(),
+  EXPECT_EQ(Testing::Run("cluster leave"),
             (Outcome{"none", {"The host is not in a Dovra cluster."}}));
   EXPECT_EQ(Told(), "");
 }

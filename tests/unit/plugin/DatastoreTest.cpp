@@ -1,24 +1,23 @@
 #include <gmock/gmock.h>
 
 #include "Cases.h"
-#include "datastore/DatastoreCommands.h"
 
-using namespace OrvaneCli::DovraNamespace;
 using namespace Testing;
 
 namespace {
 
 TEST(DatastoreCommands, HandOneRequestToTheLibrary) {
-  Check<DatastoreAdd>({}, {{"uuid", "no uuid"}, {"name", "n"}},
-                      kOpen + Strings{"AddDatastore(no uuid, n, false)"}, kTrue);
-  Check<DatastoreClear>({}, {}, kOpen + Strings{"ClearDatastores()"}, kTrue);
-  Check<DatastoreRemove>({}, {{"uuid", "U"}}, kOpen + Strings{"RemoveDatastore(U, true)"}, kTrue);
+  Check("datastore add", {}, {{"uuid", "no uuid"}, {"name", "n"}},
+        kOpen + Strings{"AddDatastore(no uuid, n, false)"}, kTrue);
+  Check("datastore clear", {}, {}, kOpen + Strings{"ClearDatastores()"}, kTrue);
+  Check("datastore remove", {}, {{"uuid", "U"}}, kOpen + Strings{"RemoveDatastore(U, true)"},
+        kTrue);
 }
 
 TEST(DatastoreAdd, MakesAUuidOfItsOwnForEachDatastore) {
   RecordingLibrary library;
-  Testing::Run<DatastoreAdd>({{"name", "n"}});
-  Testing::Run<DatastoreAdd>({{"uuid", ""}, {"name", "n"}});
+  Testing::Run("datastore add", {{"name", "n"}});
+  Testing::Run("datastore add", {{"uuid", ""}, {"name", "n"}});
   ASSERT_EQ(library.calls.size(), 6U);
   const auto added = testing::MatchesRegex(
       "AddDatastore\\([0-9a-f]{8}(-[0-9a-f]{4}){3}-[0-9a-f]{12}, n, false\\)");
@@ -29,29 +28,29 @@ TEST(DatastoreAdd, MakesAUuidOfItsOwnForEachDatastore) {
 
 TEST(DatastoreList, KeepsTheOrder) {
   const Strings calls = kOpen + Strings{"GetDatastores()"};
-  Check<DatastoreList>(
-      [](RecordingLibrary& library) {
-        library.datastores = {{"u2", "second", false}, {"u1", "first, \"quoted\"", true}};
-      },
-      {}, calls,
-      {"[{Datastore UUID: u2, User Friendly Name: second, Default: false}, "
-       "{Datastore UUID: u1, User Friendly Name: first, \"quoted\", Default: true}]",
-       {}});
-  Check<DatastoreList>({}, {}, calls, {"[]", {}});
+  Check("datastore list",
+        [](RecordingLibrary& library) {
+          library.datastores = {{"u2", "second", false}, {"u1", "first, \"quoted\"", true}};
+        },
+        {}, calls,
+        {"[{Datastore UUID: u2, User Friendly Name: second, Default: false}, "
+         "{Datastore UUID: u1, User Friendly Name: first, \"quoted\", Default: true}]",
+         {}});
+  Check("datastore list", {}, {}, calls, {"[]", {}});
 }
 
 TEST(DatastoreName, IsThatOfTheDefaultDatastoreUnlessSaidOtherwise) {
   const auto names = [](RecordingLibrary& library) {
     library.datastoreNames = {{"", "the default"}, {"U 1", "first"}};
   };
-  Check<DatastoreNameGet>(names, {}, kOpen + Strings{"GetDatastoreName()"},
-                          {"{Name: the default}", {}});
-  Check<DatastoreNameGet>(names, {{"uuid", "U 1"}}, kOpen + Strings{"GetDatastoreName(U 1)"},
-                          {"{Name: first}", {}});
-  Check<DatastoreNameSet>({}, {{"newname", "new name"}},
-                          kOpen + Strings{"SetDatastoreName(, new name)"}, kTrue);
-  Check<DatastoreNameSet>({}, {{"uuid", "U"}, {"newname", ""}},
-                          kOpen + Strings{"SetDatastoreName(U, )"}, kTrue);
+  Check("datastore name get", names, {}, kOpen + Strings{"GetDatastoreName()"},
+        {"{Name: the default}", {}});
+  Check("datastore name get", names, {{"uuid", "U 1"}}, kOpen + Strings{"GetDatastoreName(U 1)"},
+        {"{Name: first}", {}});
+  Check("datastore name set", {}, {{"newname", "new name"}},
+        kOpen + Strings{"SetDatastoreName(, new name)"}, kTrue);
+  Check("datastore name set", {}, {{"uuid", "U"}, {"newname", ""}},
+        kOpen + Strings{"SetDatastoreName(U, )"}, kTrue);
 }
 
 }  // namespace

@@ -1,7 +1,5 @@
 #include "Cases.h"
-#include "resync/ResyncCommands.h"
 
-using namespace OrvaneCli::DovraNamespace;
 using namespace Testing;
 
 namespace {
@@ -12,12 +10,13 @@ TEST(ResyncCommands, HandOneRequestToTheLibrary) {
     library.bandwidth = 8589934593;
     library.throttle = -8589934593;
   };
-  Check<ResyncBandwidthGet>(rates, {}, kOpen + Strings{"GetResyncBandwidth()"},
-                            {"{Rate: 8589934593}", {}});
-  Check<ResyncThrottleGet>(rates, {}, kOpen + Strings{"GetResyncThrottle()"},
-                           {"{Level: -8589934593}", {}});
-  Check<ResyncThrottleSet>({}, {{"level", 0}}, kOpen + Strings{"SetResyncThrottle(0)"}, kTrue);
-  Check<ResyncThrottleSet>({}, {{"level", 512}}, kOpen + Strings{"SetResyncThrottle(512)"}, kTrue);
+  Check("resync bandwidth get", rates, {}, kOpen + Strings{"GetResyncBandwidth()"},
+        {"{Rate: 8589934593}", {}});
+  Check("resync throttle get", rates, {}, kOpen + Strings{"GetResyncThrottle()"},
+        {"{Level: -8589934593}", {}});
+  Check("resync throttle set", {}, {{"level", 0}}, kOpen + Strings{"SetResyncThrottle(0)"}, kTrue);
+  Check("resync throttle set", {}, {{"level", 512}}, kOpen + Strings{"SetResyncThrottle(512)"},
+        kTrue);
 }
 
 }  // namespace

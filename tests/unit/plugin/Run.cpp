@@ -1,6 +1,8 @@
 #include "Run.h"
 
 #include <algorithm>
+#include <sstream>
+#include <stdexcept>
 
 #include "frame/HostPaths.h"
 #include "trace/RestartPause.h"
@@ -50,6 +52,25 @@ Outcome Run(CliTools::AutoCli::Command& command, const Given& given) {
   const auto output = CliTools::CallSpec::Output::New();
   command.Execute(input, output);
   return {ToText(output->GetRootObject()), output->GetErrorMessages()};
+}
+
+CliTools::AutoCli::Command& Find(const std::string& path) {
+  static const auto root = [] {
+    auto made = CliTools::AutoCli::Namespace::New();
+    AutoCli_RegisterNamespaces(made);
+    return made;
+  }();
+  auto node = root->GetNamespaceNode("dovra");
+  std::istringstream names(path);
+  for (std::string name; names >> name;) {
+    node = dynamic_cast<CliTools::AutoCli::CommandSpec&>(*node).GetNamespaceNode(name);
+    if (!node) throw std::invalid_argument("there is no command \"" + path + "\"");
+  }
+  return dynamic_cast<CliTools::AutoCli::Command&>(*node);
+}
+
+Outcome Run(const std::string& path, const Given& given) {
+  return Run(Find(path), given);
 }
 
 }  // namespace Testing

@@ -29,11 +29,9 @@ std::string ToText(const std::shared_ptr<CliTools::MetaObj::MetaObject>& value);
 
 Outcome Run(CliTools::AutoCli::Command& command, const Given& given = {});
 
-/// Makes the command and runs it.
-template <class CommandClass>
-Outcome Run(const Given& given = {}) {
-  return Run(*CommandClass::New(), given);
-}
+/// The command of the plug-in's tree with this path below `dovra`.
+CliTools::AutoCli::Command& Find(const std::string& path);
+Outcome Run(const std::string& path, const Given& given = {});
 
 /// The files of the host under test, set by the test; and what was asked of the host beside the
 /// control library.

@@ -2,9 +2,7 @@
 #include <set>
 
 #include "Cases.h"
-#include "storage/StorageCommands.h"
 
-using namespace OrvaneCli::DovraNamespace;
 using namespace Testing;
 
 namespace {
@@ -13,17 +11,17 @@ using HostCtl::Dovra::DovraDiskInfo;
 
 TEST(StorageAdd, HandsTheDisksOnAsGiven) {
   const Given given = {{"ssd", "flash"}, {"disks", Strings{"b", "a", "b"}}};
-  Check<StorageAdd>({}, given, kOpen + Strings{"AddDisks(flash, [b, a, b])"}, kTrue);
-  Check<StorageAdd>({}, {{"ssd", "s"}, {"disks", Strings{}}}, kOpen + Strings{"AddDisks(s, [])"},
-                    kTrue);
+  Check("storage add", {}, given, kOpen + Strings{"AddDisks(flash, [b, a, b])"}, kTrue);
+  Check("storage add", {}, {{"ssd", "s"}, {"disks", Strings{}}}, kOpen + Strings{"AddDisks(s, [])"},
+        kTrue);
 }
 
 TEST(StorageRemove, ChoosesTheOperationByTheOption) {
-  Check<StorageRemove>({}, {{"disk", "d"}}, kOpen + Strings{"RemoveDisk(d, )"}, kTrue);
-  Check<StorageRemove>({}, {{"ssd", "s"}, {"evacuation-mode", "noAction"}},
-                       kOpen + Strings{"RemoveDiskGroup(s, NoAction)"}, kTrue);
-  Check<StorageRemove>({}, {{"uuid", "5AFA "}, {"evacuation-mode", "evacuateAllData"}},
-                       kOpen + Strings{"RemoveDiskByUuid(5AFA , EvacuateAllData)"}, kTrue);
+  Check("storage remove", {}, {{"disk", "d"}}, kOpen + Strings{"RemoveDisk(d, )"}, kTrue);
+  Check("storage remove", {}, {{"ssd", "s"}, {"evacuation-mode", "noAction"}},
+        kOpen + Strings{"RemoveDiskGroup(s, NoAction)"}, kTrue);
+  Check("storage remove", {}, {{"uuid", "5AFA "}, {"evacuation-mode", "evacuateAllData"}},
+        kOpen + Strings{"RemoveDiskByUuid(5AFA , EvacuateAllData)"}, kTrue);
 }
 
 TEST(StorageRemove, KnowsItsEvacuationModes) {
@@ -34,8 +32,8 @@ TEST(StorageRemove, KnowsItsEvacuationModes) {
       {"evacuateAllData", "EvacuateAllData"},
   };
   for (const auto& [given, passed] : known) {
-    Check<StorageRemove>({}, {{"disk", "d"}, {"evacuation-mode", given}},
-                         kOpen + Strings{std::string("RemoveDisk(d, ") + passed + ")"}, kTrue);
+    Check("storage remove", {}, {{"disk", "d"}, {"evacuation-mode", given}},
+          kOpen + Strings{std::string("RemoveDisk(d, ") + passed + ")"}, kTrue);
   }
   // The last two begin with bytes that are no letters by themselves.
   const char* const unknown[] = {
@@ -45,22 +43,21 @@ TEST(StorageRemove, KnowsItsEvacuationModes) {
         "Expected a single value from the set [noAction, ensureObjectAccessibility, "
         "evacuateAllData] got '" +
         given + "'");
-    Check<StorageRemove>({}, {{"disk", "d"}, {"evacuation-mode", given}}, kOpen, refused);
-    Check<StorageRemove>({}, {{"evacuation-mode", given}}, kOpen, refused);
+    Check("storage remove", {}, {{"disk", "d"}, {"evacuation-mode", given}}, kOpen, refused);
+    Check("storage remove", {}, {{"evacuation-mode", given}}, kOpen, refused);
   }
 }
 
-template <class CommandClass>
-void CheckMounting(const std::string& verb) {
-  Check<CommandClass>({}, {{"ssd", "s"}}, kOpen + Strings{verb + "DiskGroup(s)"}, kTrue);
-  Check<CommandClass>({}, {{"disk", "d"}}, kOpen + Strings{verb + "Disk(d)"}, kTrue);
-  Check<CommandClass>({}, {{"uuid", "5AFA "}}, kOpen + Strings{verb + "DiskByUuid(5AFA )"}, kTrue);
-  Check<CommandClass>({}, {{"uuid", ""}}, kOpen + Strings{verb + "DiskByUuid()"}, kTrue);
+void CheckMounting(const std::string& command, const std::string& verb) {
+  Check(command, {}, {{"ssd", "s"}}, kOpen + Strings{verb + "DiskGroup(s)"}, kTrue);
+  Check(command, {}, {{"disk", "d"}}, kOpen + Strings{verb + "Disk(d)"}, kTrue);
+  Check(command, {}, {{"uuid", "5AFA "}}, kOpen + Strings{verb + "DiskByUuid(5AFA )"}, kTrue);
+  Check(command, {}, {{"uuid", ""}}, kOpen + Strings{verb + "DiskByUuid()"}, kTrue);
 }
 
 TEST(StorageDiskgroup, ChoosesTheOperationByTheOption) {
-  CheckMounting<StorageDiskgroupMount>("Mount");
-  CheckMounting<StorageDiskgroupUmount>("Unmount");
+  CheckMounting("storage diskgroup mount", "Mount");
+  CheckMounting("storage diskgroup unmount", "Unmount");
 }
 
 TEST(StorageOptions, NameOneDiskExactly) {
@@ -70,41 +67,32 @@ TEST(StorageOptions, NameOneDiskExactly) {
                            {{"ssd", "s"}, {"uuid", ""}},
                            {{"disk", ""}, {"uuid", "u"}}};
   for (Given given : several) {
-    Check<StorageDiskgroupMount>({}, given, {}, onlyOne);
-    Check<StorageDiskgroupUmount>({}, given, {}, onlyOne);
+    Check("storage diskgroup mount", {}, given, {}, onlyOne);
+    Check("storage diskgroup unmount", {}, given, {}, onlyOne);
     given.emplace_back("evacuation-mode", "nonsense");
-    Check<StorageRemove>({}, given, kOpen,
-                         Failed("At most one of --disk or --ssd or --uuid can be specified."));
+    Check("storage remove", {}, given, kOpen,
+          Failed("At most one of --disk or --ssd or --uuid can be specified."));
   }
-  Check<StorageRemove>({}, {}, kOpen, Failed("No option provided"));
-  Check<StorageDiskgroupUmount>({}, {}, kOpen, Failed("Need one of --disk, --ssd or --uuid."));
-  Check<StorageDiskgroupMount>({}, {}, kOpen,
-                               Failed("Either --ssd, --disk or --uuid is required", "false"));
+  Check("storage remove", {}, {}, kOpen, Failed("No option provided"));
+  Check("storage diskgroup unmount", {}, {}, kOpen, Failed("Need one of --disk, --ssd or --uuid."));
+  Check("storage diskgroup mount", {}, {}, kOpen,
+        Failed("Either --ssd, --disk or --uuid is required", "false"));
 }
 
 TEST(StorageAutoMode, IsReadAndSet) {
   for (const bool enabled : {true, false}) {
     const std::string text = enabled ? "true" : "false";
-    Check<StorageAutoModeSet>({}, {{"enabled", enabled}},
-                              kOpen + Strings{"SetAutoClaimMode(" + text + ")"}, kTrue);
-    Check<StorageAutoModeGet>([=](RecordingLibrary& library) { library.autoClaim = enabled; }, {},
-                              kOpen + Strings{"GetAutoClaimMode()"},
-                              {"{Enabled: " + text + "}", {}});
+    Check("storage automode set", {}, {{"enabled", enabled}},
+          kOpen + Strings{"SetAutoClaimMode(" + text + ")"}, kTrue);
+    Check("storage automode get", [=](RecordingLibrary& library) { library.autoClaim = enabled; },
+          {}, kOpen + Strings{"GetAutoClaimMode()"}, {"{Enabled: " + text + "}", {}});
   }
 }
 
 TEST(StorageTag, NamesTheDisk) {
   const Given given = {{"tag", "capacityFlash"}, {"disk", "d"}};
-  Check<StorageTagAdd>({}, given, kOpen + Strings{"AddCapacityFlashTag(d)"}, kTrue);
-  Check<StorageTagRemove>({}, given, kOpen + Strings{"RemoveCapacityFlashTag(d)"}, kTrue);
-}
-
-TEST(StorageList, ShowsFormatVersionsUnderTheirLabels) {
-  const std::pair<int, const char*> cases[] = {
-      {0, "1"}, {1, "1"}, {2, "2"}, {3, "2.5"}, {4, "3"}, {7, "7"}, {INT32_MIN, "-2147483648"}};
-  for (const auto& [version, label] : cases) {
-    EXPECT_EQ(StorageList::MarshalVersion(version)->GetValue(), label);
-  }
+  Check("storage tag add", {}, given, kOpen + Strings{"AddCapacityFlashTag(d)"}, kTrue);
+  Check("storage tag remove", {}, given, kOpen + Strings{"RemoveCapacityFlashTag(d)"}, kTrue);
 }
 
 // Disks are told apart by the last digits of their UUIDs.
@@ -139,6 +127,18 @@ std::string RowOf(const std::string& device, const std::set<std::string>& yes = 
   return row.substr(0, row.size() - 2) + "}";
 }
 
+TEST(StorageList, ShowsFormatVersionsUnderTheirLabels) {
+  const std::pair<int, std::string> cases[] = {
+      {0, "1"}, {1, "1"}, {2, "2"}, {3, "2.5"}, {4, "3"}, {7, "7"}, {INT32_MIN, "-2147483648"}};
+  for (const auto& [version, label] : cases) {
+    RecordingLibrary library;
+    library.serviceDisks = {UuidOf("0001")};
+    library.diskInfos[UuidOf("0001")].formatVersion = version;
+    const std::string row = Testing::Run("storage list").root;
+    EXPECT_NE(row.find("On-disk format version: " + label + ","), std::string::npos) << row;
+  }
+}
+
 Outcome Rows(const Strings& devices, const Strings& errors = {}) {
   std::string rows;
   for (const auto& device : devices) rows += (rows.empty() ? "" : ", ") + RowOf(device);
@@ -162,7 +162,7 @@ TEST(StorageList, ShowsEachMemberInItsField) {
     library.serviceDisks = {UuidOf("0001")};
     library.diskInfos[UuidOf("0001")] = DiskNamed("disk");
     library.diskInfos[UuidOf("0001")].*member = true;
-    EXPECT_EQ(Testing::Run<StorageList>(), (Outcome{"[" + RowOf("disk", fields) + "]", {}}));
+    EXPECT_EQ(Testing::Run("storage list"), (Outcome{"[" + RowOf("disk", fields) + "]", {}}));
   }
 }
 
@@ -204,16 +204,16 @@ TEST(StorageList, MergesFiltersAndOrders) {
       {{{"uuid", UuidOf("0001")}}, {}, Rows({}, {noUuid + UuidOf("0001")})},
   };
   for (const auto& one : cases) {
-    Check<StorageList>(kDisks, one.given, Reading(one.uuids), one.outcome);
+    Check("storage list", kDisks, one.given, Reading(one.uuids), one.outcome);
   }
-  Check<StorageList>({}, {}, Reading({}), Rows({}));
-  Check<StorageList>(kDisks, {{"device", "a"}, {"uuid", "u"}}, {},
-                     Failed("Only one of --device or --uuid can be specified."));
+  Check("storage list", {}, {}, Reading({}), Rows({}));
+  Check("storage list", kDisks, {{"device", "a"}, {"uuid", "u"}}, {},
+        Failed("Only one of --device or --uuid can be specified."));
 }
 
 TEST(StorageList, ReportsAMalformedUuidAsAFailure) {
   RecordingLibrary library;
-  const Outcome noUuid = Testing::Run<StorageList>({{"uuid", "52"}});
+  const Outcome noUuid = Testing::Run("storage list", {{"uuid", "52"}});
   EXPECT_EQ(noUuid.root, "[]");
   ASSERT_EQ(noUuid.errors.size(), 1U);
   EXPECT_TRUE(noUuid.errors[0].starts_with("Unable to list devices: \"52\" is not a UUID"));

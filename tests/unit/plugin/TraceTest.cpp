@@ -7,9 +7,7 @@
 #include <sstream>
 
 #include "Run.h"
-#include "trace/TraceCommands.h"
 
-using namespace OrvaneCli::DovraNamespace;
 using namespace Testing;
 
 namespace {
@@ -36,8 +34,8 @@ class TraceTest : public testing::Test {
     return text.str();
   }
 
-  static Outcome Get() { return Testing::Run<DovraTraceGet>(); }
-  static Outcome Set(const Given& given) { return Testing::Run<DovraTraceSet>(given); }
+  static Outcome Get() { return Testing::Run("trace get"); }
+  static Outcome Set(const Given& given) { return Testing::Run("trace set", given); }
 
   std::string folder_;
   RecordingLibrary library_;

@@ -1,7 +1,5 @@
 #include "Cases.h"
-#include "cluster/ClusterCommands.h"
 
-using namespace OrvaneCli::DovraNamespace;
 using namespace Testing;
 
 namespace {
@@ -31,7 +29,7 @@ SetUp Agents(const Strings& agents, bool isSettled = true) {
 }
 
 TEST(UnicastAgentAdd, HandsOverTheAgent) {
-  using Command = ClusterUnicastAgentAdd;
+  const char* const command = "cluster unicastagent add";
   const Given wholeWitness = {{"type", "witness"},     {"uuid", "w"},
                               {"addr", "fe80::1"},     {"supports-unicast", true},
                               {"port", kWrap + 12321}, {"bound-interface-name", "knic1"}};
@@ -44,50 +42,48 @@ TEST(UnicastAgentAdd, HandsOverTheAgent) {
   const auto witness = [](const std::string& arguments) {
     return kAskedAndOpen + Strings{"GetUnicastWitnesses()", "AddUnicastAgent(" + arguments + ", )"};
   };
-  Check<Command>({}, {{"addr", "1.2.3.4"}},
-                 witness(kNil + ", true, false, v4 1.2.3.4, 12321, false, "), kTrue);
-  Check<Command>({}, wholeWitness, witness("w, true, true, v6 fe80::1, 2147483647, true, knic1"),
-                 kTrue);
-  Check<Command>(Witnesses({"w1", "w2"}), wholeNode,
-                 kAskedAndOpen + Strings{"AddUnicastAgent(?, false, false, v6 ::1, -1, true, , )",
-                                         "RefreshUnicastAgents()"},
-                 kTrue);
+  Check(command, {}, {{"addr", "1.2.3.4"}},
+        witness(kNil + ", true, false, v4 1.2.3.4, 12321, false, "), kTrue);
+  Check(command, {}, wholeWitness, witness("w, true, true, v6 fe80::1, 2147483647, true, knic1"),
+        kTrue);
+  Check(command, Witnesses({"w1", "w2"}), wholeNode,
+        kAskedAndOpen + Strings{"AddUnicastAgent(?, false, false, v6 ::1, -1, true, , )",
+                                "RefreshUnicastAgents()"},
+        kTrue);
 }
 
 TEST(UnicastAgentAdd, Refuses) {
-  using Command = ClusterUnicastAgentAdd;
+  const char* const command = "cluster unicastagent add";
   const std::string noUuid = "Can not add unicastagent without specifying node-uuid";
   const std::string noSupport = "Can not add unicastagent without specifying unicast support";
   const std::string second =
       "Dovra does not support connecting to more than one unicast witness, and there ";
   const Strings looked = kAskedAndOpen + Strings{"GetUnicastWitnesses()"};
   const Given bad = {{"addr", "1.2.3"}}, good = {{"addr", "1.2.3.4"}};
-  Check<Command>(kOnWitness, bad, kAsked,
-                 Failed("This host is a witness node which doesn't support adding unicast agent."));
-  Check<Command>({}, {{"type", "node"}, {"addr", "1.2.3"}}, kAskedAndOpen, Failed(noUuid));
-  Check<Command>({}, {{"type", "Witness"}, {"addr", "1.2.3.4"}}, kAskedAndOpen, Failed(noUuid));
-  Check<Command>({}, {{"type", "node"}, {"uuid", ""}, {"addr", "1.2.3"}}, kAskedAndOpen,
-                 Failed(noSupport));
-  Check<Command>(Witnesses({"w1"}), bad, kAskedAndOpen, Failed("Invalid IP address 1.2.3"));
-  Check<Command>(Witnesses({"w1"}), good, looked,
-                 Failed(second + "is already a unicast witness configured: w1."));
-  Check<Command>(Witnesses({"w1", "w2"}), good, looked,
-                 Failed(second + "are already multiple unicast witnesses configured: w1,w2."));
+  Check(command, kOnWitness, bad, kAsked,
+        Failed("This host is a witness node which doesn't support adding unicast agent."));
+  Check(command, {}, {{"type", "node"}, {"addr", "1.2.3"}}, kAskedAndOpen, Failed(noUuid));
+  Check(command, {}, {{"type", "Witness"}, {"addr", "1.2.3.4"}}, kAskedAndOpen, Failed(noUuid));
+  Check(command, {}, {{"type", "node"}, {"uuid", ""}, {"addr", "1.2.3"}}, kAskedAndOpen,
+        Failed(noSupport));
+  Check(command, Witnesses({"w1"}), bad, kAskedAndOpen, Failed("Invalid IP address 1.2.3"));
+  Check(command, Witnesses({"w1"}), good, looked,
+        Failed(second + "is already a unicast witness configured: w1."));
+  Check(command, Witnesses({"w1", "w2"}), good, looked,
+        Failed(second + "are already multiple unicast witnesses configured: w1,w2."));
 }
 
 TEST(UnicastAgentRemove, HandsOverTheAgentOrRefuses) {
-  using Command = ClusterUnicastAgentRemove;
-  Check<Command>({}, {{"addr", "fe80::1"}},
-                 kAskedAndOpen + Strings{"RemoveUnicastAgent(" + kNil + ", v6 fe80::1, 12321)"},
-                 kTrue);
-  Check<Command>(Agents({}, false), {{"uuid", "?"}, {"addr", "1.2.3.4"}, {"port", -kWrap - 1}},
-                 kAskedAndOpen + Strings{"RemoveUnicastAgent(?, v4 1.2.3.4, -2147483648)",
-                                         "RefreshUnicastAgents()"},
-                 kTrue);
-  Check<Command>(
-      kOnWitness, {{"addr", "1.2.3"}}, kAsked,
-      Failed("This host is a witness node which doesn't support removing unicast agent."));
-  Check<Command>({}, {{"addr", ""}}, kAskedAndOpen, Failed("Invalid IP address "));
+  const char* const command = "cluster unicastagent remove";
+  Check(command, {}, {{"addr", "fe80::1"}},
+        kAskedAndOpen + Strings{"RemoveUnicastAgent(" + kNil + ", v6 fe80::1, 12321)"}, kTrue);
+  Check(command, Agents({}, false), {{"uuid", "?"}, {"addr", "1.2.3.4"}, {"port", -kWrap - 1}},
+        kAskedAndOpen +
+            Strings{"RemoveUnicastAgent(?, v4 1.2.3.4, -2147483648)", "RefreshUnicastAgents()"},
+        kTrue);
+  Check(command, kOnWitness, {{"addr", "1.2.3"}}, kAsked,
+        Failed("This host is a witness node which doesn't support removing unicast agent."));
+  Check(command, {}, {{"addr", ""}}, kAskedAndOpen, Failed("Invalid IP address "));
 }
 
 TEST(UnicastAgentList, ShowsEntriesAsTheyStand) {
@@ -112,31 +108,31 @@ TEST(UnicastAgentList, ShowsEntriesAsTheyStand) {
              ", IsWitness: " + row[1] + ", Supports Unicast: " + row[2] +
              ", IP Address: " + row[3] + ", Port: " + row[4] + ", Iface Name: " + row[5] + "}";
   }
-  Check<ClusterUnicastAgentList>(Agents(entries), {}, kRead, {shown + "]", {}});
+  Check("cluster unicastagent list", Agents(entries), {}, kRead, {shown + "]", {}});
 }
 
 TEST(UnicastAgentList, LeavesAnEmptyListOrNone) {
-  using Command = ClusterUnicastAgentList;
-  Check<Command>({}, {}, kRead, {"[]", {}});
-  Check<Command>(kNotEnabled, {}, kEnabled, Failed("Dovra isn't enabled on the host"));
-  Check<Command>(kOnWitness, {}, kEnabledAndAsked,
-                 Failed("Unable to list unicast agent, this host is a witness node which doesn't "
-                        "support listing unicast agent.",
-                        "[]"));
+  const char* const command = "cluster unicastagent list";
+  Check(command, {}, {}, kRead, {"[]", {}});
+  Check(command, kNotEnabled, {}, kEnabled, Failed("Dovra isn't enabled on the host"));
+  Check(command, kOnWitness, {}, kEnabledAndAsked,
+        Failed("Unable to list unicast agent, this host is a witness node which doesn't "
+               "support listing unicast agent.",
+               "[]"));
 }
 
 TEST(UnicastAgentClear, RemovesEveryAgentOrRefuses) {
-  using Command = ClusterUnicastAgentClear;
+  const char* const command = "cluster unicastagent clear";
   const Strings agents = {kNil + ";1;0;10.0.0.5;12321;", "n;0;1;fe80::1;4294979617;knic1;b"};
   const Strings removed = kRead + Strings{"RemoveUnicastAgent(" + kNil + ", v4 10.0.0.5, 12321)",
                                           "RemoveUnicastAgent(n, v6 fe80::1, 2147483647)"};
-  Check<Command>(Agents(agents, false), {}, removed + Strings{"RefreshUnicastAgents()"}, kTrue);
-  Check<Command>(Agents(agents), {}, removed, kTrue);
-  Check<Command>(Agents({}, false), {}, kRead, kTrue);
-  Check<Command>(kNotEnabled, {}, kEnabled, Failed("Dovra isn't enabled on the host"));
-  Check<Command>(kOnWitness, {}, kEnabledAndAsked,
-                 Failed("Unable to remove unicast agent(s), this host is a witness node which "
-                        "doesn't support removing unicast agent."));
+  Check(command, Agents(agents, false), {}, removed + Strings{"RefreshUnicastAgents()"}, kTrue);
+  Check(command, Agents(agents), {}, removed, kTrue);
+  Check(command, Agents({}, false), {}, kRead, kTrue);
+  Check(command, kNotEnabled, {}, kEnabled, Failed("Dovra isn't enabled on the host"));
+  Check(command, kOnWitness, {}, kEnabledAndAsked,
+        Failed("Unable to remove unicast agent(s), this host is a witness node which "
+               "doesn't support removing unicast agent."));
 }
 
 TEST(UnicastAgentEntry, BadOneEndsListingAndClearing) {
@@ -157,8 +153,8 @@ TEST(UnicastAgentEntry, BadOneEndsListingAndClearing) {
                            "RemoveUnicastAgent(b, v4 1.1.1.2, 2)"};
   for (const auto& [entry, listed, cleared] : rows) {
     const auto agents = Agents({"a;0;1;1.1.1.1;1;", "b;0;1;1.1.1.2;2;", entry, "last"}, false);
-    Check<ClusterUnicastAgentList>(agents, {}, kRead, Failed(listed));
-    Check<ClusterUnicastAgentClear>(agents, {}, kRead + removed, Failed(cleared));
+    Check("cluster unicastagent list", agents, {}, kRead, Failed(listed));
+    Check("cluster unicastagent clear", agents, {}, kRead + removed, Failed(cleared));
   }
 }
 
