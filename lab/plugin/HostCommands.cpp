@@ -2,18 +2,14 @@
 
 #include "corectl/Hosts.h"
 #include "corectl/LabHost.h"
+#include "frame/Frame.h"
 #include "hostroot/HostRoot.h"
-#include "plugin/LabCommands.h"
 
 namespace Lab {
 
-namespace {
+using namespace OrvaneCli::DovraNamespace;
 
-constexpr Field kFields[] = {
-    {"Name", MetaType::kString},         {"UUID", MetaType::kString},
-    {"Cluster UUID", MetaType::kString}, {"Membership", MetaType::kString},
-    {"Fault Domain", MetaType::kString}, {"API Version", MetaType::kInt},
-};
+namespace {
 
 void RequireHostName(const std::string& name) {
   if (IsHostName(name)) return;
@@ -38,102 +34,136 @@ void ChangeLab(Work&& work) {
 
 }  // namespace
 
-HostAdd::HostAdd() {
-  DescribeOperation("Add a host to the lab.");
-}
+class HostAdd final : public SuccessCommand<HostAdd> {
+ public:
+  HostAdd() { DescribeOperation("Add a host to the lab."); }
 
-InputSpecPtr HostAdd::GetInputSpecInternal() {
-  return MakeInputSpec({{"name", "n", ParameterType::kString, Need::kRequired,
-                         "Name of the new host, for autocli's --host."}});
-}
-
-void HostAdd::ExecuteInternal(const InputPtr& input, const OutputPtr& output) {
-  SucceedOrNothing(output, "Unable to add host: ", [&] {
-    const std::string name = input->GetParameter("name");
-    RequireHostName(name);
-    ChangeLab([&](Store& store) {
-      if (store.FindHost(name)) Refuse("There is a host \"" + name + "\" already.");
-      AddHost(store, name);
-    });
-    ChangeLab(SettleRoots);
-  });
-}
-
-HostRemove::HostRemove() {
-  DescribeOperation("Remove a host from the lab, and from its cluster as if it had died.");
-}
-
-InputSpecPtr HostRemove::GetInputSpecInternal() {
-  return MakeInputSpec(
-      {{"name", "n", ParameterType::kString, Need::kRequired, "Name of the host."}});
-}
-
-void HostRemove::ExecuteInternal(const InputPtr& input, const OutputPtr& output) {
-  SucceedOrNothing(output, "Unable to remove host: ", [&] {
-    const std::string name = input->GetParameter("name");
-    ChangeLab([&](Store& store) { RemoveHost(store, RequireHost(store, name)); });
-    ChangeLab(SettleRoots);  // only now: until then it could still have been undone
-  });
-}
-
-const Record HostList::kRecord = {"LabHostList", kFields};
-
-HostList::HostList() {
-  DescribeFetcher("List the lab's hosts.");
-  SetDefaultOutputFormatter("table");
-  SetDefaultOutputParameter("fields:LabHostList", FieldNames(kRecord));
-}
-
-void HostList::ExecuteInternal(const InputPtr&, const OutputPtr& output) {
-  const ListPtr list = MakeList();
-  Store& store = OpenStore();
-  Store::Transaction transaction(store, Store::Transaction::Kind::kRead);
-  for (const HostRow& host : store.ListHosts()) {
-    const StructPtr row = GetOutputStructure();
-    row->SetField("Name", host.name);
-    row->SetField("UUID", host.uuid);
-    if (const auto member = store.FindMember(host.id)) {
-      row->SetField("Cluster UUID", member->cluster);
-      row->SetField("Membership", std::string(member->witness ? "witness" : "data") +
-                                      (member->running ? "" : ", not restored"));
-    }
-    row->SetField("Fault Domain", host.faultDomain);
-    row->SetField("API Version", MetaInt::New(host.apiVersion));
-    list->Add(row);
+ private:
+  InputSpecPtr GetInputSpecInternal() override {
+    return MakeInputSpec({{"name", "n", ParameterType::kString, Need::kRequired,
+                           "Name of the new host, for autocli's --host."}});
   }
-  output->SetRootObject(list);
-}
 
-HostReboot::HostReboot() {
-  DescribeOperation(
-      "Reboot a host: what runs on it is lost, what it has persisted is kept for the restore "
-      "commands.");
-}
-
-InputSpecPtr HostReboot::GetInputSpecInternal() {
-  return MakeInputSpec({{"name", "n", ParameterType::kString, Need::kOptional,
-                         "Name of the host; the one that autocli's --host selects if not given."}});
-}
-
-void HostReboot::ExecuteInternal(const InputPtr& input, const OutputPtr& output) {
-  SucceedOrNothing(output, "Unable to reboot host: ", [&] {
-    ChangeLab([&](Store& store) {
-      HostRow host = RequireHost(store, input->HasParameter("name") ? input->GetParameter("name")
-                                                                    : LabHost::Current().GetName());
-      Reboot(store, host);
+  void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
+    SucceedOrNothing(output, "Unable to add host: ", [&] {
+      const std::string name = input->GetParameter("name");
+      RequireHostName(name);
+      ChangeLab([&](Store& store) {
+        if (store.FindHost(name)) Refuse("There is a host \"" + name + "\" already.");
+        AddHost(store, name);
+      });
+      ChangeLab(SettleRoots);
     });
-  });
-}
+  }
+};
 
-Reset::Reset() {
-  DescribeOperation("Make the lab as it was when new: every host and cluster is lost.");
-}
+class HostRemove final : public SuccessCommand<HostRemove> {
+ public:
+  HostRemove() {
+    DescribeOperation("Remove a host from the lab, and from its cluster as if it had died.");
+  }
 
-void Reset::ExecuteInternal(const InputPtr&, const OutputPtr& output) {
-  SucceedOrNothing(output, "Unable to reset the lab: ", [] {
-    ChangeLab(ResetLab);
-    ChangeLab(SettleRoots);
-  });
-}
+ private:
+  InputSpecPtr GetInputSpecInternal() override {
+    return MakeInputSpec(
+        {{"name", "n", ParameterType::kString, Need::kRequired, "Name of the host."}});
+  }
+
+  void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
+    SucceedOrNothing(output, "Unable to remove host: ", [&] {
+      const std::string name = input->GetParameter("name");
+      ChangeLab([&](Store& store) { RemoveHost(store, RequireHost(store, name)); });
+      ChangeLab(SettleRoots);  // only now: until then it could still have been undone
+    });
+  }
+};
+
+class HostList final : public ListCommand<HostList> {
+ public:
+  static constexpr Record kRecord = {
+      .name = "LabHostList",
+      .fields =
+          {
+              {"Name", MetaType::kString},
+              {"UUID", MetaType::kString},
+              {"Cluster UUID", MetaType::kString},
+              {"Membership", MetaType::kString},
+              {"Fault Domain", MetaType::kString},
+              {"API Version", MetaType::kInt},
+          },
+      .formatter = "table",
+      .separator = ",",
+  };
+
+  HostList() { DescribeFetcher("List the lab's hosts."); }
+
+ private:
+  void ExecuteInternal(const InputPtr&, const OutputPtr& output) override {
+    const ListPtr list = MakeList();
+    Store& store = OpenStore();
+    Store::Transaction transaction(store, Store::Transaction::Kind::kRead);
+    for (const HostRow& host : store.ListHosts()) {
+      const StructPtr row = GetOutputStructure();
+      row->SetField("Name", host.name);
+      row->SetField("UUID", host.uuid);
+      if (const auto member = store.FindMember(host.id)) {
+        row->SetField("Cluster UUID", member->cluster);
+        row->SetField("Membership", std::string(member->witness ? "witness" : "data") +
+                                        (member->running ? "" : ", not restored"));
+      }
+      row->SetField("Fault Domain", host.faultDomain);
+      row->SetField("API Version", MetaInt::New(host.apiVersion));
+      list->Add(row);
+    }
+    output->SetRootObject(list);
+  }
+};
+
+class HostReboot final : public SuccessCommand<HostReboot> {
+ public:
+  HostReboot() {
+    DescribeOperation(
+        "Reboot a host: what runs on it is lost, what it has persisted is kept for the restore "
+        "commands.");
+  }
+
+ private:
+  InputSpecPtr GetInputSpecInternal() override {
+    return MakeInputSpec(
+        {{"name", "n", ParameterType::kString, Need::kOptional,
+          "Name of the host; the one that autocli's --host selects if not given."}});
+  }
+
+  void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
+    SucceedOrNothing(output, "Unable to reboot host: ", [&] {
+      ChangeLab([&](Store& store) {
+        HostRow host = RequireHost(
+            store, Given<std::string>(input, "name").value_or(LabHost::Current().GetName()));
+        Reboot(store, host);
+      });
+    });
+  }
+};
+
+class Reset final : public SuccessCommand<Reset> {
+ public:
+  Reset() { DescribeOperation("Make the lab as it was when new: every host and cluster is lost."); }
+
+ private:
+  void ExecuteInternal(const InputPtr&, const OutputPtr& output) override {
+    SucceedOrNothing(output, "Unable to reset the lab: ", [] {
+      ChangeLab(ResetLab);
+      ChangeLab(SettleRoots);
+    });
+  }
+};
 
 }  // namespace Lab
+
+namespace OrvaneCli::DovraNamespace {
+template CommandPtr MakeCommand<Lab::HostAdd>();
+template CommandPtr MakeCommand<Lab::HostRemove>();
+template CommandPtr MakeCommand<Lab::HostList>();
+template CommandPtr MakeCommand<Lab::HostReboot>();
+template CommandPtr MakeCommand<Lab::Reset>();
+}  // namespace OrvaneCli::DovraNamespace

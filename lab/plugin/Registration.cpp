@@ -1,51 +1,40 @@
 // The lab's plug-in: the `lab` tree.
 
-#include "plugin/LabCommands.h"
+#include "frame/Tree.h"
 
-namespace {
+namespace Lab {
 
-using namespace Lab;
-using CliTools::AutoCli::Namespace;
+using namespace OrvaneCli::DovraNamespace;
 
-std::shared_ptr<Namespace> Space(Namespace& parent, const char* name, const char* description) {
-  auto space = Namespace::New();
-  space->SetDescription(description);
-  parent.RegisterNamespaceNode(space, name);
-  return space;
-}
+constexpr Node kTree[] = {
+    {"lab", "Commands to rehearse with stand-in hosts"},
+    {"lab host", "Commands for the lab's hosts"},
+    {"lab host add", MakeCommand<class HostAdd>},
+    {"lab host remove", MakeCommand<class HostRemove>},
+    {"lab host list", MakeCommand<class HostList>},
+    {"lab host reboot", MakeCommand<class HostReboot>},
+    {"lab disk", "Commands for a host's disks"},
+    {"lab disk add", MakeCommand<class DiskAdd>},
+    {"lab disk generate", MakeCommand<class DiskGenerate>},
+    {"lab disk list", MakeCommand<class DiskList>},
+    {"lab fault", "Commands to make the control library fail"},
+    {"lab fault add", MakeCommand<class FaultAdd>},
+    {"lab fault list", MakeCommand<class FaultList>},
+    {"lab fault clear", MakeCommand<class FaultClear>},
+    {"lab api", "Commands for a host's control library"},
+    {"lab api set", MakeCommand<class ApiSet>},
+    {"lab maintenance", "Commands for a host's maintenance mode"},
+    {"lab maintenance start", MakeCommand<class MaintenanceStart>},
+    {"lab resync", "Commands for a host's resynchronisation"},
+    {"lab resync set", MakeCommand<class ResyncSet>},
+    {"lab traced", "Commands for a host's trace daemon"},
+    {"lab traced set", MakeCommand<class TracedSet>},
+    {"lab reset", MakeCommand<class Reset>},
+};
 
-}  // namespace
+}  // namespace Lab
 
-extern "C" void AutoCli_RegisterNamespaces(const std::shared_ptr<Namespace>& root) {
-  const auto lab = Space(*root, "lab", "Commands to rehearse with stand-in hosts");
-
-  const auto host = Space(*lab, "host", "Commands for the lab's hosts");
-  host->RegisterNamespaceNode(HostAdd::New(), "add");
-  host->RegisterNamespaceNode(HostRemove::New(), "remove");
-  host->RegisterNamespaceNode(HostList::New(), "list");
-  host->RegisterNamespaceNode(HostReboot::New(), "reboot");
-
-  const auto disk = Space(*lab, "disk", "Commands for a host's disks");
-  disk->RegisterNamespaceNode(DiskAdd::New(), "add");
-  disk->RegisterNamespaceNode(DiskGenerate::New(), "generate");
-  disk->RegisterNamespaceNode(DiskList::New(), "list");
-
-  const auto fault = Space(*lab, "fault", "Commands to make the control library fail");
-  fault->RegisterNamespaceNode(FaultAdd::New(), "add");
-  fault->RegisterNamespaceNode(FaultList::New(), "list");
-  fault->RegisterNamespaceNode(FaultClear::New(), "clear");
-
-  const auto api = Space(*lab, "api", "Commands for a host's control library");
-  api->RegisterNamespaceNode(ApiSet::New(), "set");
-
-  const auto maintenance = Space(*lab, "maintenance", "Commands for a host's maintenance mode");
-  maintenance->RegisterNamespaceNode(MaintenanceStart::New(), "start");
-
-  const auto resync = Space(*lab, "resync", "Commands for a host's resynchronisation");
-  resync->RegisterNamespaceNode(ResyncSet::New(), "set");
-
-  const auto traced = Space(*lab, "traced", "Commands for a host's trace daemon");
-  traced->RegisterNamespaceNode(TracedSet::New(), "set");
-
-  lab->RegisterNamespaceNode(Reset::New(), "reset");
+extern "C" void AutoCli_RegisterNamespaces(
+    const std::shared_ptr<CliTools::AutoCli::Namespace>& root) {
+  OrvaneCli::DovraNamespace::Register(Lab::kTree, *root, "");
 }

@@ -4,18 +4,13 @@
 #include "corectl/Hosts.h"
 #include "corectl/LabHost.h"
 #include "corectl/Operations.h"
-#include "plugin/LabCommands.h"
+#include "frame/Frame.h"
 
 namespace Lab {
 
-namespace {
+using namespace OrvaneCli::DovraNamespace;
 
-constexpr Field kFaultFields[] = {
-    {"Host", MetaType::kString},
-    {"Operation", MetaType::kString},
-    {"Message", MetaType::kString},
-    {"Remaining", MetaType::kInt},
-};
+namespace {
 
 ConstraintPtr AnyOperation() {
   ConstraintPtr constraint = OneOf({});
@@ -25,111 +20,149 @@ ConstraintPtr AnyOperation() {
 
 }  // namespace
 
-FaultAdd::FaultAdd() {
-  DescribeOperation("Make the next calls of a control-library operation on this host fail.");
-}
-
-InputSpecPtr FaultAdd::GetInputSpecInternal() {
-  return MakeInputSpec({
-      {"operation", "o", ParameterType::kString, Need::kRequired,
-       "The operation that is to fail, one of %ENUM%.", AnyOperation()},
-      {"message", "m", ParameterType::kString, Need::kRequired,
-       "What the operation says when it fails."},
-      {"count", "c", ParameterType::kInt, Need::kOptional,
-       "How many calls fail (%ENUM%, 1 if not given).", Between(1, 1000000)},
-  });
-}
-
-void FaultAdd::ExecuteInternal(const InputPtr& input, const OutputPtr& output) {
-  SucceedOrNothing(output, "Unable to add fault: ", [&] {
-    LabHost::Current().Change([&](Store& store, const HostRow& host) {
-      const std::int64_t count = input->HasParameter("count") ? input->GetParameterInt("count") : 1;
-      store.Save(FaultRow{0, host.id, input->GetParameter("operation"),
-                          input->GetParameter("message"), count});
-    });
-  });
-}
-
-const Record FaultList::kRecord = {"LabFaultList", kFaultFields};
-
-FaultList::FaultList() {
-  DescribeFetcher("List the faults that wait for their calls, on every host of the lab.");
-  SetDefaultOutputFormatter("table");
-  SetDefaultOutputParameter("fields:LabFaultList", FieldNames(kRecord));
-}
-
-void FaultList::ExecuteInternal(const InputPtr&, const OutputPtr& output) {
-  const ListPtr list = MakeList();
-  Store& store = OpenStore();
-  const Store::Transaction transaction(store, Store::Transaction::Kind::kRead);
-  for (const HostRow& host : store.ListHosts()) {
-    for (const FaultRow& fault : store.ListFaults(host.id)) {
-      const StructPtr row = GetOutputStructure();
-      row->SetField("Host", host.name);
-      row->SetField("Operation", fault.operation);
-      row->SetField("Message", fault.message);
-      row->SetField("Remaining", MetaInt::New(fault.remaining));
-      list->Add(row);
-    }
+class FaultAdd final : public SuccessCommand<FaultAdd> {
+ public:
+  FaultAdd() {
+    DescribeOperation("Make the next calls of a control-library operation on this host fail.");
   }
-  output->SetRootObject(list);
-}
 
-FaultClear::FaultClear() {
-  DescribeOperation("Take back every fault, on every host of the lab.");
-}
-
-void FaultClear::ExecuteInternal(const InputPtr&, const OutputPtr& output) {
-  SucceedOrNothing(output, "Unable to clear faults: ", [] { OpenStore().ClearFaults(); });
-}
-
-ApiSet::ApiSet() {
-  DescribeOperation("Set the version of this host's control library.");
-}
-
-InputSpecPtr ApiSet::GetInputSpecInternal() {
-  return MakeInputSpec(
-      {{"version", "v", ParameterType::kInt, Need::kRequired,
-        "Version (%ENUM%). Version 1 lacks the newer network operations.", Between(1, 2)}});
-}
-
-void ApiSet::ExecuteInternal(const InputPtr& input, const OutputPtr& output) {
-  SucceedOrNothing(output, "Unable to set the API version: ", [&] {
-    LabHost::Current().Change([&](Store& store, HostRow& host) {
-      host.apiVersion = input->GetParameterInt("version");
-      store.Save(host);
+ private:
+  InputSpecPtr GetInputSpecInternal() override {
+    return MakeInputSpec({
+        {"operation", "o", ParameterType::kString, Need::kRequired,
+         "The operation that is to fail, one of %ENUM%.", AnyOperation()},
+        {"message", "m", ParameterType::kString, Need::kRequired,
+         "What the operation says when it fails."},
+        {"count", "c", ParameterType::kInt, Need::kOptional,
+         "How many calls fail (%ENUM%, 1 if not given).", Between(1, 1000000)},
     });
-  });
-}
+  }
 
-MaintenanceStart::MaintenanceStart() {
-  DescribeOperation(
-      "Let this host begin to enter maintenance mode; \"dovra maintenancemode cancel\" ends it.");
-}
-
-void MaintenanceStart::ExecuteInternal(const InputPtr&, const OutputPtr& output) {
-  SucceedOrNothing(output, "Unable to start maintenance: ", [] {
-    LabHost::Current().Change([](Store& store, HostRow& host) { StartMaintenance(store, host); });
-  });
-}
-
-ResyncSet::ResyncSet() {
-  DescribeOperation("Set how much this host resynchronises; the throttle limits it.");
-}
-
-InputSpecPtr ResyncSet::GetInputSpecInternal() {
-  return MakeInputSpec(
-      {{"demand", "d", ParameterType::kInt, Need::kRequired,
-        "What resync would use unthrottled, in Mbps (%ENUM%).", Between(0, 1000000)}});
-}
-
-void ResyncSet::ExecuteInternal(const InputPtr& input, const OutputPtr& output) {
-  SucceedOrNothing(output, "Unable to set resync: ", [&] {
-    LabHost::Current().Change([&](Store& store, HostRow& host) {
-      host.resyncDemand = input->GetParameterInt("demand");
-      store.Save(host);
+  void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
+    SucceedOrNothing(output, "Unable to add fault: ", [&] {
+      LabHost::Current().Change([&](Store& store, const HostRow& host) {
+        const std::int64_t count = Given<std::int64_t>(input, "count").value_or(1);
+        store.Save(FaultRow{0, host.id, input->GetParameter("operation"),
+                            input->GetParameter("message"), count});
+      });
     });
-  });
-}
+  }
+};
+
+class FaultList final : public ListCommand<FaultList> {
+ public:
+  static constexpr Record kRecord = {
+      .name = "LabFaultList",
+      .fields =
+          {
+              {"Host", MetaType::kString},
+              {"Operation", MetaType::kString},
+              {"Message", MetaType::kString},
+              {"Remaining", MetaType::kInt},
+          },
+      .formatter = "table",
+      .separator = ",",
+  };
+
+  FaultList() {
+    DescribeFetcher("List the faults that wait for their calls, on every host of the lab.");
+  }
+
+ private:
+  void ExecuteInternal(const InputPtr&, const OutputPtr& output) override {
+    const ListPtr list = MakeList();
+    Store& store = OpenStore();
+    const Store::Transaction transaction(store, Store::Transaction::Kind::kRead);
+    for (const HostRow& host : store.ListHosts()) {
+      for (const FaultRow& fault : store.ListFaults(host.id)) {
+        const StructPtr row = GetOutputStructure();
+        row->SetField("Host", host.name);
+        row->SetField("Operation", fault.operation);
+        row->SetField("Message", fault.message);
+        row->SetField("Remaining", MetaInt::New(fault.remaining));
+        list->Add(row);
+      }
+    }
+    output->SetRootObject(list);
+  }
+};
+
+class FaultClear final : public SuccessCommand<FaultClear> {
+ public:
+  FaultClear() { DescribeOperation("Take back every fault, on every host of the lab."); }
+
+ private:
+  void ExecuteInternal(const InputPtr&, const OutputPtr& output) override {
+    SucceedOrNothing(output, "Unable to clear faults: ", [] { OpenStore().ClearFaults(); });
+  }
+};
+
+class ApiSet final : public SuccessCommand<ApiSet> {
+ public:
+  ApiSet() { DescribeOperation("Set the version of this host's control library."); }
+
+ private:
+  InputSpecPtr GetInputSpecInternal() override {
+    return MakeInputSpec(
+        {{"version", "v", ParameterType::kInt, Need::kRequired,
+          "Version (%ENUM%). Version 1 lacks the newer network operations.", Between(1, 2)}});
+  }
+
+  void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
+    SucceedOrNothing(output, "Unable to set the API version: ", [&] {
+      LabHost::Current().Change([&](Store& store, HostRow& host) {
+        host.apiVersion = input->GetParameterInt("version");
+        store.Save(host);
+      });
+    });
+  }
+};
+
+class MaintenanceStart final : public SuccessCommand<MaintenanceStart> {
+ public:
+  MaintenanceStart() {
+    DescribeOperation(
+        "Let this host begin to enter maintenance mode; \"dovra maintenancemode cancel\" ends it.");
+  }
+
+ private:
+  void ExecuteInternal(const InputPtr&, const OutputPtr& output) override {
+    SucceedOrNothing(output, "Unable to start maintenance: ", [] {
+      LabHost::Current().Change([](Store& store, HostRow& host) { StartMaintenance(store, host); });
+    });
+  }
+};
+
+class ResyncSet final : public SuccessCommand<ResyncSet> {
+ public:
+  ResyncSet() {
+    DescribeOperation("Set how much this host resynchronises; the throttle limits it.");
+  }
+
+ private:
+  InputSpecPtr GetInputSpecInternal() override {
+    return MakeInputSpec(
+        {{"demand", "d", ParameterType::kInt, Need::kRequired,
+          "What resync would use unthrottled, in Mbps (%ENUM%).", Between(0, 1000000)}});
+  }
+
+  void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
+    SucceedOrNothing(output, "Unable to set resync: ", [&] {
+      LabHost::Current().Change([&](Store& store, HostRow& host) {
+        host.resyncDemand = input->GetParameterInt("demand");
+        store.Save(host);
+      });
+    });
+  }
+};
 
 }  // namespace Lab
+
+namespace OrvaneCli::DovraNamespace {
+template CommandPtr MakeCommand<Lab::FaultAdd>();
+template CommandPtr MakeCommand<Lab::FaultList>();
+template CommandPtr MakeCommand<Lab::FaultClear>();
+template CommandPtr MakeCommand<Lab::ApiSet>();
+template CommandPtr MakeCommand<Lab::MaintenanceStart>();
+template CommandPtr MakeCommand<Lab::ResyncSet>();
+}  // namespace OrvaneCli::DovraNamespace

@@ -3,10 +3,12 @@
 #include <filesystem>
 
 #include "corectl/LabHost.h"
+#include "frame/Frame.h"
 #include "hostroot/HostRoot.h"
-#include "plugin/LabCommands.h"
 
 namespace Lab {
+
+using namespace OrvaneCli::DovraNamespace;
 
 namespace {
 
@@ -25,23 +27,30 @@ void WriteState(bool running, std::int64_t failingRestarts) {
 
 }  // namespace
 
-TracedSet::TracedSet() {
-  DescribeOperation("Set how this host's trace daemon behaves.");
-}
+class TracedSet final : public SuccessCommand<TracedSet> {
+ public:
+  TracedSet() { DescribeOperation("Set how this host's trace daemon behaves."); }
 
-InputSpecPtr TracedSet::GetInputSpecInternal() {
-  return MakeInputSpec({
-      {"state", "s", ParameterType::kString, Need::kRequired, "State of the daemon, one of %ENUM%.",
-       OneOf({{"running", ""}, {"stopped", ""}})},
-      {"fail-restarts", "f", ParameterType::kInt, Need::kOptional,
-       "How many of the next restarts fail (%ENUM%, none if not given).", Between(0, 1000)},
-  });
-}
+ private:
+  InputSpecPtr GetInputSpecInternal() override {
+    return MakeInputSpec({
+        {"state", "s", ParameterType::kString, Need::kRequired,
+         "State of the daemon, one of %ENUM%.", OneOf({{"running", ""}, {"stopped", ""}})},
+        {"fail-restarts", "f", ParameterType::kInt, Need::kOptional,
+         "How many of the next restarts fail (%ENUM%, none if not given).", Between(0, 1000)},
+    });
+  }
 
-void TracedSet::ExecuteInternal(const InputPtr& input, const OutputPtr& output) {
-  SucceedOrNothing(output, "Unable to set the trace daemon: ", [&] {
-    WriteState(input->GetParameter("state") == "running", input->GetParameterInt("fail-restarts"));
-  });
-}
+  void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
+    SucceedOrNothing(output, "Unable to set the trace daemon: ", [&] {
+      WriteState(input->GetParameter("state") == "running",
+                 Given<std::int64_t>(input, "fail-restarts").value_or(0));
+    });
+  }
+};
 
 }  // namespace Lab
+
+namespace OrvaneCli::DovraNamespace {
+template CommandPtr MakeCommand<Lab::TracedSet>();
+}

@@ -1,5 +1,4 @@
-#include "cluster/ClusterCommands.h"
-#include "frame/ControlLibrary.h"
+#include "frame/Frame.h"
 #include "frame/HostPaths.h"
 #include "frame/Text.h"
 
@@ -33,26 +32,29 @@ void NotifyDatastores(const char* event, const std::string& names) {
 
 }  // namespace
 
-ClusterLeave::ClusterLeave() {
-  DescribeOperation("Leave the Dovra cluster the host is currently joined to.");
-}
+class ClusterLeave final : public SuccessCommand<ClusterLeave> {
+ public:
+  ClusterLeave() { DescribeOperation("Leave the Dovra cluster the host is currently joined to."); }
 
-void ClusterLeave::ExecuteInternal(const InputPtr&, const OutputPtr& output) {
-  std::string names;
-  try {
-    const ControlLibrary library;
-    if (!library->GetClusterConfig().enabled) {
-      output->AddErrorMessage("The host is not in a Dovra cluster.");
-      return;
+ private:
+  void ExecuteInternal(const InputPtr&, const OutputPtr& output) override {
+    std::string names;
+    try {
+      const ControlLibrary library;
+      if (!library->GetClusterConfig().enabled) {
+        return output->AddErrorMessage("The host is not in a Dovra cluster.");
+      }
+      names = ReadDatastoreNames(library);
+      NotifyDatastores("PreUnmount", names);
+      library->LeaveCluster(false);
+      output->SetRootObject(MetaBool::New(true));
+    } catch (const DovraCtlException& failure) {
+      Report(output, "", failure);
+      if (!names.empty()) NotifyDatastores("FailedUnmount", names);
     }
-    names = ReadDatastoreNames(library);
-    NotifyDatastores("PreUnmount", names);
-    library->LeaveCluster(false);
-    output->SetRootObject(MetaBool::New(true));
-  } catch (const DovraCtlException& failure) {
-    Report(output, "", failure);
-    if (!names.empty()) NotifyDatastores("FailedUnmount", names);
   }
-}
+};
+
+template CommandPtr MakeCommand<ClusterLeave>();
 
 }  // namespace OrvaneCli::DovraNamespace

@@ -1,47 +1,50 @@
 #include <string>
 
-#include "cluster/ClusterCommands.h"
 #include "frame/Constants.h"
-#include "frame/ControlLibrary.h"
+#include "frame/Frame.h"
 #include "platform/corectl/DovraUtil.h"
 
 namespace OrvaneCli::DovraNamespace {
 
 using CoreCtl::Dovra::DovraUtil;
 
-ClusterPreferredFaultDomainSet::ClusterPreferredFaultDomainSet() {
-  DescribeOperation("Set the preferred fault domain for a stretched cluster.");
-}
-
-InputSpecPtr ClusterPreferredFaultDomainSet::GetInputSpecInternal() {
-  return MakeInputSpec({
-      {"preferred-fault-domain-name", "n", ParameterType::kString, Need::kRequired,
-       "Preferred Fault domain name to use for a stretched cluster."},
-  });
-}
-
-void ClusterPreferredFaultDomainSet::ExecuteInternal(const InputPtr& input,
-                                                     const OutputPtr& output) {
-  const std::string name = input->GetParameter("preferred-fault-domain-name");
-  if (name.empty()) {
-    output->AddErrorMessage("Cannot set preferred fault domain name as empty.");
-    return;
+class ClusterPreferredFaultDomainSet final : public SuccessCommand<ClusterPreferredFaultDomainSet> {
+ public:
+  ClusterPreferredFaultDomainSet() {
+    DescribeOperation("Set the preferred fault domain for a stretched cluster.");
   }
-  try {
-    if (DovraUtil::UTF8StringCharLength(name) > kMaxFaultDomainNameLength) {
-      output->AddErrorMessage("Preferred Fault domain name cannot exceed " +
-                              std::to_string(kMaxFaultDomainNameLength) + " characters.");
-    } else if (!DovraUtil::IsWitnessNode()) {
-      output->AddErrorMessage(
-          "Cannot set preferred fault domain if the host is not a witness node.");
-    } else {
-      const ControlLibrary library;
-      library->SetPreferredFaultDomain(name);
+
+ private:
+  InputSpecPtr GetInputSpecInternal() override {
+    return MakeInputSpec({
+        {"preferred-fault-domain-name", "n", ParameterType::kString, Need::kRequired,
+         "Preferred Fault domain name to use for a stretched cluster."},
+    });
+  }
+
+  void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
+    const std::string name = input->GetParameter("preferred-fault-domain-name");
+    if (name.empty()) {
+      return output->AddErrorMessage("Cannot set preferred fault domain name as empty.");
     }
-    output->SetRootObject(MetaBool::New(true));  // after these refusals too; the messages tell
-  } catch (const DovraCtlException& failure) {
-    Report(output, "Unable to set preferred fault domain name: ", failure);
+    try {
+      if (DovraUtil::UTF8StringCharLength(name) > kMaxFaultDomainNameLength) {
+        output->AddErrorMessage("Preferred Fault domain name cannot exceed " +
+                                std::to_string(kMaxFaultDomainNameLength) + " characters.");
+      } else if (!DovraUtil::IsWitnessNode()) {
+        output->AddErrorMessage(
+            "Cannot set preferred fault domain if the host is not a witness node.");
+      } else {
+        const ControlLibrary library;
+        library->SetPreferredFaultDomain(name);
+      }
+      output->SetRootObject(MetaBool::New(true));  // after these refusals too; the messages tell
+    } catch (const DovraCtlException& failure) {
+      Report(output, "Unable to set preferred fault domain name: ", failure);
+    }
   }
-}
+};
+
+template CommandPtr MakeCommand<ClusterPreferredFaultDomainSet>();
 
 }  // namespace OrvaneCli::DovraNamespace

@@ -1,24 +1,26 @@
-#include "cluster/ClusterCommands.h"
-#include "frame/ControlLibrary.h"
+#include "frame/Frame.h"
 
 namespace OrvaneCli::DovraNamespace {
 
-ClusterRestore::ClusterRestore() {
-  DescribeOperation("Restore the persisted Dovra cluster configuration.");
-}
+class ClusterRestore final : public SuccessCommand<ClusterRestore> {
+ public:
+  ClusterRestore() { DescribeOperation("Restore the persisted Dovra cluster configuration."); }
 
-InputSpecPtr ClusterRestore::GetInputSpecInternal() {
-  return MakeInputSpec({
-      {"boot", "", ParameterType::kFlag, Need::kOptional,
-       "Set when restoring the cluster during boot (internal only!)"},
-  });
-}
+ private:
+  InputSpecPtr GetInputSpecInternal() override {
+    return MakeInputSpec({
+        {"boot", "", ParameterType::kFlag, Need::kOptional,
+         "Set when restoring the cluster during boot (internal only!)"},
+    });
+  }
 
-void ClusterRestore::ExecuteInternal(const InputPtr& input, const OutputPtr& output) {
-  SucceedOrFalse(output, "", [&] {
-    const ControlLibrary library;
-    library->RestoreClusterConfig(input->IsFlagSet("boot"));
-  });
-}
+  void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
+    SucceedOrFalse(output, "", [&](const ControlLibrary& library) {
+      library->RestoreClusterConfig(input->IsFlagSet("boot"));
+    });
+  }
+};
+
+template CommandPtr MakeCommand<ClusterRestore>();
 
 }  // namespace OrvaneCli::DovraNamespace

@@ -1,10 +1,9 @@
 #include <string>
 #include <vector>
 
-#include "cluster/ClusterCommands.h"
 #include "cluster/ClusterMessages.h"
 #include "cluster/UnicastAgent.h"
-#include "frame/ControlLibrary.h"
+#include "frame/Frame.h"
 #include "frame/Text.h"
 #include "platform/corectl/DovraUtil.h"
 
@@ -14,7 +13,8 @@ using CoreCtl::Dovra::DovraUtil;
 
 namespace {
 
-/// Tells less than the listing does of a field in the middle.
+/// Clearing passes over the fields between the UUID and the address in one go, so it cannot name
+/// the one that is broken there as the listing does.
 std::string DescribeFault(const UnicastAgentEntry& entry) {
   const auto field = entry.GetBrokenField();
   const bool isNamed = field == UnicastAgentEntry::kNodeUuid || field == UnicastAgentEntry::kPort;
@@ -23,48 +23,43 @@ std::string DescribeFault(const UnicastAgentEntry& entry) {
 
 }  // namespace
 
-ClusterUnicastAgentClear::ClusterUnicastAgentClear() {
-  DescribeOperation("Removes all unicast agents in the Dovra cluster configuration.");
-}
-
-void ClusterUnicastAgentClear::ExecuteInternal(const InputPtr&, const OutputPtr& output) {
-  try {
-    const ControlLibrary library;
-    if (!library->GetClusterConfig().enabled) {
-      output->AddErrorMessage(kNotEnabledMessage);
-      return;
-    }
-    if (DovraUtil::IsWitnessNode()) {
-      output->AddErrorMessage(
-          "Unable to remove unicast agent(s), this host is a witness node which doesn't support "
-          "removing unicast agent.");
-      return;
-    }
-    std::vector<std::string> agents;
-    library->GetUnicastAgents(agents);
-    bool needsRefresh = false;
-    for (const std::string& agent : agents) {  // what is removed before a bad entry stays removed
-      const UnicastAgentEntry entry(agent);
-      if (!entry.IsWhole()) {
-        output->AddErrorMessage(DescribeFault(entry));
-        return;
-      }
-      const std::string& addressText = entry.GetText(UnicastAgentEntry::kAddress);
-      const auto address = ParseAddress(addressText);
-      if (!address) {
-        output->AddErrorMessage(InvalidAddressMessage(addressText));
-        return;
-      }
-      const bool isSettled =
-          library->RemoveUnicastAgent(entry.GetText(UnicastAgentEntry::kNodeUuid), *address,
-                                      entry.GetNumber(UnicastAgentEntry::kPort));
-      if (!isSettled) needsRefresh = true;
-    }
-    if (needsRefresh) library->RefreshUnicastAgents();
-    output->SetRootObject(MetaBool::New(true));
-  } catch (const DovraCtlException& failure) {
-    Report(output, "Unable to remove unicast agents: ", failure);
+class ClusterUnicastAgentClear final : public SuccessCommand<ClusterUnicastAgentClear> {
+ public:
+  ClusterUnicastAgentClear() {
+    DescribeOperation("Removes all unicast agents in the Dovra cluster configuration.");
   }
-}
+
+ private:
+  void ExecuteInternal(const InputPtr&, const OutputPtr& output) override {
+    try {
+      const ControlLibrary library;
+      if (!library->GetClusterConfig().enabled) return output->AddErrorMessage(kNotEnabledMessage);
+      if (DovraUtil::IsWitnessNode()) {
+        return output->AddErrorMessage(
+            "Unable to remove unicast agent(s), this host is a witness node which doesn't support "
+            "removing unicast agent.");
+      }
+      std::vector<std::string> agents;
+      library->GetUnicastAgents(agents);
+      bool needsRefresh = false;
+      for (const std::string& agent : agents) {  // what is removed before a bad entry stays removed
+        const UnicastAgentEntry entry(agent);
+        if (!entry.IsWhole()) return output->AddErrorMessage(DescribeFault(entry));
+        const std::string& addressText = entry.GetText(UnicastAgentEntry::kAddress);
+        const auto address = ParseAddress(addressText);
+        if (!address) return output->AddErrorMessage(InvalidAddressMessage(addressText));
+        const std::int32_t port = ClampToInt32(entry.GetNumber(UnicastAgentEntry::kPort));
+        const std::string& uuid = entry.GetText(UnicastAgentEntry::kNodeUuid);
+        if (!library->RemoveUnicastAgent(uuid, *address, port)) needsRefresh = true;
+      }
+      if (needsRefresh) library->RefreshUnicastAgents();
+      output->SetRootObject(MetaBool::New(true));
+    } catch (const DovraCtlException& failure) {
+      Report(output, "Unable to remove unicast agents: ", failure);
+    }
+  }
+};
+
+template CommandPtr MakeCommand<ClusterUnicastAgentClear>();
 
 }  // namespace OrvaneCli::DovraNamespace

@@ -1,39 +1,37 @@
-#include "cluster/ClusterCommands.h"
-#include "frame/ControlLibrary.h"
+#include "frame/Frame.h"
 #include "platform/corectl/DovraUtil.h"
 
 namespace OrvaneCli::DovraNamespace {
 
 using CoreCtl::Dovra::DovraUtil;
 
-namespace {
+class FaultDomainGet final : public RecordCommand<FaultDomainGet> {
+ public:
+  static constexpr Record kRecord = {
+      .name = "FaultDomain",
+      .fields =
+          {
+              {"faultDomainName", MetaType::kString},
+              {"faultDomainId", MetaType::kString},
+          },
+  };
 
-constexpr Field kFields[] = {
-    {"faultDomainName", MetaType::kString},
-    {"faultDomainId", MetaType::kString},
+  FaultDomainGet() { DescribeFetcher("Get the fault domain name for this host."); }
+
+ private:
+  void ExecuteInternal(const InputPtr&, const OutputPtr& output) override {
+    SucceedOrNothing(
+        output, "Unable to get fault domain name: ", [](const ControlLibrary& library) {
+          const StructPtr record = GetOutputStructure();
+          record->SetField("faultDomainName", library->GetFaultDomainName());
+          if (library->GetClusterConfig().enabled) {  // outside a cluster the name has no id
+            record->SetField("faultDomainId", DovraUtil::GetFaultDomainId());
+          }
+          return record;
+        });
+  }
 };
 
-}  // namespace
-
-const Record FaultDomainGet::kRecord = {"FaultDomain", kFields};
-
-FaultDomainGet::FaultDomainGet() {
-  DescribeFetcher("Get the fault domain name for this host.");
-  SetDefaultOutputFormatter("simple");
-}
-
-void FaultDomainGet::ExecuteInternal(const InputPtr&, const OutputPtr& output) {
-  try {
-    const StructPtr record = GetOutputStructure();
-    const ControlLibrary library;
-    record->SetField("faultDomainName", library->GetFaultDomainName());
-    if (library->GetClusterConfig().enabled) {  // outside a cluster the name has no id
-      record->SetField("faultDomainId", DovraUtil::GetFaultDomainId());
-    }
-    output->SetRootObject(record);
-  } catch (const DovraCtlException& failure) {
-    Report(output, "Unable to get fault domain name: ", failure);
-  }
-}
+template CommandPtr MakeCommand<FaultDomainGet>();
 
 }  // namespace OrvaneCli::DovraNamespace

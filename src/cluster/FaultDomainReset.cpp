@@ -1,20 +1,23 @@
-#include "cluster/ClusterCommands.h"
-#include "frame/ControlLibrary.h"
+#include "frame/Frame.h"
 
 namespace OrvaneCli::DovraNamespace {
 
-FaultDomainReset::FaultDomainReset() {
-  DescribeOperation("Reset Host fault domain to default value");
-}
+class FaultDomainReset final : public SuccessCommand<FaultDomainReset> {
+ public:
+  FaultDomainReset() { DescribeOperation("Reset Host fault domain to default value"); }
 
-void FaultDomainReset::ExecuteInternal(const InputPtr&, const OutputPtr& output) {
-  try {
-    const ControlLibrary library;
-    library->ResetFaultDomain();
-  } catch (const DovraCtlException&) {
-    output->AddErrorMessage("Unable to reset fault domain name");
+ private:
+  void ExecuteInternal(const InputPtr&, const OutputPtr& output) override {
+    try {
+      const ControlLibrary library;
+      library->ResetFaultDomain();
+    } catch (const DovraCtlException&) {
+      output->AddErrorMessage("Unable to reset fault domain name");
+    }
+    output->SetRootObject(MetaBool::New(true));  // after a failure too; the message tells
   }
-  output->SetRootObject(MetaBool::New(true));  // after a failure too; the message tells
-}
+};
+
+template CommandPtr MakeCommand<FaultDomainReset>();
 
 }  // namespace OrvaneCli::DovraNamespace

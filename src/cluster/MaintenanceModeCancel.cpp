@@ -1,14 +1,20 @@
-#include "cluster/ClusterCommands.h"
+#include "frame/Frame.h"
 #include "platform/corectl/DovraUtil.h"
 
 namespace OrvaneCli::DovraNamespace {
 
-MaintenanceModeCancel::MaintenanceModeCancel() {
-  DescribeOperation("Cancel an in-progress Dovra maintenance mode operation.");
-}
+class MaintenanceModeCancel final : public SuccessCommand<MaintenanceModeCancel> {
+ public:
+  MaintenanceModeCancel() {
+    DescribeOperation("Cancel an in-progress Dovra maintenance mode operation.");
+  }
 
-void MaintenanceModeCancel::ExecuteInternal(const InputPtr&, const OutputPtr& output) {
-  SucceedOrFalse(output, "", [] { CoreCtl::Dovra::DovraUtil::DecomCancel(); });
-}
+ private:
+  void ExecuteInternal(const InputPtr&, const OutputPtr& output) override {
+    SucceedOrFalse(output, "", [] { CoreCtl::Dovra::DovraUtil::DecomCancel(); });
+  }
+};
+
+template CommandPtr MakeCommand<MaintenanceModeCancel>();
 
 }  // namespace OrvaneCli::DovraNamespace

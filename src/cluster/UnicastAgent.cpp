@@ -8,8 +8,7 @@
 namespace OrvaneCli::DovraNamespace {
 
 std::int32_t ReadAgentPort(const InputPtr& input) {
-  if (!input->HasParameter("port")) return kDefaultUnicastPort;
-  return ClampToInt32(input->GetParameterInt("port"));
+  return ClampToInt32(Given<std::int64_t>(input, "port").value_or(kDefaultUnicastPort));
 }
 
 UnicastAgentEntry::UnicastAgentEntry(const std::string& text) {

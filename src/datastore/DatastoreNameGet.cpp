@@ -1,37 +1,35 @@
-#include "datastore/DatastoreCommands.h"
 #include "datastore/DatastoreTexts.h"
-#include "frame/ControlLibrary.h"
+#include "frame/Frame.h"
 
 namespace OrvaneCli::DovraNamespace {
 
-namespace {
+class DatastoreNameGet final : public RecordCommand<DatastoreNameGet> {
+ public:
+  static constexpr Record kRecord = {
+      .name = "DatastoreName",
+      .fields = {{"Name", MetaType::kString}},
+  };
 
-constexpr Field kFields[] = {{"Name", MetaType::kString}};
+  DatastoreNameGet() { DescribeFetcher("Get Dovra datastore name."); }
 
-}  // namespace
-
-const Record DatastoreNameGet::kRecord = {"DatastoreName", kFields};
-
-DatastoreNameGet::DatastoreNameGet() {
-  DescribeFetcher("Get Dovra datastore name.");
-  SetDefaultOutputFormatter("simple");
-}
-
-InputSpecPtr DatastoreNameGet::GetInputSpecInternal() {
-  return MakeInputSpec({
-      {"uuid", "u", ParameterType::kString, Need::kOptional, kNamedDatastoreUuidDescription},
-  });
-}
-
-void DatastoreNameGet::ExecuteInternal(const InputPtr& input, const OutputPtr& output) {
-  try {
-    const ControlLibrary library;
-    const StructPtr record = GetOutputStructure();
-    record->SetField("Name", library->GetDatastoreName(input->GetParameter("uuid")));
-    output->SetRootObject(record);
-  } catch (const DovraCtlException& failure) {
-    Report(output, "Unable to get Dovra datastore name: ", failure);
+ private:
+  InputSpecPtr GetInputSpecInternal() override {
+    return MakeInputSpec({
+        {"uuid", "u", ParameterType::kString, Need::kOptional, kNamedDatastoreUuidDescription},
+    });
   }
-}
+
+  void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
+    SucceedOrNothing(output,
+                     "Unable to get Dovra datastore name: ", [&](const ControlLibrary& library) {
+                       const std::string uuid = Given<std::string>(input, "uuid").value_or("");
+                       const StructPtr record = GetOutputStructure();
+                       record->SetField("Name", library->GetDatastoreName(uuid));
+                       return record;
+                     });
+  }
+};
+
+template CommandPtr MakeCommand<DatastoreNameGet>();
 
 }  // namespace OrvaneCli::DovraNamespace

@@ -57,13 +57,18 @@ StructPtr MakeStructure(const Record& record) {
   return structure;
 }
 
-std::string FieldNames(const Record& record, const char* separator) {
+void ShowAs(const Record& record, CliTools::AutoCli::Command& command) {
+  const std::string name = record.name;
+  command.SetDefaultOutputFormatter(record.formatter);
+  if (record.caption) command.SetDefaultOutputParameter("header:" + name, record.caption);
   std::string names;
   for (const Field& field : record.fields) {
-    if (!names.empty()) names += separator;
-    names += field.name;
+    if (record.separator) names.append(names.empty() ? "" : record.separator).append(field.name);
+    if (field.unit) {
+      command.SetDefaultOutputParameter("units:" + name + "." + field.name, field.unit);
+    }
   }
-  return names;
+  if (record.separator) command.SetDefaultOutputParameter("fields:" + name, std::move(names));
 }
 
 OutputSpecPtr MakeOutputSpec(std::shared_ptr<MetaObject> rootTemplate) {

@@ -5,12 +5,15 @@
 #include <cstdint>
 #include <initializer_list>
 #include <memory>
-#include <span>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
+#include "frame/ControlLibrary.h"
+#include "frame/Tree.h"
 #include "platform/clitools/AutoCli.h"
 #include "platform/hostctl/DovraCtlException.h"
 
@@ -54,36 +57,84 @@ ConstraintPtr OneOf(std::initializer_list<std::pair<const char*, const char*>> v
 /// Allows the numbers from `min` to `max`, both included.
 ConstraintPtr Between(std::int64_t min, std::int64_t max);
 
+/// What the call gave for the parameter; nothing when it was not given: no host promises a value
+/// then. `Value` is a text, a number, a truth value or a list of texts, as the parameter is.
+template <class Value>
+std::optional<Value> Given(const InputPtr& input, const char* parameter) {
+  if (!input->HasParameter(parameter)) return std::nullopt;
+  if constexpr (std::is_same_v<Value, bool>) {
+    return input->GetParameterBool(parameter);
+  } else if constexpr (std::is_same_v<Value, std::int64_t>) {
+    return input->GetParameterInt(parameter);
+  } else if constexpr (std::is_same_v<Value, std::vector<std::string>>) {
+    Value values;
+    input->GetParameterList(parameter, values);
+    return values;
+  } else {
+    return input->GetParameter(parameter);
+  }
+}
+
 // What a command returns.
 
 /// One field of a record: `kString`, `kInt`, `kBool`, or `kList` for a list of texts.
 struct Field {
   const char* name;
   MetaType type;
+  const char* unit = nullptr;  ///< what the value is counted in
 };
 
-/// The layout of a record: its structure name and its fields in display order.
+/// A record that a command returns, and how it is shown unless the caller chooses otherwise.
 struct Record {
-  const char* name;
-  std::span<const Field> fields;
+  const char* name;  ///< of the structure
+  std::initializer_list<Field> fields;
+  const char* formatter = "simple";
+  const char* caption = nullptr;
+  /// What the formatter reads between the names of the fields to show; without it, it is told none
+  /// and shows all as they come.
+  const char* separator = nullptr;
 };
 
 /// A record of this layout, every field empty.
 StructPtr MakeStructure(const Record& record);
-/// The names of the record's fields in order, as "fields:" wants them.
-std::string FieldNames(const Record& record, const char* separator = ",");
+/// Sets the command's formatter and the formatter's parameters.
+void ShowAs(const Record& record, CliTools::AutoCli::Command& command);
 OutputSpecPtr MakeOutputSpec(std::shared_ptr<CliTools::MetaObj::MetaObject> rootTemplate);
 
 // The commands.
 
-/// Base of every command: made by `New()`, without parameters unless it says otherwise.
-template <class T>
+template <class CommandClass>
+CommandPtr MakeCommand() {
+  return CommandClass::New();
+}
+
+/// What a command returns: success, which is a truth value, one record, or a list of records.
+enum class Returns { kSuccess, kRecord, kList };
+
+/// Base of every command: made by `New()`, without parameters unless it says otherwise. The records
+/// it returns are each as `T::kRecord` says.
+template <class T, Returns kReturns>
 class DovraCommand : public virtual CliTools::AutoCli::Command {
  public:
   static std::shared_ptr<T> New() { return std::make_shared<T>(); }
+  static StructPtr GetOutputStructure() { return MakeStructure(T::kRecord); }
 
  protected:
+  DovraCommand() {
+    if constexpr (kReturns != Returns::kSuccess) ShowAs(T::kRecord, *this);
+  }
+
   InputSpecPtr GetInputSpecInternal() override { return MakeInputSpec({}); }
+  OutputSpecPtr GetOutputSpecInternal() override {
+    if constexpr (kReturns == Returns::kSuccess) {
+      return MakeOutputSpec(MetaBool::New());
+    } else if constexpr (kReturns == Returns::kRecord) {
+      return MakeOutputSpec(GetOutputStructure());
+    } else {
+      return MakeOutputSpec(MakeList());
+    }
+  }
+  static ListPtr MakeList() { return MetaList::New(MetaType::kStruct, GetOutputStructure()); }
 
   /// A command that only reads.
   void DescribeFetcher(const char* description) {
@@ -97,33 +148,12 @@ class DovraCommand : public virtual CliTools::AutoCli::Command {
   }
 };
 
-/// A command whose result is success: a truth value.
 template <class T>
-class SuccessCommand : public DovraCommand<T> {
- protected:
-  OutputSpecPtr GetOutputSpecInternal() override { return MakeOutputSpec(MetaBool::New()); }
-};
-
-/// A command whose result is one record, `T::kRecord`.
+using SuccessCommand = DovraCommand<T, Returns::kSuccess>;
 template <class T>
-class RecordCommand : public DovraCommand<T> {
- public:
-  static StructPtr GetOutputStructure() { return MakeStructure(T::kRecord); }
-
- protected:
-  OutputSpecPtr GetOutputSpecInternal() override { return MakeOutputSpec(GetOutputStructure()); }
-};
-
-/// A command whose result is a list of records, `T::kRecord` each.
+using RecordCommand = DovraCommand<T, Returns::kRecord>;
 template <class T>
-class ListCommand : public DovraCommand<T> {
- public:
-  static StructPtr GetOutputStructure() { return MakeStructure(T::kRecord); }
-
- protected:
-  static ListPtr MakeList() { return MetaList::New(MetaType::kStruct, GetOutputStructure()); }
-  OutputSpecPtr GetOutputSpecInternal() override { return MakeOutputSpec(MakeList()); }
-};
+using ListCommand = DovraCommand<T, Returns::kList>;
 
 // Failures. What a failed command leaves as its result differs from command to command, so each
 // says it where it happens.
@@ -131,24 +161,41 @@ class ListCommand : public DovraCommand<T> {
 /// Adds the one message that a failure of the control library becomes.
 void Report(const OutputPtr& output, std::string_view prefix, const DovraCtlException& failure);
 
-/// Runs `work`. The result is true; after a failure, which is reported, it is false.
+/// Runs `work`, with the control library if it takes it. The result is the one that `work` returns,
+/// or true if it returns none.
+template <class Work>
+void Succeed(const OutputPtr& output, Work&& work) {
+  const auto run = [&work] {
+    if constexpr (std::is_invocable_v<Work, const ControlLibrary&>) {
+      return work(ControlLibrary());
+    } else {
+      return work();
+    }
+  };
+  if constexpr (std::is_void_v<decltype(run())>) {
+    run();
+    output->SetRootObject(MetaBool::New(true));
+  } else {
+    output->SetRootObject(run());
+  }
+}
+
+/// Succeeds; or, after a failure, which is reported, the result is false.
 template <class Work>
 void SucceedOrFalse(const OutputPtr& output, std::string_view prefix, Work&& work) {
   try {
-    std::forward<Work>(work)();
-    output->SetRootObject(MetaBool::New(true));
+    Succeed(output, std::forward<Work>(work));
   } catch (const DovraCtlException& failure) {
     Report(output, prefix, failure);
     output->SetRootObject(MetaBool::New(false));
   }
 }
 
-/// Runs `work`. The result is true; after a failure, which is reported, there is none.
+/// Succeeds; or, after a failure, which is reported, there is no result.
 template <class Work>
 void SucceedOrNothing(const OutputPtr& output, std::string_view prefix, Work&& work) {
   try {
-    std::forward<Work>(work)();
-    output->SetRootObject(MetaBool::New(true));
+    Succeed(output, std::forward<Work>(work));
   } catch (const DovraCtlException& failure) {
     Report(output, prefix, failure);
   }

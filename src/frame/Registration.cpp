@@ -1,34 +1,84 @@
 // The plug-in's one entry point: the whole `dovra` tree, in the order in which it is registered.
 
-#include <memory>
+#include "frame/Tree.h"
 
-#include "cluster/ClusterCommands.h"
-#include "datastore/DatastoreCommands.h"
-#include "network/NetworkCommands.h"
-#include "platform/clitools/AutoCli.h"
-#include "policy/PolicyCommands.h"
-#include "resync/ResyncCommands.h"
-#include "storage/StorageCommands.h"
-#include "trace/TraceCommands.h"
+namespace OrvaneCli::DovraNamespace {
 
-namespace {
-
-using namespace OrvaneCli::DovraNamespace;
 using CliTools::AutoCli::Namespace;
 
-/// A namespace is complete before its parent learns of it.
-template <class Children>
-void Space(Namespace& parent, const char* name, const char* description, Children&& addChildren) {
-  const auto space = Namespace::New();
-  space->SetDescription(description);
-  addChildren(*space);
-  parent.RegisterNamespaceNode(space, name);
-}
+// It stands outside of any unnamed namespace: each "class" declares a command's class here.
+constexpr Node kTree[] = {
+    {"dovra policy", "Commands for Dovra storage policy configuration"},
+    {"dovra policy getdefault", MakeCommand<class PolicyGetDefault>},
+    {"dovra policy setdefault", MakeCommand<class PolicySetDefault>},
+    {"dovra policy cleardefault", MakeCommand<class PolicyClearDefault>},
+    {"dovra datastore", "Commands for Dovra datastore configuration"},
+    {"dovra datastore name", "Commands for configuring Dovra datastore name."},
+    {"dovra datastore name get", MakeCommand<class DatastoreNameGet>},
+    {"dovra datastore name set", MakeCommand<class DatastoreNameSet>},
+    {"dovra datastore add", MakeCommand<class DatastoreAdd>},
+    {"dovra datastore remove", MakeCommand<class DatastoreRemove>},
+    {"dovra datastore list", MakeCommand<class DatastoreList>},
+    {"dovra datastore clear", MakeCommand<class DatastoreClear>},
+    {"dovra storage", "Commands for Dovra physical storage configuration"},
+    {"dovra storage add", MakeCommand<class StorageAdd>},
+    {"dovra storage remove", MakeCommand<class StorageRemove>},
+    {"dovra storage list", MakeCommand<class StorageList>},
+    {"dovra storage automode", "Commands for configuring Dovra storage auto claim mode."},
+    {"dovra storage automode get", MakeCommand<class StorageAutoModeGet>},
+    {"dovra storage automode set", MakeCommand<class StorageAutoModeSet>},
+    {"dovra storage diskgroup", "Commands for configuring Dovra diskgroups"},
+    {"dovra storage diskgroup mount", MakeCommand<class StorageDiskgroupMount>},
+    {"dovra storage diskgroup unmount", MakeCommand<class StorageDiskgroupUmount>},
+    {"dovra storage tag", "Commands to add/remove tags for Dovra storage"},
+    {"dovra storage tag add", MakeCommand<class StorageTagAdd>},
+    {"dovra storage tag remove", MakeCommand<class StorageTagRemove>},
+    {"dovra network", "Commands for Dovra host network configuration"},
+    {"dovra network remove", MakeCommand<class NetworkRemove>},
+    {"dovra network restore", MakeCommand<class NetworkRestore>},
+    {"dovra network clear", MakeCommand<class NetworkClear>},
+    {"dovra network list", MakeCommand<class NetworkList>},
+    {"dovra network ip", "Commands for configuring IP network for Dovra."},
+    {"dovra network ip add", MakeCommand<class NetworkIpAdd>},
+    {"dovra network ip remove", MakeCommand<class NetworkIpRemove>},
+    {"dovra network ip set", MakeCommand<class NetworkIpSet>},
+    {"dovra network ipv4", "Compatibility alias for \"ip\""},
+    {"dovra network ipv4 add", MakeCommand<class NetworkIpAdd>},
+    {"dovra network ipv4 remove", MakeCommand<class NetworkIpRemove>},
+    {"dovra network ipv4 set", MakeCommand<class NetworkIpSet>},
+    {"dovra cluster", "Commands for Dovra host cluster configuration"},
+    {"dovra cluster join", MakeCommand<class ClusterJoin>},
+    {"dovra cluster leave", MakeCommand<class ClusterLeave>},
+    {"dovra cluster get", MakeCommand<class ClusterGet>},
+    {"dovra cluster restore", MakeCommand<class ClusterRestore>},
+    {"dovra cluster new", MakeCommand<class ClusterNew>},
+    {"dovra cluster unicastagent", "Commands for configuring unicast agents for Dovra."},
+    {"dovra cluster unicastagent add", MakeCommand<class ClusterUnicastAgentAdd>},
+    {"dovra cluster unicastagent remove", MakeCommand<class ClusterUnicastAgentRemove>},
+    {"dovra cluster unicastagent list", MakeCommand<class ClusterUnicastAgentList>},
+    {"dovra cluster unicastagent clear", MakeCommand<class ClusterUnicastAgentClear>},
+    {"dovra cluster preferredfaultdomain",
+     "Commands for configuring a preferred fault domain for Dovra."},
+    {"dovra cluster preferredfaultdomain get", MakeCommand<class ClusterPreferredFaultDomainGet>},
+    {"dovra cluster preferredfaultdomain set", MakeCommand<class ClusterPreferredFaultDomainSet>},
+    {"dovra trace", "Commands for Dovra trace configuration"},
+    {"dovra trace set", MakeCommand<class DovraTraceSet>},
+    {"dovra trace get", MakeCommand<class DovraTraceGet>},
+    {"dovra maintenancemode", "Commands for Dovra maintenance mode operation"},
+    {"dovra maintenancemode cancel", MakeCommand<class MaintenanceModeCancel>},
+    {"dovra faultdomain", "Commands for Dovra fault domain configuration"},
+    {"dovra faultdomain set", MakeCommand<class FaultDomainSet>},
+    {"dovra faultdomain get", MakeCommand<class FaultDomainGet>},
+    {"dovra faultdomain reset", MakeCommand<class FaultDomainReset>},
+    {"dovra resync", "Commands for Dovra resync configuration"},
+    {"dovra resync throttle", "Commands for Dovra resync throttling"},
+    {"dovra resync throttle set", MakeCommand<class ResyncThrottleSet>},
+    {"dovra resync throttle get", MakeCommand<class ResyncThrottleGet>},
+    {"dovra resync bandwidth", "Commands for Dovra resync bandwidth"},
+    {"dovra resync bandwidth get", MakeCommand<class ResyncBandwidthGet>},
+};
 
-template <class CommandClass>
-void Leaf(Namespace& parent, const char* name) {
-  parent.RegisterNamespaceNode(CommandClass::New(), name);
-}
+namespace {
 
 /// The root's `dovra` namespace: the one that is there, so that loading twice adds to it.
 std::shared_ptr<Namespace> TakeOrAddDovra(Namespace& root) {
@@ -42,98 +92,14 @@ std::shared_ptr<Namespace> TakeOrAddDovra(Namespace& root) {
   return dovra;
 }
 
-// clang-format off
-void AddTree(Namespace& dovra) {
-  Space(dovra, "policy", "Commands for Dovra storage policy configuration", [](Namespace& policy) {
-    Leaf<PolicyGetDefault>(policy, "getdefault");
-    Leaf<PolicySetDefault>(policy, "setdefault");
-    Leaf<PolicyClearDefault>(policy, "cleardefault");
-  });
-  Space(dovra, "datastore", "Commands for Dovra datastore configuration", [](Namespace& datastore) {
-    Space(datastore, "name", "Commands for configuring Dovra datastore name.", [](Namespace& name) {
-      Leaf<DatastoreNameGet>(name, "get");
-      Leaf<DatastoreNameSet>(name, "set");
-    });
-    Leaf<DatastoreAdd>(datastore, "add");
-    Leaf<DatastoreRemove>(datastore, "remove");
-    Leaf<DatastoreList>(datastore, "list");
-    Leaf<DatastoreClear>(datastore, "clear");
-  });
-  Space(dovra, "storage", "Commands for Dovra physical storage configuration", [](Namespace& storage) {
-    Leaf<StorageAdd>(storage, "add");
-    Leaf<StorageRemove>(storage, "remove");
-    Leaf<StorageList>(storage, "list");
-    Space(storage, "automode", "Commands for configuring Dovra storage auto claim mode.", [](Namespace& automode) {
-      Leaf<StorageAutoModeGet>(automode, "get");
-      Leaf<StorageAutoModeSet>(automode, "set");
-    });
-    Space(storage, "diskgroup", "Commands for configuring Dovra diskgroups", [](Namespace& diskgroup) {
-      Leaf<StorageDiskgroupMount>(diskgroup, "mount");
-      Leaf<StorageDiskgroupUmount>(diskgroup, "unmount");
-    });
-    Space(storage, "tag", "Commands to add/remove tags for Dovra storage", [](Namespace& tag) {
-      Leaf<StorageTagAdd>(tag, "add");
-      Leaf<StorageTagRemove>(tag, "remove");
-    });
-  });
-  Space(dovra, "network", "Commands for Dovra host network configuration", [](Namespace& network) {
-    Leaf<NetworkRemove>(network, "remove");
-    Leaf<NetworkRestore>(network, "restore");
-    Leaf<NetworkClear>(network, "clear");
-    Leaf<NetworkList>(network, "list");
-    const auto ipCommands = [](Namespace& ip) {
-      Leaf<NetworkIpAdd>(ip, "add");
-      Leaf<NetworkIpRemove>(ip, "remove");
-      Leaf<NetworkIpSet>(ip, "set");
-    };
-    Space(network, "ip", "Commands for configuring IP network for Dovra.", ipCommands);
-    Space(network, "ipv4", "Compatibility alias for \"ip\"", ipCommands);
-  });
-  Space(dovra, "cluster", "Commands for Dovra host cluster configuration", [](Namespace& cluster) {
-    Leaf<ClusterJoin>(cluster, "join");
-    Leaf<ClusterLeave>(cluster, "leave");
-    Leaf<ClusterGet>(cluster, "get");
-    Leaf<ClusterRestore>(cluster, "restore");
-    Leaf<ClusterNew>(cluster, "new");
-    Space(cluster, "unicastagent", "Commands for configuring unicast agents for Dovra.", [](Namespace& unicastAgent) {
-      Leaf<ClusterUnicastAgentAdd>(unicastAgent, "add");
-      Leaf<ClusterUnicastAgentRemove>(unicastAgent, "remove");
-      Leaf<ClusterUnicastAgentList>(unicastAgent, "list");
-      Leaf<ClusterUnicastAgentClear>(unicastAgent, "clear");
-    });
-    Space(cluster, "preferredfaultdomain", "Commands for configuring a preferred fault domain for Dovra.", [](Namespace& preferred) {
-      Leaf<ClusterPreferredFaultDomainGet>(preferred, "get");
-      Leaf<ClusterPreferredFaultDomainSet>(preferred, "set");
-    });
-  });
-  Space(dovra, "trace", "Commands for Dovra trace configuration", [](Namespace& trace) {
-    Leaf<DovraTraceSet>(trace, "set");
-    Leaf<DovraTraceGet>(trace, "get");
-  });
-  Space(dovra, "maintenancemode", "Commands for Dovra maintenance mode operation", [](Namespace& maintenanceMode) {
-    Leaf<MaintenanceModeCancel>(maintenanceMode, "cancel");
-  });
-  Space(dovra, "faultdomain", "Commands for Dovra fault domain configuration", [](Namespace& faultDomain) {
-    Leaf<FaultDomainSet>(faultDomain, "set");
-    Leaf<FaultDomainGet>(faultDomain, "get");
-    Leaf<FaultDomainReset>(faultDomain, "reset");
-  });
-  Space(dovra, "resync", "Commands for Dovra resync configuration", [](Namespace& resync) {
-    Space(resync, "throttle", "Commands for Dovra resync throttling", [](Namespace& throttle) {
-      Leaf<ResyncThrottleSet>(throttle, "set");
-      Leaf<ResyncThrottleGet>(throttle, "get");
-    });
-    Space(resync, "bandwidth", "Commands for Dovra resync bandwidth", [](Namespace& bandwidth) {
-      Leaf<ResyncBandwidthGet>(bandwidth, "get");
-    });
-  });
-}
-// clang-format on
-
 }  // namespace
 
-extern "C" void AutoCli_RegisterNamespaces(const std::shared_ptr<Namespace>& root) {
+}  // namespace OrvaneCli::DovraNamespace
+
+extern "C" void AutoCli_RegisterNamespaces(
+    const std::shared_ptr<CliTools::AutoCli::Namespace>& root) {
+  using namespace OrvaneCli::DovraNamespace;
   const auto dovra = TakeOrAddDovra(*root);
   dovra->SetDescription("Orvane Dovra commands");
-  AddTree(*dovra);
+  Register(kTree, *dovra, "dovra ");
 }

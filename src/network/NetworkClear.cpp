@@ -1,17 +1,18 @@
-#include "frame/ControlLibrary.h"
-#include "network/NetworkCommands.h"
+#include "frame/Frame.h"
 
 namespace OrvaneCli::DovraNamespace {
 
-NetworkClear::NetworkClear() {
-  DescribeOperation("Clear the Dovra network configuration.");
-}
+class NetworkClear final : public SuccessCommand<NetworkClear> {
+ public:
+  NetworkClear() { DescribeOperation("Clear the Dovra network configuration."); }
 
-void NetworkClear::ExecuteInternal(const InputPtr&, const OutputPtr& output) {
-  SucceedOrFalse(output, "", [] {
-    const ControlLibrary library;
-    library->ClearNetworkConfig();
-  });
-}
+ private:
+  void ExecuteInternal(const InputPtr&, const OutputPtr& output) override {
+    SucceedOrFalse(output, "",
+                   [](const ControlLibrary& library) { library->ClearNetworkConfig(); });
+  }
+};
+
+template CommandPtr MakeCommand<NetworkClear>();
 
 }  // namespace OrvaneCli::DovraNamespace

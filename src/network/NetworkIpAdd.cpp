@@ -1,3 +1,5 @@
+#include "network/NetworkIpAdd.h"
+
 #include <algorithm>
 #include <cstdint>
 #include <memory>
@@ -6,9 +8,7 @@
 #include <vector>
 
 #include "frame/Constants.h"
-#include "frame/ControlLibrary.h"
 #include "frame/Text.h"
-#include "network/NetworkCommands.h"
 
 namespace OrvaneCli::DovraNamespace {
 
@@ -65,21 +65,20 @@ std::optional<Settings> ReadSettings(DovraInfo2& info, const std::string& name) 
 
 template <class Address>
 void OverrideGroup(const InputPtr& input, const char* parameter, Address& group) {
-  if (input->HasParameter(parameter)) group = Address(input->GetParameter(parameter));
+  if (const auto text = Given<std::string>(input, parameter)) group = Address(*text);
 }
 
 void OverrideNumber(const InputPtr& input, const char* parameter, std::int32_t& number) {
-  if (input->HasParameter(parameter)) number = ClampToInt32(input->GetParameterInt(parameter));
+  if (const auto given = Given<std::int64_t>(input, parameter)) number = ClampToInt32(*given);
 }
 
 /// The types given replace those that the interface carries.
 void OverrideTraffic(const InputPtr& input, Settings& settings) {
-  if (!input->HasParameter("traffic-type")) return;
-  std::vector<std::string> types;
-  input->GetParameterList("traffic-type", types);
+  const auto types = Given<std::vector<std::string>>(input, "traffic-type");
+  if (!types) return;
   settings.carriesDovra = false;
   settings.carriesWitness = false;
-  for (const std::string& type : types) {
+  for (const std::string& type : *types) {
     if (type == kDovraTraffic) {
       settings.carriesDovra = true;
     } else if (type == kWitnessTraffic) {
@@ -153,29 +152,21 @@ void NetworkIpAdd::ExecuteCommon(const InputPtr& input, const OutputPtr& output,
   try {
     const ControlLibrary library;
     DovraInfo2* const info = library.GetInfo2();
-    if (!info) {
-      output->AddErrorMessage(kNoInfo2Message);
-      return;
-    }
+    if (!info) return output->AddErrorMessage(kNoInfo2Message);
     const std::string name = input->GetParameter("interface-name");
     const bool isInUse = IsInUse(*info, name);
     if (reconfigure && !isInUse) {
-      output->AddErrorMessage(
+      return output->AddErrorMessage(
           "This Hostkernel network interface is not in use. Can't set/reconfigure. If you want to "
           "add, use 'add' command.");
-      return;
     }
     if (!reconfigure && isInUse) {
-      output->AddErrorMessage(
+      return output->AddErrorMessage(
           "This Hostkernel network interface is already in use. Can't add again. If you want to "
           "reconfigure, use 'set' command.");
-      return;
     }
     auto settings = reconfigure ? ReadSettings(*info, name) : Settings();
-    if (!settings) {
-      output->AddErrorMessage("This Hostkernel network interface not found.");
-      return;
-    }
+    if (!settings) return output->AddErrorMessage("This Hostkernel network interface not found.");
     OverrideWhatIsGiven(input, *settings);
     info->ConfigureKnic(MakeEntry(name, *settings));
     output->SetRootObject(MetaBool::New(true));
@@ -191,5 +182,7 @@ InputSpecPtr NetworkIpAdd::GetInputSpecInternal() {
 void NetworkIpAdd::ExecuteInternal(const InputPtr& input, const OutputPtr& output) {
   ExecuteCommon(input, output, false);
 }
+
+template CommandPtr MakeCommand<NetworkIpAdd>();
 
 }  // namespace OrvaneCli::DovraNamespace

@@ -1,17 +1,14 @@
-#include "network/NetworkCommands.h"
+#include "network/InterfaceRemoval.h"
 
 namespace OrvaneCli::DovraNamespace {
 
-NetworkIpRemove::NetworkIpRemove() {
-  DescribeOperation("Remove an IP interface from the Dovra network configuration.");
-}
+class NetworkIpRemove final : public InterfaceRemoval<NetworkIpRemove> {
+ public:
+  NetworkIpRemove() {
+    DescribeOperation("Remove an IP interface from the Dovra network configuration.");
+  }
+};
 
-InputSpecPtr NetworkIpRemove::GetInputSpecInternal() {
-  return NetworkRemove::GetInputSpecCommon();
-}
-
-void NetworkIpRemove::ExecuteInternal(const InputPtr& input, const OutputPtr& output) {
-  NetworkRemove::ExecuteCommon(input, output);
-}
+template CommandPtr MakeCommand<NetworkIpRemove>();
 
 }  // namespace OrvaneCli::DovraNamespace

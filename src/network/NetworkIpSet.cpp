@@ -1,17 +1,21 @@
-#include "network/NetworkCommands.h"
+#include "network/NetworkIpAdd.h"
 
 namespace OrvaneCli::DovraNamespace {
 
-NetworkIpSet::NetworkIpSet() {
-  DescribeOperation("Reconfigure an IP interface in the Dovra network configuration.");
-}
+class NetworkIpSet final : public SuccessCommand<NetworkIpSet> {
+ public:
+  NetworkIpSet() {
+    DescribeOperation("Reconfigure an IP interface in the Dovra network configuration.");
+  }
 
-InputSpecPtr NetworkIpSet::GetInputSpecInternal() {
-  return NetworkIpAdd::GetInputSpecCommon();
-}
+ private:
+  InputSpecPtr GetInputSpecInternal() override { return NetworkIpAdd::GetInputSpecCommon(); }
 
-void NetworkIpSet::ExecuteInternal(const InputPtr& input, const OutputPtr& output) {
-  NetworkIpAdd::ExecuteCommon(input, output, true);
-}
+  void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
+    NetworkIpAdd::ExecuteCommon(input, output, true);
+  }
+};
+
+template CommandPtr MakeCommand<NetworkIpSet>();
 
 }  // namespace OrvaneCli::DovraNamespace

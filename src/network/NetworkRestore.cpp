@@ -1,17 +1,18 @@
-#include "frame/ControlLibrary.h"
-#include "network/NetworkCommands.h"
+#include "frame/Frame.h"
 
 namespace OrvaneCli::DovraNamespace {
 
-NetworkRestore::NetworkRestore() {
-  DescribeOperation("Restore the persisted Dovra network configuration.");
-}
+class NetworkRestore final : public SuccessCommand<NetworkRestore> {
+ public:
+  NetworkRestore() { DescribeOperation("Restore the persisted Dovra network configuration."); }
 
-void NetworkRestore::ExecuteInternal(const InputPtr&, const OutputPtr& output) {
-  SucceedOrFalse(output, "", [] {
-    const ControlLibrary library;
-    library->RestoreNetworkConfig();
-  });
-}
+ private:
+  void ExecuteInternal(const InputPtr&, const OutputPtr& output) override {
+    SucceedOrFalse(output, "",
+                   [](const ControlLibrary& library) { library->RestoreNetworkConfig(); });
+  }
+};
+
+template CommandPtr MakeCommand<NetworkRestore>();
 
 }  // namespace OrvaneCli::DovraNamespace

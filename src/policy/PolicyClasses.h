@@ -4,7 +4,7 @@
 
 namespace OrvaneCli::DovraNamespace {
 
-/// Allows the name of any policy class.
+/// Allows the policy classes' names, and has help show each as it is typed.
 inline ConstraintPtr AnyPolicyClass() {
   return OneOf({{"cluster", "cluster"},
                 {"vdisk", "vdisk"},

@@ -1,17 +1,18 @@
-#include "frame/ControlLibrary.h"
-#include "policy/PolicyCommands.h"
+#include "frame/Frame.h"
 
 namespace OrvaneCli::DovraNamespace {
 
-PolicyClearDefault::PolicyClearDefault() {
-  DescribeOperation("Clear default Dovra storage policy values.");
-}
+class PolicyClearDefault final : public SuccessCommand<PolicyClearDefault> {
+ public:
+  PolicyClearDefault() { DescribeOperation("Clear default Dovra storage policy values."); }
 
-void PolicyClearDefault::ExecuteInternal(const InputPtr&, const OutputPtr& output) {
-  SucceedOrFalse(output, "", [] {
-    const ControlLibrary library;
-    library->ClearPolicyDefaults();
-  });
-}
+ private:
+  void ExecuteInternal(const InputPtr&, const OutputPtr& output) override {
+    SucceedOrFalse(output, "",
+                   [](const ControlLibrary& library) { library->ClearPolicyDefaults(); });
+  }
+};
+
+template CommandPtr MakeCommand<PolicyClearDefault>();
 
 }  // namespace OrvaneCli::DovraNamespace

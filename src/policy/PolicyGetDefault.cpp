@@ -1,7 +1,6 @@
-#include "frame/ControlLibrary.h"
+#include "frame/Frame.h"
 #include "platform/corectl/DovraUtil.h"
 #include "policy/PolicyClasses.h"
-#include "policy/PolicyCommands.h"
 
 namespace OrvaneCli::DovraNamespace {
 
@@ -10,51 +9,54 @@ using HostCtl::Dovra::DovraPolicyClass;
 
 namespace {
 
-constexpr Field kFields[] = {
-    {"Policy Class", MetaType::kString},
-    {"Policy Value", MetaType::kString},
-};
-
-/// The class of this name; all of them if the name is empty.
-std::vector<DovraPolicyClass> SelectClasses(const std::string& name) {
-  if (name.empty()) return DovraUtil::GetDovraPolicyClasses();
-  return {DovraUtil::StringToDovraPolicyClass(name)};
+/// The class of this name; all of them if there is none.
+std::vector<DovraPolicyClass> SelectClasses(const std::optional<std::string>& name) {
+  if (!name || name->empty()) return DovraUtil::GetDovraPolicyClasses();
+  return {DovraUtil::StringToDovraPolicyClass(*name)};
 }
 
 }  // namespace
 
-const Record PolicyGetDefault::kRecord = {"Policy", kFields};
+class PolicyGetDefault final : public ListCommand<PolicyGetDefault> {
+ public:
+  static constexpr Record kRecord = {
+      .name = "Policy",
+      .fields =
+          {
+              {"Policy Class", MetaType::kString},
+              {"Policy Value", MetaType::kString},
+          },
+      .formatter = "table",
+      .separator = ",",
+  };
 
-PolicyGetDefault::PolicyGetDefault() {
-  DescribeFetcher("Get default Dovra storage policy values.");
-  SetDefaultOutputFormatter("table");
-  SetDefaultOutputParameter("fields:Policy", FieldNames(kRecord));
-}
+  PolicyGetDefault() { DescribeFetcher("Get default Dovra storage policy values."); }
 
-InputSpecPtr PolicyGetDefault::GetInputSpecInternal() {
-  return MakeInputSpec({
-      {"policy-class", "c", ParameterType::kString, Need::kOptional,
-       "Dovra policy class whose default value to get. If not provided, defaults for all classes "
-       "will be retrieved. Options are: %ENUM%.",
-       AnyPolicyClass()},
-  });
-}
-
-void PolicyGetDefault::ExecuteInternal(const InputPtr& input, const OutputPtr& output) {
-  try {
-    const ControlLibrary library;
-    const ListPtr list = MakeList();
-    for (const auto policyClass : SelectClasses(input->GetParameter("policy-class"))) {
-      const std::string name = DovraUtil::DovraPolicyClassToString(policyClass);
-      const StructPtr row = GetOutputStructure();
-      row->SetField("Policy Class", name);
-      row->SetField("Policy Value", library->GetPolicyDefault(name));
-      list->Add(row);
-    }
-    output->SetRootObject(list);
-  } catch (const DovraCtlException& failure) {
-    Report(output, "", failure);
+ private:
+  InputSpecPtr GetInputSpecInternal() override {
+    return MakeInputSpec({
+        {"policy-class", "c", ParameterType::kString, Need::kOptional,
+         "Dovra policy class whose default value to get. If not provided, defaults for all classes "
+         "will be retrieved. Options are: %ENUM%.",
+         AnyPolicyClass()},
+    });
   }
-}
+
+  void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
+    SucceedOrNothing(output, "", [&](const ControlLibrary& library) {
+      const ListPtr list = MakeList();
+      for (const auto policyClass : SelectClasses(Given<std::string>(input, "policy-class"))) {
+        const std::string name = DovraUtil::DovraPolicyClassToString(policyClass);
+        const StructPtr row = GetOutputStructure();
+        row->SetField("Policy Class", name);
+        row->SetField("Policy Value", library->GetPolicyDefault(name));
+        list->Add(row);
+      }
+      return list;
+    });
+  }
+};
+
+template CommandPtr MakeCommand<PolicyGetDefault>();
 
 }  // namespace OrvaneCli::DovraNamespace

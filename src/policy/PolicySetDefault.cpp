@@ -1,14 +1,12 @@
-#include "frame/ControlLibrary.h"
+#include "frame/Frame.h"
 #include "policy/PolicyClasses.h"
-#include "policy/PolicyCommands.h"
 
 namespace OrvaneCli::DovraNamespace {
 
 namespace {
 
 constexpr const char* kPolicyDescription =
-    "Dovra policy to set as default, in the form of a string."
-    " Options are: \n"
+    "Dovra policy to set as default, in the form of a string. Options are: \n"
     "1)cacheReservation - Flash capacity set aside as read cache for the object, in parts per "
     "million of the object's logical size: 10000 is one percent. Raise it only to cure a read "
     "performance problem, since flash reserved for one object is lost to all others; without a "
@@ -30,37 +28,40 @@ constexpr const char* kPolicyDescription =
     "served by HDDs, but it also means higher used of system resources.\n"
     "Default value: 1, Maximum value: 12.\n"
     "5)proportionalCapacity - Percentage of the object's logical size that is reserved (thick "
-    "provisioning) when the VM is provisioned. The rest is thin: it takes up capacity only when "
-    "it is written.\n"
+    "provisioning) when the VM is provisioned. The rest is thin: it takes up capacity only when it "
+    "is written.\n"
     "Default value: 0%, Maximum value: 100%.\n"
     "6)iopsLimit - Upper limit on the IOPS of a disk. IO beyond the limit is delayed, so that one "
     "busy disk does not slow down the others. Zero means that there is no limit.\n"
     "Default value: 0.\n"
-    "7)replicaPreference - Method by which the object tolerates failures. RAID-1 keeps mirrors "
-    "and performs better. RAID-5/6 keeps parity and makes better use of capacity; it needs an "
+    "7)replicaPreference - Method by which the object tolerates failures. RAID-1 keeps mirrors and "
+    "performs better. RAID-5/6 keeps parity and makes better use of capacity; it needs an "
     "all-flash cluster, and hostFailuresToTolerate chooses between the two: 1 gives RAID-5, 2 "
     "gives RAID-6.\n"
     "Default value: RAID-1.\n";
 
 }  // namespace
 
-PolicySetDefault::PolicySetDefault() {
-  DescribeOperation("Set default Dovra storage policy values.");
-}
+class PolicySetDefault final : public SuccessCommand<PolicySetDefault> {
+ public:
+  PolicySetDefault() { DescribeOperation("Set default Dovra storage policy values."); }
 
-InputSpecPtr PolicySetDefault::GetInputSpecInternal() {
-  return MakeInputSpec({
-      {"policy-class", "c", ParameterType::kString, Need::kRequired,
-       "Dovra policy class whose default value to set. Options are: %ENUM%.", AnyPolicyClass()},
-      {"policy", "p", ParameterType::kString, Need::kRequired, kPolicyDescription},
-  });
-}
+ private:
+  InputSpecPtr GetInputSpecInternal() override {
+    return MakeInputSpec({
+        {"policy-class", "c", ParameterType::kString, Need::kRequired,
+         "Dovra policy class whose default value to set. Options are: %ENUM%.", AnyPolicyClass()},
+        {"policy", "p", ParameterType::kString, Need::kRequired, kPolicyDescription},
+    });
+  }
 
-void PolicySetDefault::ExecuteInternal(const InputPtr& input, const OutputPtr& output) {
-  SucceedOrFalse(output, "", [&] {
-    const ControlLibrary library;
-    library->SetPolicyDefault(input->GetParameter("policy-class"), input->GetParameter("policy"));
-  });
-}
+  void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
+    SucceedOrFalse(output, "", [&](const ControlLibrary& library) {
+      library->SetPolicyDefault(input->GetParameter("policy-class"), input->GetParameter("policy"));
+    });
+  }
+};
+
+template CommandPtr MakeCommand<PolicySetDefault>();
 
 }  // namespace OrvaneCli::DovraNamespace

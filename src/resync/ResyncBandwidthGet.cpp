@@ -1,33 +1,30 @@
-#include "frame/ControlLibrary.h"
-#include "resync/ResyncCommands.h"
+#include "frame/Frame.h"
 
 namespace OrvaneCli::DovraNamespace {
 
-namespace {
+class ResyncBandwidthGet final : public RecordCommand<ResyncBandwidthGet> {
+ public:
+  static constexpr Record kRecord = {
+      .name = "ResyncBandwidth",
+      .fields = {{"Rate", MetaType::kInt, "Mbps"}},
+  };
 
-constexpr Field kFields[] = {{"Rate", MetaType::kInt}};
-
-}  // namespace
-
-const Record ResyncBandwidthGet::kRecord = {"ResyncBandwidth", kFields};
-
-ResyncBandwidthGet::ResyncBandwidthGet() {
-  DescribeFetcher(
-      "Get information about Dovra resync bandwidth in Mbps for the disk group with the heaviest "
-      "resync workload.");
-  SetDefaultOutputFormatter("simple");
-  SetDefaultOutputParameter("units:ResyncBandwidth.Rate", "Mbps");
-}
-
-void ResyncBandwidthGet::ExecuteInternal(const InputPtr&, const OutputPtr& output) {
-  const StructPtr record = GetOutputStructure();
-  try {
-    const ControlLibrary library;
-    record->SetField("Rate", MetaInt::New(library->GetResyncBandwidth()));
-    output->SetRootObject(record);
-  } catch (const DovraCtlException& failure) {
-    Report(output, "", failure);
+  ResyncBandwidthGet() {
+    DescribeFetcher(
+        "Get information about Dovra resync bandwidth in Mbps for the disk group with the heaviest "
+        "resync workload.");
   }
-}
+
+ private:
+  void ExecuteInternal(const InputPtr&, const OutputPtr& output) override {
+    SucceedOrNothing(output, "", [](const ControlLibrary& library) {
+      const StructPtr record = GetOutputStructure();
+      record->SetField("Rate", MetaInt::New(library->GetResyncBandwidth()));
+      return record;
+    });
+  }
+};
+
+template CommandPtr MakeCommand<ResyncBandwidthGet>();
 
 }  // namespace OrvaneCli::DovraNamespace

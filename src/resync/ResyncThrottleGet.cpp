@@ -1,31 +1,26 @@
-#include "frame/ControlLibrary.h"
-#include "resync/ResyncCommands.h"
+#include "frame/Frame.h"
 
 namespace OrvaneCli::DovraNamespace {
 
-namespace {
+class ResyncThrottleGet final : public RecordCommand<ResyncThrottleGet> {
+ public:
+  static constexpr Record kRecord = {
+      .name = "ResyncThrottle",
+      .fields = {{"Level", MetaType::kInt, "Mbps"}},
+  };
 
-constexpr Field kFields[] = {{"Level", MetaType::kInt}};
+  ResyncThrottleGet() { DescribeFetcher("Get information about Dovra resync throttling"); }
 
-}  // namespace
-
-const Record ResyncThrottleGet::kRecord = {"ResyncThrottle", kFields};
-
-ResyncThrottleGet::ResyncThrottleGet() {
-  DescribeFetcher("Get information about Dovra resync throttling");
-  SetDefaultOutputFormatter("simple");
-  SetDefaultOutputParameter("units:ResyncThrottle.Level", "Mbps");
-}
-
-void ResyncThrottleGet::ExecuteInternal(const InputPtr&, const OutputPtr& output) {
-  const StructPtr record = GetOutputStructure();
-  try {
-    const ControlLibrary library;
-    record->SetField("Level", MetaInt::New(library->GetResyncThrottle()));
-    output->SetRootObject(record);
-  } catch (const DovraCtlException& failure) {
-    Report(output, "", failure);
+ private:
+  void ExecuteInternal(const InputPtr&, const OutputPtr& output) override {
+    SucceedOrNothing(output, "", [](const ControlLibrary& library) {
+      const StructPtr record = GetOutputStructure();
+      record->SetField("Level", MetaInt::New(library->GetResyncThrottle()));
+      return record;
+    });
   }
-}
+};
+
+template CommandPtr MakeCommand<ResyncThrottleGet>();
 
 }  // namespace OrvaneCli::DovraNamespace

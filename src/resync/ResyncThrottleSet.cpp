@@ -1,24 +1,27 @@
-#include "frame/ControlLibrary.h"
-#include "resync/ResyncCommands.h"
+#include "frame/Frame.h"
 
 namespace OrvaneCli::DovraNamespace {
 
-ResyncThrottleSet::ResyncThrottleSet() {
-  DescribeOperation("Configure Dovra resync throttling");
-}
+class ResyncThrottleSet final : public SuccessCommand<ResyncThrottleSet> {
+ public:
+  ResyncThrottleSet() { DescribeOperation("Configure Dovra resync throttling"); }
 
-InputSpecPtr ResyncThrottleSet::GetInputSpecInternal() {
-  return MakeInputSpec({
-      {"level", "", ParameterType::kInt, Need::kRequired,
-       "Set Dovra resync throttle level in Mbps (%ENUM%, 0 means no throttling)", Between(0, 512)},
-  });
-}
+ private:
+  InputSpecPtr GetInputSpecInternal() override {
+    return MakeInputSpec({
+        {"level", "", ParameterType::kInt, Need::kRequired,
+         "Set Dovra resync throttle level in Mbps (%ENUM%, 0 means no throttling)",
+         Between(0, 512)},
+    });
+  }
 
-void ResyncThrottleSet::ExecuteInternal(const InputPtr& input, const OutputPtr& output) {
-  SucceedOrNothing(output, "", [&] {
-    const ControlLibrary library;
-    library->SetResyncThrottle(input->GetParameterInt("level"));
-  });
-}
+  void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
+    SucceedOrNothing(output, "", [&](const ControlLibrary& library) {
+      library->SetResyncThrottle(input->GetParameterInt("level"));
+    });
+  }
+};
+
+template CommandPtr MakeCommand<ResyncThrottleSet>();
 
 }  // namespace OrvaneCli::DovraNamespace

@@ -1,36 +1,38 @@
-#include "frame/ControlLibrary.h"
-#include "storage/StorageCommands.h"
+#include "frame/Frame.h"
 
 namespace OrvaneCli::DovraNamespace {
 
-StorageAdd::StorageAdd() {
-  DescribeOperation("Add physical disk for Dovra usage.");
-}
+class StorageAdd final : public SuccessCommand<StorageAdd> {
+ public:
+  StorageAdd() { DescribeOperation("Add physical disk for Dovra usage."); }
 
-InputSpecPtr StorageAdd::GetInputSpecInternal() {
-  return MakeInputSpec({
-      {"ssd", "s", ParameterType::kString, Need::kRequired,
-       "Specify ssd to add for use by Dovra. Expects an empty ssd with no partitions in which case "
-       "the ssd will be partitioned and formatted. Otherwise this operation will fail. If an ssd "
-       "which is already added for use by Dovra, is provided along with '-d/--disks', then the "
-       "disk mentioned with '-d' will be added to the existing diskgroup created under this ssd "
-       "and in which case, the ssd won't be partitioned and formatted. The command expects the "
-       "device name for the disk to be provided, e.g.: mpx.xhba2:C0:T1:L0"},
-      {"disks", "d", ParameterType::kStringList, Need::kRequired,
-       "Specify hdds to add for use by Dovra. Expects an empty disk with no partitions in which "
-       "case the disk will be partitioned and formatted. Otherwise this operation will fail. The "
-       "command expects the device name for the disk to be provided, e.g.: mpx.xhba2:C0:T1:L0. "
-       "Multiple hdds can be provided using format -d hdd1 -d hdd2 -d hdd3"},
-  });
-}
+ private:
+  InputSpecPtr GetInputSpecInternal() override {
+    return MakeInputSpec({
+        {"ssd", "s", ParameterType::kString, Need::kRequired,
+         "Specify ssd to add for use by Dovra. Expects an empty ssd with no partitions in which "
+         "case the ssd will be partitioned and formatted. Otherwise this operation will fail. If "
+         "an ssd which is already added for use by Dovra, is provided along with '-d/--disks', "
+         "then the disk mentioned with '-d' will be added to the existing diskgroup created under "
+         "this ssd and in which case, the ssd won't be partitioned and formatted. The command "
+         "expects the device name for the disk to be provided, e.g.: mpx.xhba2:C0:T1:L0"},
+        {"disks", "d", ParameterType::kStringList, Need::kRequired,
+         "Specify hdds to add for use by Dovra. Expects an empty disk with no partitions in which "
+         "case the disk will be partitioned and formatted. Otherwise this operation will fail. The "
+         "command expects the device name for the disk to be provided, e.g.: mpx.xhba2:C0:T1:L0. "
+         "Multiple hdds can be provided using format -d hdd1 -d hdd2 -d hdd3"},
+    });
+  }
 
-void StorageAdd::ExecuteInternal(const InputPtr& input, const OutputPtr& output) {
-  std::vector<std::string> disks;
-  input->GetParameterList("disks", disks);
-  SucceedOrNothing(output, "Unable to add device: ", [&] {
-    const ControlLibrary library;
-    library->AddDisks(input->GetParameter("ssd"), disks);
-  });
-}
+  void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
+    std::vector<std::string> disks;
+    input->GetParameterList("disks", disks);
+    SucceedOrNothing(output, "Unable to add device: ", [&](const ControlLibrary& library) {
+      library->AddDisks(input->GetParameter("ssd"), disks);
+    });
+  }
+};
+
+template CommandPtr MakeCommand<StorageAdd>();
 
 }  // namespace OrvaneCli::DovraNamespace

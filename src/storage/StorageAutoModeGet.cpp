@@ -1,30 +1,27 @@
-#include "frame/ControlLibrary.h"
-#include "storage/StorageCommands.h"
+#include "frame/Frame.h"
 
 namespace OrvaneCli::DovraNamespace {
 
-namespace {
+class StorageAutoModeGet final : public RecordCommand<StorageAutoModeGet> {
+ public:
+  static constexpr Record kRecord = {
+      .name = "AutoMode",
+      .fields = {{"Enabled", MetaType::kBool}},
+  };
 
-constexpr Field kFields[] = {{"Enabled", MetaType::kBool}};
+  StorageAutoModeGet() { DescribeFetcher(" Get status of storage auto claim mode."); }
 
-}  // namespace
-
-const Record StorageAutoModeGet::kRecord = {"AutoMode", kFields};
-
-StorageAutoModeGet::StorageAutoModeGet() {
-  DescribeFetcher(" Get status of storage auto claim mode.");
-  SetDefaultOutputFormatter("simple");
-}
-
-void StorageAutoModeGet::ExecuteInternal(const InputPtr&, const OutputPtr& output) {
-  const StructPtr record = GetOutputStructure();
-  try {
-    const ControlLibrary library;
-    record->SetField("Enabled", MetaBool::New(library->GetAutoClaimMode()));
-    output->SetRootObject(record);
-  } catch (const DovraCtlException& failure) {
-    Report(output, "Unable to get Dovra storage auto claim mode: ", failure);
+ private:
+  void ExecuteInternal(const InputPtr&, const OutputPtr& output) override {
+    SucceedOrNothing(
+        output, "Unable to get Dovra storage auto claim mode: ", [](const ControlLibrary& library) {
+          const StructPtr record = GetOutputStructure();
+          record->SetField("Enabled", MetaBool::New(library->GetAutoClaimMode()));
+          return record;
+        });
   }
-}
+};
+
+template CommandPtr MakeCommand<StorageAutoModeGet>();
 
 }  // namespace OrvaneCli::DovraNamespace

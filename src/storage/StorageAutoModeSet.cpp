@@ -1,27 +1,30 @@
-#include "frame/ControlLibrary.h"
-#include "storage/StorageCommands.h"
+#include "frame/Frame.h"
 
 namespace OrvaneCli::DovraNamespace {
 
-StorageAutoModeSet::StorageAutoModeSet() {
-  DescribeOperation("Configure storage auto claim mode");
-}
+class StorageAutoModeSet final : public SuccessCommand<StorageAutoModeSet> {
+ public:
+  StorageAutoModeSet() { DescribeOperation("Configure storage auto claim mode"); }
 
-InputSpecPtr StorageAutoModeSet::GetInputSpecInternal() {
-  return MakeInputSpec({
-      // Required: left out, it would read as false and turn the mode off.
-      {"enabled", "", ParameterType::kBool, Need::kRequired,
-       "Changing this value to true will result in enabling auto disk claim mode. Disks will be "
-       "claimed by the Dovra service in next storage event, e.g.: adapter rescan and disk "
-       "hot-plug. Set to false to disable storage auto claim mode."},
-  });
-}
+ private:
+  InputSpecPtr GetInputSpecInternal() override {
+    return MakeInputSpec({
+        // Required: left out, it would read as false and turn the mode off.
+        {"enabled", "", ParameterType::kBool, Need::kRequired,
+         "Changing this value to true will result in enabling auto disk claim mode. Disks will be "
+         "claimed by the Dovra service in next storage event, e.g.: adapter rescan and disk "
+         "hot-plug. Set to false to disable storage auto claim mode."},
+    });
+  }
 
-void StorageAutoModeSet::ExecuteInternal(const InputPtr& input, const OutputPtr& output) {
-  SucceedOrNothing(output, "Unable to set storage auto claim mode: ", [&] {
-    const ControlLibrary library;
-    library->SetAutoClaimMode(input->GetParameterBool("enabled"));
-  });
-}
+  void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
+    SucceedOrNothing(output,
+                     "Unable to set storage auto claim mode: ", [&](const ControlLibrary& library) {
+                       library->SetAutoClaimMode(input->GetParameterBool("enabled"));
+                     });
+  }
+};
+
+template CommandPtr MakeCommand<StorageAutoModeSet>();
 
 }  // namespace OrvaneCli::DovraNamespace

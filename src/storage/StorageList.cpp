@@ -1,9 +1,8 @@
 #include <algorithm>
 #include <optional>
 
-#include "frame/ControlLibrary.h"
+#include "frame/Frame.h"
 #include "platform/corectl/DovraUtil.h"
-#include "storage/StorageCommands.h"
 
 namespace OrvaneCli::DovraNamespace {
 
@@ -14,26 +13,6 @@ using HostCtl::Dovra::DovraInfo;
 using HostCtl::Dovra::Uuid;
 
 namespace {
-
-constexpr Field kFields[] = {
-    {"Device", MetaType::kString},
-    {"Display Name", MetaType::kString},
-    {"Is SSD", MetaType::kBool},
-    {"DOVRA UUID", MetaType::kString},
-    {"DOVRA Disk Group UUID", MetaType::kString},
-    {"DOVRA Disk Group Name", MetaType::kString},
-    {"Used by this host", MetaType::kBool},
-    {"In Tavdir", MetaType::kBool},
-    {"On-disk format version", MetaType::kString},
-    {"Deduplication", MetaType::kBool},
-    {"Compression", MetaType::kBool},
-    {"Checksum", MetaType::kString},
-    {"Checksum OK", MetaType::kBool},
-    {"Is Capacity Tier", MetaType::kBool},
-    {"Encryption", MetaType::kBool},
-    {"DiskKeyLoaded", MetaType::kBool},
-    {"Is Mounted", MetaType::kBool},
-};
 
 /// The UUID texts of the local disks that pass the filter; no more than one of `device` and `uuid`
 /// is not empty.
@@ -53,102 +32,126 @@ std::vector<std::string> FindLocalDisks(const DovraInfo::DiskLuns& luns, const s
   return texts;
 }
 
-StructPtr MakeRow(const DovraDiskInfo& disk) {
-  StructPtr row = StorageList::GetOutputStructure();
-  row->SetField("Device", disk.deviceName);
-  row->SetField("Display Name", disk.deviceName);  // a disk has no other name
-  row->SetField("Is SSD", MetaBool::New(disk.isFlash));
-  row->SetField("DOVRA UUID", disk.uuid);
-  row->SetField("DOVRA Disk Group UUID", disk.diskGroupUuid);
-  row->SetField("DOVRA Disk Group Name", disk.diskGroupName);
-  row->SetField("Used by this host", MetaBool::New(disk.usedByThisHost));
-  row->SetField("In Tavdir", MetaBool::New(disk.inTavdir));
-  row->SetField("On-disk format version", StorageList::MarshalVersion(disk.formatVersion));
-  row->SetField("Deduplication", MetaBool::New(disk.deduplication));
-  row->SetField("Compression", MetaBool::New(disk.deduplication));  // the two come together
-  row->SetField("Checksum", disk.checksum);
-  row->SetField("Checksum OK", MetaBool::New(disk.checksumOk));
-  row->SetField("Is Capacity Tier", MetaBool::New(disk.isCapacityTier));
-  row->SetField("Encryption", MetaBool::New(disk.encryption));
-  row->SetField("DiskKeyLoaded", MetaBool::New(disk.diskKeyLoaded));
-  row->SetField("Is Mounted", MetaBool::New(disk.isMounted));
-  return row;
-}
-
 }  // namespace
 
-const Record StorageList::kRecord = {"DovraStorageList", kFields};
+class StorageList final : public ListCommand<StorageList> {
+ public:
+  static constexpr Record kRecord = {
+      .name = "DovraStorageList",
+      .fields =
+          {
+              {"Device", MetaType::kString},
+              {"Display Name", MetaType::kString},
+              {"Is SSD", MetaType::kBool},
+              {"DOVRA UUID", MetaType::kString},
+              {"DOVRA Disk Group UUID", MetaType::kString},
+              {"DOVRA Disk Group Name", MetaType::kString},
+              {"Used by this host", MetaType::kBool},
+              {"In Tavdir", MetaType::kBool},
+              {"On-disk format version", MetaType::kString},
+              {"Deduplication", MetaType::kBool},
+              {"Compression", MetaType::kBool},
+              {"Checksum", MetaType::kString},
+              {"Checksum OK", MetaType::kBool},
+              {"Is Capacity Tier", MetaType::kBool},
+              {"Encryption", MetaType::kBool},
+              {"DiskKeyLoaded", MetaType::kBool},
+              {"Is Mounted", MetaType::kBool},
+          },
+      .caption = "%Device%",
+      .separator = ",",
+  };
 
-StorageList::StorageList() {
-  DescribeFetcher("List Dovra storage configuration.");
-  SetDefaultOutputFormatter("simple");
-  SetDefaultOutputParameter("header:DovraStorageList", "%Device%");
-  SetDefaultOutputParameter("fields:DovraStorageList", FieldNames(kRecord));
-}
+  StorageList() { DescribeFetcher("List Dovra storage configuration."); }
 
-InputSpecPtr StorageList::GetInputSpecInternal() {
-  return MakeInputSpec({
-      {"device", "d", ParameterType::kString, Need::kOptional,
-       "Filter the output of this command to only show a single device with specified device "
-       "name."},
-      {"uuid", "u", ParameterType::kString, Need::kOptional,
-       "Filter the output of this command to only show a single device with specified uuid."},
-  });
-}
-
-// Administrators know versions by the product's labels, which are not the format's own numbers.
-std::shared_ptr<MetaString> StorageList::MarshalVersion(int version) {
-  switch (version) {
-    case 3:
-      return MetaString::New("2.5");
-    case 4:
-      return MetaString::New("3");
-    case 0:
-      return MetaString::New("1");
-    default:
-      return MetaString::New(std::to_string(version));
-  }
-}
-
-void StorageList::ExecuteInternal(const InputPtr& input, const OutputPtr& output) {
-  const std::string device = input->GetParameter("device");
-  const std::string uuid = input->GetParameter("uuid");
-  if (!device.empty() && !uuid.empty()) {
-    output->AddErrorMessage("Only one of --device or --uuid can be specified.");
-    return;
-  }
-  const ListPtr list = MakeList();
-  try {
-    DovraInfo::DiskLuns luns;
-    DovraInfo::GetDovraDisks(luns);
-    std::vector<std::string> texts = FindLocalDisks(luns, device, uuid);
-
-    const ControlLibrary library;
-    std::vector<Uuid> serviceDisks;
-    library->GetDiskUuids(serviceDisks);
-    if (device.empty() && uuid.empty()) {
-      texts.reserve(texts.size() + serviceDisks.size());
-      for (const Uuid& disk : serviceDisks) texts.push_back(DovraUtil::DovraUuidToString(disk));
+  /// Administrators know versions by the product's labels, which are not the format's own numbers.
+  static std::shared_ptr<MetaString> MarshalVersion(int version) {
+    switch (version) {
+      case 3:
+        return MetaString::New("2.5");
+      case 4:
+        return MetaString::New("3");
+      case 0:
+        return MetaString::New("1");
+      default:
+        return MetaString::New(std::to_string(version));
     }
-    std::sort(texts.begin(),
-              texts.end());  // the service knows local disks too: each is listed once
-    texts.erase(std::unique(texts.begin(), texts.end()), texts.end());
-
-    list->Reserve(texts.size());
-    for (const std::string& text : texts) {
-      DovraDiskInfo disk;
-      library->GetDiskInfo(DovraUtil::StringToDovraUuid(text), luns, disk);
-      list->Add(MakeRow(disk));
-    }
-    if (texts.empty() && !device.empty()) {
-      output->AddErrorMessage("Unable to find device with name: " + device);
-    } else if (texts.empty() && !uuid.empty()) {
-      output->AddErrorMessage("Unable to find device with uuid: " + uuid);
-    }
-  } catch (const DovraCtlException& failure) {
-    Report(output, "Unable to list devices: ", failure);
   }
-  output->SetRootObject(list);  // after a failure: the rows that were complete by then
-}
+
+ private:
+  InputSpecPtr GetInputSpecInternal() override {
+    return MakeInputSpec({
+        {"device", "d", ParameterType::kString, Need::kOptional,
+         "Filter the output of this command to only show a single device with specified device "
+         "name."},
+        {"uuid", "u", ParameterType::kString, Need::kOptional,
+         "Filter the output of this command to only show a single device with specified uuid."},
+    });
+  }
+
+  static StructPtr MakeRow(const DovraDiskInfo& disk) {
+    StructPtr row = GetOutputStructure();
+    row->SetField("Device", disk.deviceName);
+    row->SetField("Display Name", disk.deviceName);  // a disk has no other name
+    row->SetField("Is SSD", MetaBool::New(disk.isFlash));
+    row->SetField("DOVRA UUID", disk.uuid);
+    row->SetField("DOVRA Disk Group UUID", disk.diskGroupUuid);
+    row->SetField("DOVRA Disk Group Name", disk.diskGroupName);
+    row->SetField("Used by this host", MetaBool::New(disk.usedByThisHost));
+    row->SetField("In Tavdir", MetaBool::New(disk.inTavdir));
+    row->SetField("On-disk format version", MarshalVersion(disk.formatVersion));
+    row->SetField("Deduplication", MetaBool::New(disk.deduplication));
+    row->SetField("Compression", MetaBool::New(disk.deduplication));  // the two come together
+    row->SetField("Checksum", disk.checksum);
+    row->SetField("Checksum OK", MetaBool::New(disk.checksumOk));
+    row->SetField("Is Capacity Tier", MetaBool::New(disk.isCapacityTier));
+    row->SetField("Encryption", MetaBool::New(disk.encryption));
+    row->SetField("DiskKeyLoaded", MetaBool::New(disk.diskKeyLoaded));
+    row->SetField("Is Mounted", MetaBool::New(disk.isMounted));
+    return row;
+  }
+
+  void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
+    const std::string device = Given<std::string>(input, "device").value_or("");
+    const std::string uuid = Given<std::string>(input, "uuid").value_or("");
+    if (!device.empty() && !uuid.empty()) {
+      return output->AddErrorMessage("Only one of --device or --uuid can be specified.");
+    }
+    const ListPtr list = MakeList();
+    try {
+      DovraInfo::DiskLuns luns;
+      DovraInfo::GetDovraDisks(luns);
+      std::vector<std::string> texts = FindLocalDisks(luns, device, uuid);
+
+      const ControlLibrary library;
+      std::vector<Uuid> serviceDisks;
+      library->GetDiskUuids(serviceDisks);
+      if (device.empty() && uuid.empty()) {
+        texts.reserve(texts.size() + serviceDisks.size());
+        for (const Uuid& disk : serviceDisks) texts.push_back(DovraUtil::DovraUuidToString(disk));
+      }
+      // The service knows local disks too; each is listed once.
+      std::ranges::sort(texts);
+      texts.erase(std::unique(texts.begin(), texts.end()), texts.end());
+
+      list->Reserve(texts.size());
+      for (const std::string& text : texts) {
+        DovraDiskInfo disk;
+        library->GetDiskInfo(DovraUtil::StringToDovraUuid(text), luns, disk);
+        list->Add(MakeRow(disk));
+      }
+      if (texts.empty() && !device.empty()) {
+        output->AddErrorMessage("Unable to find device with name: " + device);
+      } else if (texts.empty() && !uuid.empty()) {
+        output->AddErrorMessage("Unable to find device with uuid: " + uuid);
+      }
+    } catch (const DovraCtlException& failure) {
+      Report(output, "Unable to list devices: ", failure);
+    }
+    output->SetRootObject(list);  // after a failure: the rows that were complete by then
+  }
+};
+
+template CommandPtr MakeCommand<StorageList>();
 
 }  // namespace OrvaneCli::DovraNamespace

@@ -1,10 +1,11 @@
 #include <optional>
 
-#include "frame/ControlLibrary.h"
+#include "frame/Frame.h"
 #include "storage/DiskOptions.h"
-#include "storage/StorageCommands.h"
 
 namespace OrvaneCli::DovraNamespace {
+
+using HostCtl::Dovra::DovraInfo;
 
 namespace {
 
@@ -22,63 +23,59 @@ std::optional<std::string> EvacuationMode(std::string mode) {
 
 }  // namespace
 
-StorageRemove::StorageRemove() {
-  DescribeOperation("Remove physical disks from Dovra disk groups.");
-}
+class StorageRemove final : public SuccessCommand<StorageRemove> {
+ public:
+  StorageRemove() { DescribeOperation("Remove physical disks from Dovra disk groups."); }
 
-InputSpecPtr StorageRemove::GetInputSpecInternal() {
-  return MakeInputSpec({
-      {"disk", "d", ParameterType::kString, Need::kOptional,
-       "Specify individual hdd to remove from Dovra usage.e.g.: mpx.xhba2:C0:T1:L0"},
-      {"ssd", "s", ParameterType::kString, Need::kOptional,
-       "Specify a disk group's fronting ssd to remove the ssd and each backing hdd from Dovra "
-       "usage.e.g.: mpx.xhba2:C0:T1:L0"},
-      {"uuid", "u", ParameterType::kString, Need::kOptional,
-       "Specify UUID of Dovra disk.e.g.: 52afa1de-4240-d5d6-17f9-8af1ec8509e5"},
-      {"evacuation-mode", "m", ParameterType::kString, Need::kOptional,
-       "Action the Dovra service must take before the host can enter maintenance mode (default "
-       "noAction). Allowed values are:\n"
-       "    ensureObjectAccessibility: Evacuate data from the disk to ensure object accessibility "
-       "in the Dovra cluster, before removing the disk.\n"
-       "    evacuateAllData: Evacuate all data from the disk before removing it.\n"
-       "    noAction: Do not move Dovra data out of the disk before removing it."},
-  });
-}
-
-void StorageRemove::ExecuteInternal(const InputPtr& input, const OutputPtr& output) {
-  try {
-    const ControlLibrary library;
-    if (NamesSeveralDisks(input)) {
-      output->AddErrorMessage("At most one of --disk or --ssd or --uuid can be specified.");
-      return;
-    }
-    std::string mode;  // left empty, it leaves the choice to the control library
-    if (input->HasParameter("evacuation-mode")) {
-      const std::string given = input->GetParameter("evacuation-mode");
-      const auto known = EvacuationMode(given);
-      if (!known) {
-        output->AddErrorMessage(
-            "Expected a single value from the set [noAction, ensureObjectAccessibility, "
-            "evacuateAllData] got '" +
-            given + "'");
-        return;
-      }
-      mode = *known;
-    }
-    if (input->HasParameter("disk")) {
-      library->RemoveDisk(input->GetParameter("disk"), mode);
-    } else if (input->HasParameter("ssd")) {
-      library->RemoveDiskGroup(input->GetParameter("ssd"), mode);
-    } else if (input->HasParameter("uuid")) {
-      library->RemoveDiskByUuid(input->GetParameter("uuid"), mode);
-    } else {
-      output->AddErrorMessage("No option provided");
-      return;
-    }
-    output->SetRootObject(MetaBool::New(true));
-  } catch (const DovraCtlException& failure) {
-    Report(output, "Unable to remove device: ", failure);
+ private:
+  InputSpecPtr GetInputSpecInternal() override {
+    return MakeInputSpec({
+        {"disk", "d", ParameterType::kString, Need::kOptional,
+         "Specify individual hdd to remove from Dovra usage.e.g.: mpx.xhba2:C0:T1:L0"},
+        {"ssd", "s", ParameterType::kString, Need::kOptional,
+         "Specify a disk group's fronting ssd to remove the ssd and each backing hdd from Dovra "
+         "usage.e.g.: mpx.xhba2:C0:T1:L0"},
+        {"uuid", "u", ParameterType::kString, Need::kOptional,
+         "Specify UUID of Dovra disk.e.g.: 52afa1de-4240-d5d6-17f9-8af1ec8509e5"},
+        {"evacuation-mode", "m", ParameterType::kString, Need::kOptional,
+         "Action the Dovra service must take before the host can enter maintenance mode (default "
+         "noAction). Allowed values are:\n"
+         "    ensureObjectAccessibility: Evacuate data from the disk to ensure object "
+         "accessibility in the Dovra cluster, before removing the disk.\n"
+         "    evacuateAllData: Evacuate all data from the disk before removing it.\n"
+         "    noAction: Do not move Dovra data out of the disk before removing it."},
+    });
   }
-}
+
+  void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
+    try {
+      const ControlLibrary library;
+      if (NamesSeveralDisks(input)) {
+        return output->AddErrorMessage(
+            "At most one of --disk or --ssd or --uuid can be specified.");
+      }
+      std::string mode;  // left empty, it leaves the choice to the control library
+      if (const auto given = Given<std::string>(input, "evacuation-mode")) {
+        const auto known = EvacuationMode(*given);
+        if (!known) {
+          return output->AddErrorMessage(
+              "Expected a single value from the set [noAction, ensureObjectAccessibility, "
+              "evacuateAllData] got '" +
+              *given + "'");
+        }
+        mode = *known;
+      }
+      if (!ActOnNamed(input, library, &DovraInfo::RemoveDiskGroup, &DovraInfo::RemoveDisk,
+                      &DovraInfo::RemoveDiskByUuid, mode)) {
+        return output->AddErrorMessage("No option provided");
+      }
+      output->SetRootObject(MetaBool::New(true));
+    } catch (const DovraCtlException& failure) {
+      Report(output, "Unable to remove device: ", failure);
+    }
+  }
+};
+
+template CommandPtr MakeCommand<StorageRemove>();
 
 }  // namespace OrvaneCli::DovraNamespace

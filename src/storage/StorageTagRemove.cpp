@@ -1,24 +1,26 @@
-#include "frame/ControlLibrary.h"
+#include "frame/Frame.h"
 #include "storage/DiskOptions.h"
-#include "storage/StorageCommands.h"
 
 namespace OrvaneCli::DovraNamespace {
 
-StorageTagRemove::StorageTagRemove() {
-  DescribeOperation("Remove a Dovra storage tag.");
-}
+class StorageTagRemove final : public SuccessCommand<StorageTagRemove> {
+ public:
+  StorageTagRemove() { DescribeOperation("Remove a Dovra storage tag."); }
 
-InputSpecPtr StorageTagRemove::GetInputSpecInternal() {
-  return MakeTagInputSpec("Tag to be removed from disk. Supported tags are %ENUM%.",
-                          "Name of the disk from which the tag should be removed.");
-}
+ private:
+  InputSpecPtr GetInputSpecInternal() override {
+    return MakeTagInputSpec("Tag to be removed from disk. Supported tags are %ENUM%.",
+                            "Name of the disk from which the tag should be removed.");
+  }
 
-// There is but one tag, and the framework has refused any other.
-void StorageTagRemove::ExecuteInternal(const InputPtr& input, const OutputPtr& output) {
-  SucceedOrNothing(output, "Unable to remove tag for disk: ", [&] {
-    const ControlLibrary library;
-    library->RemoveCapacityFlashTag(input->GetParameter("disk"));
-  });
-}
+  // There is but one tag, and the framework has refused any other.
+  void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
+    SucceedOrNothing(output, "Unable to remove tag for disk: ", [&](const ControlLibrary& library) {
+      library->RemoveCapacityFlashTag(input->GetParameter("disk"));
+    });
+  }
+};
+
+template CommandPtr MakeCommand<StorageTagRemove>();
 
 }  // namespace OrvaneCli::DovraNamespace

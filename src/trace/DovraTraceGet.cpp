@@ -4,20 +4,13 @@
 #include <optional>
 #include <sstream>
 
+#include "frame/Frame.h"
 #include "frame/HostPaths.h"
-#include "trace/TraceCommands.h"
 #include "trace/TraceDaemon.h"
 
 namespace OrvaneCli::DovraNamespace {
 
 namespace {
-
-constexpr Field kFields[] = {
-    {"DOVRA Traces Directory", MetaType::kString},
-    {"Number Of Files To Rotate", MetaType::kInt},
-    {"Maximum Trace File Size", MetaType::kInt},
-    {"Log Urgent Traces To Syslog", MetaType::kBool},
-};
 
 /// The daemon's settings; where the file is silent, what the daemon then does.
 struct Settings {
@@ -74,38 +67,47 @@ std::optional<Settings> ReadConfiguration() {
 
 }  // namespace
 
-const Record DovraTraceGet::kRecord = {"DovraTraceGet", kFields};
+class DovraTraceGet final : public RecordCommand<DovraTraceGet> {
+ public:
+  static constexpr Record kRecord = {
+      .name = "DovraTraceGet",
+      .fields =
+          {
+              {"DOVRA Traces Directory", MetaType::kString},
+              {"Number Of Files To Rotate", MetaType::kInt},
+              {"Maximum Trace File Size", MetaType::kInt, "MB"},
+              {"Log Urgent Traces To Syslog", MetaType::kBool},
+          },
+      .separator = ",",
+  };
 
-DovraTraceGet::DovraTraceGet() {
-  DescribeFetcher("Get the Dovra tracing configuration.");
-  SetDefaultOutputFormatter("simple");
-  SetDefaultOutputParameter("fields:DovraTraceGet", FieldNames(kRecord));
-  SetDefaultOutputParameter("units:DovraTraceGet.Maximum Trace File Size", "MB");
-}
+  DovraTraceGet() { DescribeFetcher("Get the Dovra tracing configuration."); }
 
-void DovraTraceGet::ExecuteInternal(const InputPtr&, const OutputPtr& output) {
-  try {
-    const int status = TraceDaemon::RunInitScript("status");
-    if (status < 0) throw DovraCtlException("Checking dovratraced status failed.");
-    if (status == TraceDaemon::kNotRunning) {
-      output->AddErrorMessage("Dovra is not enabled on this host.");
-      return;
+ private:
+  void ExecuteInternal(const InputPtr&, const OutputPtr& output) override {
+    try {
+      const int status = TraceDaemon::RunInitScript("status");
+      if (status < 0) throw DovraCtlException("Checking dovratraced status failed.");
+      if (status == TraceDaemon::kNotRunning) {
+        return output->AddErrorMessage("Dovra is not enabled on this host.");
+      }
+      const std::optional<Settings> settings = ReadConfiguration();
+      if (!settings) {
+        return output->AddErrorMessage("Error opening Dovra trace config file for reading.");
+      }
+      const StructPtr record = GetOutputStructure();
+      record->SetField("DOVRA Traces Directory", settings->directory);
+      record->SetField("Number Of Files To Rotate", MetaInt::New(settings->maxFiles));
+      record->SetField("Maximum Trace File Size", MetaInt::New(settings->fileSize));
+      record->SetField("Log Urgent Traces To Syslog", MetaBool::New(settings->urgentToSyslog));
+      output->SetRootObject(record);
+    } catch (const DovraCtlException& failure) {
+      // No blank between the two sentences: scripts look for exactly this text.
+      output->AddErrorMessage(failure.GetMessage() + "Refer to /var/log/syslog.log for details.");
     }
-    const std::optional<Settings> settings = ReadConfiguration();
-    if (!settings) {
-      output->AddErrorMessage("Error opening Dovra trace config file for reading.");
-      return;
-    }
-    const StructPtr record = GetOutputStructure();
-    record->SetField("DOVRA Traces Directory", settings->directory);
-    record->SetField("Number Of Files To Rotate", MetaInt::New(settings->maxFiles));
-    record->SetField("Maximum Trace File Size", MetaInt::New(settings->fileSize));
-    record->SetField("Log Urgent Traces To Syslog", MetaBool::New(settings->urgentToSyslog));
-    output->SetRootObject(record);
-  } catch (const DovraCtlException& failure) {
-    // No blank between the two sentences: the text is known like this.
-    output->AddErrorMessage(failure.GetMessage() + "Refer to /var/log/syslog.log for details.");
   }
-}
+};
+
+template CommandPtr MakeCommand<DovraTraceGet>();
 
 }  // namespace OrvaneCli::DovraNamespace

@@ -2,14 +2,12 @@
 #include <fstream>
 #include <optional>
 
+#include "frame/Frame.h"
 #include "frame/HostPaths.h"
 #include "trace/RestartPause.h"
-#include "trace/TraceCommands.h"
 #include "trace/TraceDaemon.h"
 
 namespace OrvaneCli::DovraNamespace {
-
-using CliTools::CallSpec::Input;
 
 namespace {
 
@@ -28,34 +26,33 @@ struct Request {
   bool reset = false;
 };
 
-std::vector<Change> ReadChanges(const Input& input) {
+std::vector<Change> ReadChanges(const InputPtr& input) {
   std::vector<Change> changes;
-  if (input.HasParameter("path")) {
-    changes.push_back({TraceDaemon::kVolumeKey, '"' + input.GetParameter("path") + '"'});
+  if (const auto path = Given<std::string>(input, "path")) {
+    changes.push_back({TraceDaemon::kVolumeKey, '"' + *path + '"'});
   }
-  if (input.HasParameter("numfiles")) {
-    changes.push_back(
-        {TraceDaemon::kMaxFilesKey, std::to_string(input.GetParameterInt("numfiles"))});
+  if (const auto files = Given<std::int64_t>(input, "numfiles")) {
+    changes.push_back({TraceDaemon::kMaxFilesKey, std::to_string(*files)});
   }
-  if (input.HasParameter("logtosyslog")) {
-    changes.push_back(
-        {TraceDaemon::kUrgentToSyslogKey, input.GetParameterBool("logtosyslog") ? "1" : "0"});
+  if (const auto toSyslog = Given<bool>(input, "logtosyslog")) {
+    changes.push_back({TraceDaemon::kUrgentToSyslogKey, *toSyslog ? "1" : "0"});
   }
-  if (input.HasParameter("size")) {
-    changes.push_back({TraceDaemon::kFileSizeKey, std::to_string(input.GetParameterInt("size"))});
+  if (const auto size = Given<std::int64_t>(input, "size")) {
+    changes.push_back({TraceDaemon::kFileSizeKey, std::to_string(*size)});
   }
   return changes;
 }
 
 /// Nothing when the options do not go together, which is reported.
-std::optional<Request> ReadRequest(const Input& input, const OutputPtr& output) {
-  const std::int64_t size = input.GetParameterInt("size");
-  if (input.HasParameter("size") && (size < 1 || size > kMaxFileSize)) {
+std::optional<Request> ReadRequest(const InputPtr& input, const OutputPtr& output) {
+  const auto size = Given<std::int64_t>(input, "size");
+  if (size && (*size < 1 || *size > kMaxFileSize)) {
     output->AddErrorMessage("File size should be < 4096 MB.");
     return std::nullopt;
   }
-  const Request request = {ReadChanges(input), input.GetParameterBool("reset")};
-  if (input.HasParameter("reset") && !request.changes.empty()) {  // a reset of false counts too
+  const auto reset = Given<bool>(input, "reset");
+  const Request request = {ReadChanges(input), reset.value_or(false)};
+  if (reset && !request.changes.empty()) {  // a reset of false counts too
     output->AddErrorMessage("reset cannot be used with other options.");
     return std::nullopt;
   }
@@ -116,43 +113,47 @@ void ApplyConfiguration() {
 
 }  // namespace
 
-DovraTraceSet::DovraTraceSet() {
-  DescribeOperation("Configure Dovra trace. Please note: This command is not thread safe.");
-}
+class DovraTraceSet final : public SuccessCommand<DovraTraceSet> {
+ public:
+  DovraTraceSet() {
+    DescribeOperation("Configure Dovra trace. Please note: This command is not thread safe.");
+  }
 
-InputSpecPtr DovraTraceSet::GetInputSpecInternal() {
-  return MakeInputSpec({
-      {"path", "p", ParameterType::kString, Need::kOptional, "Path to store Dovra trace files."},
-      {"numfiles", "f", ParameterType::kInt, Need::kOptional,
-       "Log file rotation for Dovra trace files."},
-      {"size", "s", ParameterType::kInt, Need::kOptional,
-       "Maximum size of Dovra trace files in MB."},
-      {"logtosyslog", "l", ParameterType::kBool, Need::kOptional,
-       "Boolean value to enable or disable logging urgent traces to syslog."},
-      {"reset", "r", ParameterType::kBool, Need::kOptional,
-       "When set to true, reset defaults for Dovra trace files."},
-  });
-}
+ private:
+  InputSpecPtr GetInputSpecInternal() override {
+    return MakeInputSpec({
+        {"path", "p", ParameterType::kString, Need::kOptional, "Path to store Dovra trace files."},
+        {"numfiles", "f", ParameterType::kInt, Need::kOptional,
+         "Log file rotation for Dovra trace files."},
+        {"size", "s", ParameterType::kInt, Need::kOptional,
+         "Maximum size of Dovra trace files in MB."},
+        {"logtosyslog", "l", ParameterType::kBool, Need::kOptional,
+         "Boolean value to enable or disable logging urgent traces to syslog."},
+        {"reset", "r", ParameterType::kBool, Need::kOptional,
+         "When set to true, reset defaults for Dovra trace files."},
+    });
+  }
 
-void DovraTraceSet::ExecuteInternal(const InputPtr& input, const OutputPtr& output) {
-  const auto request = ReadRequest(*input, output);
-  if (!request) return;
-  const auto lines = ReadKeptLines(*request);
-  if (!lines) {
-    output->AddErrorMessage("Error opening Dovra Trace Config File for reading.");
-    return;
+  void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
+    const auto request = ReadRequest(input, output);
+    if (!request) return;
+    const auto lines = ReadKeptLines(*request);
+    if (!lines) {
+      return output->AddErrorMessage("Error opening Dovra Trace Config File for reading.");
+    }
+    if (!WriteConfiguration(*lines, *request)) {
+      return output->AddErrorMessage("Error opening Dovra Trace Config File for writing.");
+    }
+    // Whatever becomes of the daemon, the new configuration stays.
+    try {
+      ApplyConfiguration();
+      output->SetRootObject(MetaBool::New(true));
+    } catch (const DovraCtlException& failure) {
+      output->AddErrorMessage(failure.GetMessage() + " Refer /var/log/syslog.log for details.");
+    }
   }
-  if (!WriteConfiguration(*lines, *request)) {
-    output->AddErrorMessage("Error opening Dovra Trace Config File for writing.");
-    return;
-  }
-  // Whatever becomes of the daemon, the new configuration stays.
-  try {
-    ApplyConfiguration();
-    output->SetRootObject(MetaBool::New(true));
-  } catch (const DovraCtlException& failure) {
-    output->AddErrorMessage(failure.GetMessage() + " Refer /var/log/syslog.log for details.");
-  }
-}
+};
+
+template CommandPtr MakeCommand<DovraTraceSet>();
 
 }  // namespace OrvaneCli::DovraNamespace

@@ -13,7 +13,11 @@
 #include <string_view>
 #include <typeinfo>
 
-#include "cluster/ClusterCommands.h"
+#include "frame/Tree.h"
+
+namespace OrvaneCli::DovraNamespace {
+class MaintenanceModeCancel;
+}
 
 using namespace CliTools::AutoCli;
 using namespace CliTools::CallSpec;
@@ -175,7 +179,9 @@ TEST(CommandTree, GrowsOnTheNamespaceThatIsThere) {
 
 TEST(CommandTree, TakesTheNameFromWhatIsNoNamespace) {
   const auto root = Namespace::New();
-  root->RegisterNamespaceNode(OrvaneCli::DovraNamespace::MaintenanceModeCancel::New(), "dovra");
+  root->RegisterNamespaceNode(
+      OrvaneCli::DovraNamespace::MakeCommand<OrvaneCli::DovraNamespace::MaintenanceModeCancel>(),
+      "dovra");
   AutoCli_RegisterNamespaces(root);
   EXPECT_EQ(ReadDovra(*root).paths, ReadTable().paths);
 }

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+
+#include "frame/Constants.h"
+#include "frame/Frame.h"
+
+namespace OrvaneCli::DovraNamespace {
+
+/// `remove` and `ip remove`, which differ in nothing but their descriptions.
+template <class T>
+class InterfaceRemoval : public SuccessCommand<T> {
+  InputSpecPtr GetInputSpecInternal() override {
+    return MakeInputSpec({
+        {"interface-name", "i", ParameterType::kString, Need::kRequired, "Interface name."},
+        {"force", "f", ParameterType::kFlag, Need::kOptional,
+         "Notify Dovra subsystem of removal, even if not configured."},
+    });
+  }
+
+  void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
+    SucceedOrFalse(output, "", [&](const ControlLibrary& library) {
+      const std::string name = input->GetParameter("interface-name");
+      const bool force = input->IsFlagSet("force");
+      library->RemoveKnic(name, force, kDovraTraffic);
+      library->RemoveKnic(name, force, kWitnessTraffic);
+    });
+  }
+};
+
+}  // namespace OrvaneCli::DovraNamespace
