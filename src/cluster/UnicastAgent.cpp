@@ -28,8 +28,8 @@ std::string UnicastAgentEntry::DescribeFault() const {
          Join(fields_, ";");
 }
 
-std::int32_t UnicastAgentEntry::GetNumber(Field field) const {
-  return ClampToInt32(std::strtoll(GetText(field).c_str(), nullptr, 10));
+std::int64_t UnicastAgentEntry::GetNumber(Field field) const {
+  return std::strtoll(GetText(field).c_str(), nullptr, 10);
 }
 
 }  // namespace OrvaneCli::DovraNamespace

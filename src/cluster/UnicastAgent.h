@@ -35,8 +35,8 @@ class UnicastAgentEntry {
 
   const std::string& GetText(Field field) const { return fields_[field]; }
   /// The decimal number that the field begins with, blanks and a sign allowed before it; 0 if there
-  /// is none, the nearest 32-bit number if it is too large.
-  std::int32_t GetNumber(Field field) const;
+  /// is none, the nearest 64-bit number if it is too large.
+  std::int64_t GetNumber(Field field) const;
 
  private:
   std::vector<std::string> fields_;

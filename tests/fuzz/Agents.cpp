@@ -13,9 +13,9 @@ namespace {
 
 using Strings = std::vector<std::string>;
 
-std::int32_t Number(const std::string& field) {
-  return static_cast<std::int32_t>(
-      std::clamp<__int128>(Fuzz::LeadingNumber(field), INT32_MIN, INT32_MAX));
+std::int64_t Number(const std::string& field) {
+  return static_cast<std::int64_t>(
+      std::clamp<__int128>(Fuzz::LeadingNumber(field), INT64_MIN, INT64_MAX));
 }
 
 /// The address as it is recorded; empty if the text is none.
@@ -64,21 +64,22 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   }
   Fuzz::Same("the entry put together again", joined, entry);
 
-  const std::string port = std::to_string(Number(fields[4]));
-  CheckCommand(
-      "cluster unicastagent list", entry,
-      {"[{NodeUuid: " + fields[0] + ", IsWitness: " + std::to_string(Number(fields[1])) +
-           ", Supports Unicast: " + (Number(fields[2]) != 0 ? "true" : "false") +
-           ", IP Address: " + fields[3] + ", Port: " + port + ", Iface Name: " + fields[5] + "}]",
-       {}},
-      {});
+  const std::int64_t port = Number(fields[4]);
+  CheckCommand("cluster unicastagent list", entry,
+               {"[{NodeUuid: " + fields[0] + ", IsWitness: " + std::to_string(Number(fields[1])) +
+                    ", Supports Unicast: " + (Number(fields[2]) != 0 ? "true" : "false") +
+                    ", IP Address: " + fields[3] + ", Port: " + std::to_string(port) +
+                    ", Iface Name: " + fields[5] + "}]",
+                {}},
+               {});
   const std::string address = Address(fields[3]);
   if (address.empty()) {
     CheckCommand("cluster unicastagent clear", entry, {"none", {"Invalid IP address " + fields[3]}},
                  {});
   } else {
     CheckCommand("cluster unicastagent clear", entry, {"true", {}},
-                 {"RemoveUnicastAgent(" + fields[0] + ", " + address + ", " + port + ")"});
+                 {"RemoveUnicastAgent(" + fields[0] + ", " + address + ", " +
+                  std::to_string(std::clamp<std::int64_t>(port, INT32_MIN, INT32_MAX)) + ")"});
   }
   return 0;
 }
