@@ -22,6 +22,7 @@ std::string FormatTimestamp(std::uint64_t milliseconds) {
   const auto seconds = static_cast<std::time_t>(milliseconds / 1000);
   char buffer[32] = "0.";
   if (seconds != 0) {
+    tzset();  // localtime_r by itself stays with the time zone that it found first
     std::tm local{};
     localtime_r(&seconds, &local);
     std::strftime(buffer, sizeof buffer, "%Y-%m-%dT%H:%M:%S.", &local);  // fits any 64-bit time

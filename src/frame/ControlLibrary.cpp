@@ -11,7 +11,7 @@ ControlLibrary::ControlLibrary() : plugin_(HostCtl::DovraPluginFactory::GetDovra
 }
 
 DovraInfo* ControlLibrary::operator->() const {
-  if (!info_) throw DovraCtlException("Could not get DovraInfo. Plugin version mismatch?");
+  if (!info_) throw DovraCtlException("The control library gave no information object.");
   return info_.get();
 }
 

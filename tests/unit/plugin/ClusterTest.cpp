@@ -31,7 +31,6 @@ constexpr const char* kEmptyRecord =
 /// "Config Generation" as the command prints it.
 std::string PrintedGeneration(std::uint64_t timestamp, const char* zone = "UTC") {
   setenv("TZ", zone, 1);
-  tzset();
   RecordingLibrary library;
   library.generation = {kUuid, 7, timestamp};
   const std::string root = Testing::Run("cluster get").root;
