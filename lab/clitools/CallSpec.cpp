@@ -1,5 +1,7 @@
 #include "platform/clitools/CallSpec.h"
 
+#include <stdexcept>
+
 namespace CliTools::CallSpec {
 
 std::shared_ptr<ParameterConstraint> ParameterConstraint::New(ParameterConstraintType type) {
@@ -47,12 +49,13 @@ void OutputSpec::SetRootObject(std::shared_ptr<MetaObj::MetaObject> rootTemplate
 
 namespace {
 
+/// Refuses what no host promises a value for: a command that reads it anyway is at fault.
 template <class T>
-T ValueOr(const std::map<std::string, Input::Value>& values, const std::string& name, T absent) {
+const T& ValueOf(const std::map<std::string, Input::Value>& values, const std::string& name) {
   const auto found = values.find(name);
-  if (found == values.end()) return absent;
-  const T* const value = std::get_if<T>(&found->second);
-  return value == nullptr ? absent : *value;
+  const T* const value = found == values.end() ? nullptr : std::get_if<T>(&found->second);
+  if (!value) throw std::logic_error("the command read --" + name + ", which was not given");
+  return *value;
 }
 
 }  // namespace
@@ -64,19 +67,19 @@ bool Input::HasParameter(const std::string& name) const {
   return values_.contains(name);
 }
 std::string Input::GetParameter(const std::string& name) const {
-  return ValueOr(values_, name, std::string());
+  return HasParameter(name) ? ValueOf<std::string>(values_, name) : "";
 }
 std::int64_t Input::GetParameterInt(const std::string& name) const {
-  return ValueOr(values_, name, std::int64_t{0});
+  return ValueOf<std::int64_t>(values_, name);
 }
 bool Input::GetParameterBool(const std::string& name) const {
-  return ValueOr(values_, name, false);
+  return ValueOf<bool>(values_, name);
 }
 bool Input::IsFlagSet(const std::string& name) const {
-  return ValueOr(values_, name, false);
+  return HasParameter(name) && ValueOf<bool>(values_, name);
 }
 void Input::GetParameterList(const std::string& name, std::vector<std::string>& values) const {
-  values = ValueOr(values_, name, std::vector<std::string>());
+  values = ValueOf<std::vector<std::string>>(values_, name);
 }
 void Input::SetParameter(const std::string& name, Value value) {
   values_.insert_or_assign(name, std::move(value));
