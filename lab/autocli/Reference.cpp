@@ -59,10 +59,11 @@ std::string UsageOf(Command& command) {
 
 std::string WhatItDoes(Command& command) {
   const CliTools::Result result = CliTools::ResultOf(command);
-  return (command.GetMetaDataField("type") == "fetcher" ? "It only reads. "
-                                                        : "It changes state. ") +
-         ("Prints " + result.words) + (result.fields.empty() ? "" : " ") +
-         BaseLibs::Join(result.fields, ", ") + '.';
+  std::string words = "Prints " + result.words + (result.fields.empty() ? "" : " ") +
+                      BaseLibs::Join(result.fields, ", ") + '.';
+  if (command.GetMetaDataField("type") == "fetcher") return "It only reads. " + words;
+  // One that prints records need not change anything, whatever its type.
+  return (result.fields.empty() ? "It changes state. " : "") + words;
 }
 
 void WriteCommand(ManualPage& page, Command& command) {
