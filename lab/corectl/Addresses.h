@@ -14,6 +14,8 @@ HostCtl::Dovra::DovraIpAddress ToAddress(const std::string& text);
 bool IsMulticast(const HostCtl::Dovra::DovraIpAddress& address);
 /// Whether a host can have the address for itself.
 bool IsOfOneHost(const HostCtl::Dovra::DovraIpAddress& address);
+/// Whether both lead to the same host, be it that one of them is spelt as the other family's.
+bool IsSame(const HostCtl::Dovra::DovraIpAddress& one, const HostCtl::Dovra::DovraIpAddress& other);
 
 /// Refuses a number outside its range; `what` says in the message what it is.
 void RequireRange(const char* what, std::int64_t value, std::int64_t least, std::int64_t most);

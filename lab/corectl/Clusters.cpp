@@ -27,13 +27,6 @@ void Count(Store& store, std::int64_t& count) {
   ++count;
 }
 
-void MoveGeneration(Store& store, ClusterRow& cluster, const HostRow& host) {
-  Count(store, cluster.generation);
-  cluster.generationUuid = host.uuid;
-  cluster.generationTime = MillisecondsNow();
-  store.Save(cluster);
-}
-
 }  // namespace
 
 std::vector<Member> ListMembers(Store& store, const std::string& cluster) {
@@ -67,10 +60,9 @@ ClusterRow RequireCluster(Store& store, const std::string& uuid) {
   return *cluster;
 }
 
-Membership ReadMembership(Store& store, const std::string& cluster) {
-  Membership membership{ListMembers(store, cluster), kNilUuid, kNilUuid};
+Membership MembershipOf(std::vector<Member> running) {
+  Membership membership{std::move(running), kNilUuid, kNilUuid};
   auto& members = membership.members;
-  std::erase_if(members, [](const Member& member) { return !member.row.running; });
   // The two oldest data hosts lead; everybody else keeps their place behind them.
   auto place = members.begin();
   for (std::string* const leader : {&membership.masterUuid, &membership.backupUuid}) {
@@ -86,14 +78,22 @@ Membership ReadMembership(Store& store, const std::string& cluster) {
 
 void MoveGeneration(Store& store, const std::string& cluster, const HostRow& host) {
   ClusterRow row = RequireCluster(store, cluster);
-  MoveGeneration(store, row, host);
+  Count(store, row.generation);
+  row.generationUuid = host.uuid;
+  row.generationTime = MillisecondsNow();
+  store.Save(row);
 }
 
-void MoveMembership(Store& store, const std::string& cluster, const HostRow& host) {
+void MoveMembership(Store& store, const std::string& cluster) {
   ClusterRow row = RequireCluster(store, cluster);
   Count(store, row.revision);
   row.membershipUuid = NewUuid();
-  MoveGeneration(store, row, host);
+  store.Save(row);
+}
+
+void MoveMembership(Store& store, const std::string& cluster, const HostRow& host) {
+  MoveMembership(store, cluster);
+  MoveGeneration(store, cluster, host);
 }
 
 void AddMember(Store& store, const HostRow& host, MemberRow member) {
@@ -119,10 +119,10 @@ std::string FaultDomainId(const std::string& name) {
   return name.empty() ? std::string() : UuidOfName(name);
 }
 
-std::vector<std::string> StretchedSites(Store& store, const std::string& cluster) {
+std::vector<std::string> SitesOf(const std::vector<Member>& members) {
   std::set<std::string> sites;
   bool hasWitness = false;
-  for (const Member& member : ListMembers(store, cluster)) {
+  for (const Member& member : members) {
     if (member.row.witness) {
       hasWitness = true;
     } else {
@@ -133,10 +133,11 @@ std::vector<std::string> StretchedSites(Store& store, const std::string& cluster
   return {sites.begin(), sites.end()};
 }
 
-std::string PreferredFaultDomain(Store& store, const std::string& cluster) {
-  const auto members = store.ListMembers(cluster);
-  const auto witness = std::ranges::find_if(members, &MemberRow::witness);
-  return witness == members.end() ? "" : witness->preferredFaultDomain;
+std::string PreferredFaultDomain(const std::vector<Member>& members) {
+  for (const Member& member : members) {
+    if (member.row.witness) return member.row.preferredFaultDomain;
+  }
+  return {};
 }
 
 }  // namespace Lab

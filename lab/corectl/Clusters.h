@@ -27,19 +27,21 @@ MemberRow RequireRunningMember(Store& store, const HostRow& host);
 /// The cluster of a member.
 ClusterRow RequireCluster(Store& store, const std::string& uuid);
 
-/// A cluster's running members as all of them see it: the master, the backup, then the others in
-/// the order in which they came. A witness is neither master nor backup.
+/// Running members as all of them see it: the master, the backup, then the others in the order in
+/// which they came. A witness is neither master nor backup.
 struct Membership {
   std::vector<Member> members;
   std::string masterUuid;  ///< the nil UUID when there is none
   std::string backupUuid;
 };
-Membership ReadMembership(Store& store, const std::string& cluster);
+Membership MembershipOf(std::vector<Member> members);
 
 /// Notes that `host` changed what the cluster shares.
 void MoveGeneration(Store& store, const std::string& cluster, const HostRow& host);
 /// Notes that `host` came or went.
 void MoveMembership(Store& store, const std::string& cluster, const HostRow& host);
+/// Notes that members reach others than before.
+void MoveMembership(Store& store, const std::string& cluster);
 
 /// Puts the host into the cluster, behind all that are in it.
 void AddMember(Store& store, const HostRow& host, MemberRow member);
@@ -48,10 +50,10 @@ void RemoveMember(Store& store, const HostRow& host, const std::string& cluster)
 
 /// The id of a fault domain: the same on every host of it. Empty if there is no name.
 std::string FaultDomainId(const std::string& name);
-/// The fault domains of the data sites when the cluster has a witness and exactly two of them;
-/// otherwise nothing: the cluster is not stretched.
-std::vector<std::string> StretchedSites(Store& store, const std::string& cluster);
+/// The fault domains of the data sites when a cluster of these members has a witness and exactly
+/// two of them; otherwise nothing: the cluster is not stretched.
+std::vector<std::string> SitesOf(const std::vector<Member>& members);
 /// The fault domain that the cluster's witness prefers; empty without a witness.
-std::string PreferredFaultDomain(Store& store, const std::string& cluster);
+std::string PreferredFaultDomain(const std::vector<Member>& members);
 
 }  // namespace Lab

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <map>
+#include <set>
 
 #include "corectl/LabHost.h"
 #include "platform/corectl/DovraUtil.h"
@@ -22,8 +23,15 @@ std::string Quoted(const std::string& text) {
 
 DiskRow RequireDevice(Store& store, const HostRow& host, const std::string& device) {
   auto disk = store.FindDisk(host.id, device);
-  if (!disk) Refuse("Host " + host.name + " has no disk " + Quoted(device) + ".");
+  if (!disk || disk->unplugged) {
+    Refuse("Host " + host.name + " has no disk " + Quoted(device) + ".");
+  }
   return *disk;
+}
+
+/// What a disk is called in a message: its device, as far as the host sees it.
+std::string NameOf(const DiskRow& disk) {
+  return disk.unplugged ? disk.uuid : Quoted(disk.device);
 }
 
 /// The disks behind the group's flash device.
@@ -52,10 +60,13 @@ void Release(Store& store, const DiskRow& disk) {
   empty.device = disk.device;
   empty.flash = disk.flash;
   empty.capacityTag = disk.capacityTag;
+  empty.failed = disk.failed;
+  empty.unplugged = disk.unplugged;
   store.Save(empty);
 }
 
 void RequireEmpty(const DiskRow& disk) {
+  if (disk.failed) Refuse("Disk " + Quoted(disk.device) + " has failed.");
   if (disk.IsClaimed()) {
     Refuse("Disk " + Quoted(disk.device) + " is in use by disk group " + Quoted(disk.groupName) +
            ".");
@@ -65,7 +76,7 @@ void RequireEmpty(const DiskRow& disk) {
 /// The device that is to front the group: its own group's, or an empty one of the right kind.
 DiskRow TakeFronting(Store& store, const HostRow& host, const std::string& ssd) {
   DiskRow disk = RequireDevice(store, host, ssd);
-  if (disk.IsCache()) return disk;
+  if (disk.IsCache() && !disk.IsLost()) return disk;
   RequireEmpty(disk);
   if (!disk.flash) Refuse("Disk " + Quoted(ssd) + " is not a flash device.");
   if (disk.capacityTag) {
@@ -88,6 +99,7 @@ Unclaimed FindUnclaimed(Store& store, const HostRow& host) {
   Unclaimed found;
   std::map<std::string, std::size_t> sizes;
   for (const DiskRow& disk : store.ListDisks(host.id)) {
+    if (disk.IsLost()) continue;
     if (disk.IsCache()) {
       sizes[disk.device] += 0;
     } else if (disk.IsClaimed()) {
@@ -119,6 +131,18 @@ void AutoClaim(Store& store, const HostRow& host) {
   }
 }
 
+/// Writes a disk that is no longer there to be used, and takes it out of use: a flash device with
+/// the whole group behind it.
+void Lose(Store& store, const DiskRow& lost) {
+  store.Save(lost);
+  if (!lost.IsClaimed()) return;
+  for (DiskRow& disk : store.ListGroup(lost.host, lost.group)) {
+    if (!lost.IsCache() && disk.id != lost.id) continue;
+    disk.mounted = false;
+    store.Save(disk);
+  }
+}
+
 std::string DeviceName(std::int64_t adapter, std::int64_t target) {
   return "mpx.xhba" + std::to_string(adapter) + ":C0:T" + std::to_string(target) + ":L0";
 }
@@ -132,14 +156,17 @@ void AddDisks(Store& store, const HostRow& host, const std::string& ssd,
     Refuse("Disk group " + Quoted(fronting.device) + " can have at most " +
            std::to_string(kMaxGroupDisks) + " capacity disks.");
   }
+  std::set<std::string> seen = {ssd};
   for (const std::string& device : disks) {
     DiskRow disk = RequireDevice(store, host, device);
+    if (!seen.insert(device).second) Refuse("Disk " + Quoted(device) + " is given twice.");
     RequireEmpty(disk);
     if (!disk.IsCapacityKind()) {
       Refuse("Disk " + Quoted(device) +
              " is a flash device; to hold data it must be tagged capacityFlash.");
     }
     Claim(disk, fronting.uuid, fronting.device);
+    disk.mounted = fronting.mounted;
     store.Save(disk);
   }
 }
@@ -171,7 +198,7 @@ void RemoveCapacityDisk(Store& store, const HostRow& host, const DiskRow& disk) 
            " fronts a disk group; it can only be removed with the whole group.");
   }
   if (ListCapacityDisks(store, host, disk.group).size() == 1) {
-    Refuse("Disk " + Quoted(disk.device) + " is the last capacity disk of disk group " +
+    Refuse("Disk " + NameOf(disk) + " is the last capacity disk of disk group " +
            Quoted(disk.groupName) + "; remove the whole group by its ssd.");
   }
   Release(store, disk);
@@ -190,15 +217,20 @@ void RemoveDiskOrGroup(Store& store, const HostRow& host, const DiskRow& disk) {
 }
 
 void SetMounted(Store& store, const HostRow& host, const DiskRow& disk, bool mounted) {
+  if (mounted && disk.IsLost()) {
+    Refuse("Disk " + NameOf(disk) + (disk.failed ? " has failed." : " is not plugged in."));
+  }
   std::vector<DiskRow> disks = {disk};
   if (disk.IsCache()) {
     disks = store.ListGroup(host.id, disk.uuid);
-  } else if (mounted && !RequireDevice(store, host, disk.groupName).mounted) {
+  } else if (mounted && !store.FindDisk(host.id, disk.groupName).value_or(DiskRow()).mounted) {
     Refuse("Disk group " + Quoted(disk.groupName) + " is not mounted; mount it by its ssd first.");
   }
-  std::erase_if(disks, [=](const DiskRow& one) { return one.mounted == mounted; });
+  std::erase_if(disks, [=](const DiskRow& one) {
+    return one.mounted == mounted || (mounted && one.IsLost());
+  });
   if (disks.empty()) {
-    Refuse("Disk " + Quoted(disk.device) + (mounted ? " is mounted already." : " is not mounted."));
+    Refuse("Disk " + NameOf(disk) + (mounted ? " is mounted already." : " is not mounted."));
   }
   for (DiskRow& one : disks) {
     one.mounted = mounted;
@@ -227,6 +259,48 @@ void PlugIn(Store& store, const HostRow& host, const std::string& device, bool f
   disk.device = device;
   disk.flash = flash;
   store.Save(disk);
+  if (host.autoClaim) AutoClaim(store, host);
+}
+
+void Fail(Store& store, const HostRow& host, const std::string& device) {
+  DiskRow disk = RequireDevice(store, host, device);
+  if (disk.failed) Refuse("Disk " + Quoted(device) + " has failed already.");
+  disk.failed = true;
+  Lose(store, disk);
+}
+
+void Unplug(Store& store, const HostRow& host, const std::string& device) {
+  DiskRow disk = RequireDevice(store, host, device);
+  disk.unplugged = true;
+  Lose(store, disk);
+}
+
+void Replug(Store& store, const HostRow& host, const std::string& device) {
+  auto found = store.FindDisk(host.id, device);
+  if (!found || !found->unplugged) {
+    Refuse("Host " + host.name + " has no unplugged disk " + Quoted(device) + ".");
+  }
+  DiskRow disk = *found;
+  disk.unplugged = false;
+  store.Save(disk);
+  if (!disk.failed && disk.IsClaimed()) {
+    const bool isGroupMounted =
+        disk.IsCache() || store.FindDiskByUuid(disk.group).value_or(DiskRow()).mounted;
+    if (isGroupMounted) SetMounted(store, host, disk, true);
+  }
+  if (host.autoClaim) AutoClaim(store, host);
+}
+
+void Replace(Store& store, const HostRow& host, const std::string& device) {
+  auto disk = store.FindDisk(host.id, device);
+  if (!disk) Refuse("Host " + host.name + " has no disk " + Quoted(device) + ".");
+  if (!disk->IsLost()) Refuse("Disk " + Quoted(device) + " has not failed.");
+  if (disk->IsClaimed()) {
+    Refuse("Disk " + Quoted(device) + " is still known to disk group " + Quoted(disk->groupName) +
+           "; remove it from there first.");
+  }
+  disk->failed = disk->unplugged = disk->capacityTag = false;
+  store.Save(*disk);
   if (host.autoClaim) AutoClaim(store, host);
 }
 

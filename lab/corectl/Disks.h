@@ -36,6 +36,19 @@ void SetCapacityTag(Store& store, const HostRow& host, const std::string& device
 /// Adds an empty disk to the host. With auto-claim on, this is the event at which the service
 /// claims what is empty.
 void PlugIn(Store& store, const HostRow& host, const std::string& device, bool flash);
+
+// What happens to disks. A lost one is out of use until it is replugged or replaced, and so is,
+// when it is a flash device, the group behind it.
+
+/// The disk can no longer be read: it is seen, and that is all.
+void Fail(Store& store, const HostRow& host, const std::string& device);
+/// The disk is no longer seen; the cluster still knows it.
+void Unplug(Store& store, const HostRow& host, const std::string& device);
+/// The disk is seen again, and mounted again if its group is.
+void Replug(Store& store, const HostRow& host, const std::string& device);
+/// A new, empty disk takes the place of a lost one that is in no group any more.
+void Replace(Store& store, const HostRow& host, const std::string& device);
+
 /// Adds `count` claimed disks on an adapter of their own, in groups of one flash device and up to
 /// seven capacity disks.
 void Generate(Store& store, const HostRow& host, std::int64_t count);

@@ -1,12 +1,16 @@
 // The utilities that tell of the host, or act on it.
 
+#include <algorithm>
 #include <ctime>
 
 #include "baselibs/Process.h"
+#include "baselibs/Text.h"
 #include "corectl/Clusters.h"
 #include "corectl/Hosts.h"
 #include "corectl/LabHost.h"
+#include "corectl/Splits.h"
 #include "platform/corectl/DovraUtil.h"
+#include "store/Uuids.h"
 
 namespace CoreCtl::Dovra {
 
@@ -24,16 +28,21 @@ void DovraUtil::GetInfoFromTavdir(std::vector<DovraMemberInfo>& members,
   LabHost::Current().Read("GetInfoFromTavdir", [&](Store& store, const HostRow& host) {
     const std::string uuid = Lab::RequireRunningMember(store, host).cluster;
     const Lab::ClusterRow cluster = Lab::RequireCluster(store, uuid);
-    const Lab::Membership membership = Lab::ReadMembership(store, uuid);
+    const Lab::Side side = Lab::SideOf(store, host, uuid);
+    const Lab::Membership membership = Lab::MembershipOf(side.members);
     members.clear();
     for (const Lab::Member& member : membership.members) members.push_back({member.host.uuid});
     localNodeUuid = host.uuid;
     localNodeState = host.uuid == membership.masterUuid   ? "MASTER"
                      : host.uuid == membership.backupUuid ? "BACKUP"
                                                           : "AGENT";
-    localNodeHealthState = "HEALTHY";
+    localNodeHealthState = !side.isSplit        ? "HEALTHY"
+                           : side.HasMajority() ? "HEALTHY (network split, majority)"
+                                                : "UNHEALTHY (network split, no majority)";
     membershipEntryRevision = static_cast<std::uint64_t>(cluster.revision);
-    membershipUuid = cluster.membershipUuid;
+    // Each side of a split has a membership of its own.
+    membershipUuid = side.isSplit ? Lab::UuidOfName(cluster.membershipUuid + members.front().uuid)
+                                  : cluster.membershipUuid;
     masterUuid = membership.masterUuid;
     backupUuid = membership.backupUuid;
     maintenanceModeState = host.enteringMaintenance ? "ENTERING" : "OFF";
@@ -66,7 +75,7 @@ bool DovraUtil::IsWitnessNode() {
 bool DovraUtil::IsInStretchedCluster() {
   return LabHost::Current().Read("IsInStretchedCluster", [](Store& store, const HostRow& host) {
     const auto member = Lab::FindRunningMember(store, host);
-    return member && !Lab::StretchedSites(store, member->cluster).empty();
+    return member && !Lab::SitesOf(Lab::ListMembers(store, member->cluster)).empty();
   });
 }
 
@@ -79,8 +88,14 @@ std::string DovraUtil::GetFaultDomainId() {
 
 void DovraUtil::GetPreferredFaultDomainInfo(std::string& id, std::string& name) {
   LabHost::Current().Read("GetPreferredFaultDomainInfo", [&](Store& store, const HostRow& host) {
-    name = Lab::PreferredFaultDomain(store, Lab::RequireRunningMember(store, host).cluster);
+    const auto members = Lab::ListMembers(store, Lab::RequireRunningMember(store, host).cluster);
+    name = Lab::PreferredFaultDomain(members);
     id = Lab::FaultDomainId(name);
+    const auto sites = Lab::SitesOf(members);
+    if (!sites.empty() && std::ranges::find(sites, name) == sites.end()) {
+      Lab::Refuse("The witness prefers \"" + name + "\", but the data sites are \"" +
+                  BaseLibs::Join(sites, "\" and \"") + "\" now.");
+    }
   });
 }
 
@@ -91,7 +106,7 @@ void DovraUtil::DecomCancel() {
 
 int DovraUtil::DovraExec(const std::string& command, const std::string& argument, bool, bool,
                          bool) {
-  LabHost::Current().FailIfTold("DovraExec");
+  if (LabHost::Current().TakeFault("DovraExec")) return -1;  // it has no other way to fail
   // What the program says is for its log; the caller judges by its status.
   return BaseLibs::RunProgram({command, argument}).status;
 }

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <string_view>
 #include <utility>
 
 #include "baselibs/Text.h"
@@ -25,12 +26,26 @@ constexpr std::array<std::pair<DovraPolicyClass, const char*>, 5> kPolicyClasses
     {DovraPolicyClass::kVmem, "vmem"},
 }};
 
+/// How many bytes the first character has. A byte that is part of none counts as one of its own, or
+/// a text of such bytes would be of any length.
+std::size_t LengthOfCharacter(std::string_view text) {
+  const auto first = static_cast<unsigned char>(text.front());
+  const std::size_t length = first < 0xC0 ? 1 : first < 0xE0 ? 2 : first < 0xF0 ? 3 : 4;
+  const auto rest = text.substr(1, length - 1);
+  const bool isWhole = rest.size() == length - 1 && std::ranges::all_of(rest, [](char c) {
+                         return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
+                       });
+  return isWhole ? length : 1;
+}
+
 }  // namespace
 
 std::size_t DovraUtil::UTF8StringCharLength(const std::string& text) {
-  // Every byte but a continuation byte begins a character.
-  return static_cast<std::size_t>(std::ranges::count_if(
-      text, [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));
+  std::size_t characters = 0;
+  for (std::size_t place = 0; place < text.size(); ++characters) {
+    place += LengthOfCharacter(std::string_view(text).substr(place));
+  }
+  return characters;
 }
 
 Uuid DovraUtil::StringToDovraUuid(const std::string& text) {

@@ -87,19 +87,30 @@ LabHost::LabHost(Store& store, const HostRow& host)
       id_(host.id),
       hasFaults_(!store.ListFaults(host.id).empty()) {}
 
-void LabHost::FailIfTold(Operation operation) {
-  if (!hasFaults_) return;
+std::optional<std::string> LabHost::TakeFault(Operation operation) {
+  if (!hasFaults_) return std::nullopt;
   Store::Transaction transaction(store_, Store::Transaction::Kind::kWrite);
   auto faults = store_.ListFaults(id_);
   const auto fault = std::ranges::find(faults, operation.GetName(), &FaultRow::operation);
-  if (fault == faults.end()) return;
-  if (--fault->remaining > 0) {
+  if (fault == faults.end()) return std::nullopt;
+  const bool passes = fault->passes > 0;
+  --(passes ? fault->passes : fault->remaining);
+  if (fault->remaining > 0) {
     store_.Save(*fault);
   } else {
     store_.RemoveFault(fault->id);
   }
   transaction.Commit();
-  Refuse(fault->message);
+  return passes ? std::nullopt : std::optional(fault->message);
+}
+
+void LabHost::FailIfTold(Operation operation) {
+  if (const auto message = TakeFault(operation)) Refuse(*message);
+}
+
+const DiskView& LabHost::GetDiskView() {
+  if (!diskView_) diskView_ = Read(ReadDiskView);
+  return *diskView_;
 }
 
 fs::path LabHost::GetRoot() {

@@ -2,10 +2,12 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "corectl/DiskView.h"
 #include "corectl/Operations.h"
 #include "platform/hostctl/DovraCtlException.h"
 #include "store/Store.h"
@@ -17,6 +19,7 @@ struct Selection {
   std::filesystem::path folder;
   std::string host;
   std::filesystem::path hostFiles;  ///< what a new host's root folder is filled with
+  bool namesHost = false;           ///< the host was chosen for this command, not for all
 };
 
 /// Says so. Nothing is opened or made until something is asked of the lab. What was opened for an
@@ -31,6 +34,15 @@ bool IsMade();
 
 /// The selected lab's store, opened on first use. Throws `LabError`.
 Store& OpenStore();
+
+/// Runs `work(store)` on the selected lab as a whole, as one transaction.
+template <class Work>
+void ChangeLab(Work&& work) {
+  Store& store = OpenStore();
+  Store::Transaction transaction(store, Store::Transaction::Kind::kWrite);
+  work(store);
+  transaction.Commit();
+}
 
 /// Throws `DovraCtlException`: the control library's way to refuse.
 [[noreturn]] void Refuse(const std::string& reason);
@@ -68,13 +80,19 @@ class LabHost {
   }
   template <class Work>
   auto Change(Work&& work) {
+    diskView_.reset();
     return Run(Store::Transaction::Kind::kWrite, std::forward<Work>(work));
   }
 
-  /// Throws the operation's next injected fault, if there is one.
+  /// Uses up the operation's next injected fault, if there is one, and returns what it says.
+  std::optional<std::string> TakeFault(Operation operation);
+  /// Throws it.
   void FailIfTold(Operation operation);
 
   const std::string& GetName() const { return name_; }
+  /// The disks that the host knows of, as they were at the first question since the selection or
+  /// the last change.
+  const DiskView& GetDiskView();
   /// The folder that is "/" to the host.
   std::filesystem::path GetRoot();
 
@@ -98,6 +116,7 @@ class LabHost {
   Store& store_;
   std::string name_;
   std::int64_t id_;
+  std::optional<DiskView> diskView_;
   bool hasFaults_;  // as of the selection; mostly none
 };
 

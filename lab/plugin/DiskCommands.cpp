@@ -46,6 +46,61 @@ class DiskAdd final : public SuccessCommand<DiskAdd> {
   }
 };
 
+/// Something that happens to one disk: `kEvent(store, host, device)`, refused as `T::kFailure`
+/// says.
+template <class T, auto kEvent>
+class DiskEvent : public SuccessCommand<T> {
+ private:
+  InputSpecPtr GetInputSpecInternal() override {
+    return MakeInputSpec({{"device", "d", ParameterType::kString, Need::kRequired,
+                           "Device name of the disk, e.g. mpx.xhba2:C0:T1:L0."}});
+  }
+
+  void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
+    SucceedOrNothing(output, T::kFailure, [&] {
+      LabHost::Current().Change([&](Store& store, const HostRow& host) {
+        kEvent(store, host, input->GetParameter("device"));
+      });
+    });
+  }
+};
+
+class DiskFail final : public DiskEvent<DiskFail, Fail> {
+ public:
+  static constexpr const char* kFailure = "Unable to fail disk: ";
+  DiskFail() {
+    DescribeOperation(
+        "Let a disk of this host fail: it is seen but cannot be read. A flash disk that fronts a "
+        "disk group takes the whole group out of use.");
+  }
+};
+
+class DiskUnplug final : public DiskEvent<DiskUnplug, Unplug> {
+ public:
+  static constexpr const char* kFailure = "Unable to unplug disk: ";
+  DiskUnplug() {
+    DescribeOperation(
+        "Unplug a disk from this host. The cluster still knows it, until it is removed by its "
+        "UUID.");
+  }
+};
+
+class DiskReplug final : public DiskEvent<DiskReplug, Replug> {
+ public:
+  static constexpr const char* kFailure = "Unable to replug disk: ";
+  DiskReplug() { DescribeOperation("Plug in again what was unplugged, with all that is on it."); }
+};
+
+class DiskReplace final : public DiskEvent<DiskReplace, Replace> {
+ public:
+  static constexpr const char* kFailure = "Unable to replace disk: ";
+  DiskReplace() {
+    DescribeOperation(
+        "Put a new, empty disk in the place of one that failed or was unplugged, and that no disk "
+        "group knows any more.");
+  }
+};
+
 class DiskGenerate final : public SuccessCommand<DiskGenerate> {
  public:
   DiskGenerate() {
@@ -79,6 +134,7 @@ class DiskList final : public ListCommand<DiskList> {
               {"Disk Group", MetaType::kString},
               {"UUID", MetaType::kString},
               {"Mounted", MetaType::kBool},
+              {"State", MetaType::kString},
           },
       .formatter = "table",
       .separator = ",",
@@ -100,6 +156,7 @@ class DiskList final : public ListCommand<DiskList> {
         row->SetField("Disk Group", disk.groupName);
         row->SetField("UUID", disk.uuid);
         row->SetField("Mounted", MetaBool::New(disk.mounted));
+        row->SetField("State", disk.unplugged ? "unplugged" : disk.failed ? "failed" : "ok");
         list->Add(row);
       }
     });
@@ -111,6 +168,10 @@ class DiskList final : public ListCommand<DiskList> {
 
 namespace OrvaneCli::DovraNamespace {
 template CommandPtr MakeCommand<Lab::DiskAdd>();
+template CommandPtr MakeCommand<Lab::DiskFail>();
+template CommandPtr MakeCommand<Lab::DiskUnplug>();
+template CommandPtr MakeCommand<Lab::DiskReplug>();
+template CommandPtr MakeCommand<Lab::DiskReplace>();
 template CommandPtr MakeCommand<Lab::DiskGenerate>();
 template CommandPtr MakeCommand<Lab::DiskList>();
 }  // namespace OrvaneCli::DovraNamespace

@@ -23,15 +23,6 @@ HostRow RequireHost(Store& store, const std::string& name) {
   return *host;
 }
 
-/// Runs `work` on the lab as a whole, as one transaction.
-template <class Work>
-void ChangeLab(Work&& work) {
-  Store& store = OpenStore();
-  Store::Transaction transaction(store, Store::Transaction::Kind::kWrite);
-  work(store);
-  transaction.Commit();
-}
-
 }  // namespace
 
 class HostAdd final : public SuccessCommand<HostAdd> {
@@ -90,6 +81,7 @@ class HostList final : public ListCommand<HostList> {
               {"Membership", MetaType::kString},
               {"Fault Domain", MetaType::kString},
               {"API Version", MetaType::kInt},
+              {"Network Group", MetaType::kInt},
           },
       .formatter = "table",
       .separator = ",",
@@ -113,6 +105,7 @@ class HostList final : public ListCommand<HostList> {
       }
       row->SetField("Fault Domain", host.faultDomain);
       row->SetField("API Version", MetaInt::New(host.apiVersion));
+      row->SetField("Network Group", MetaInt::New(host.networkGroup));
       list->Add(row);
     }
     output->SetRootObject(list);

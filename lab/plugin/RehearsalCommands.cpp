@@ -35,15 +35,19 @@ class FaultAdd final : public SuccessCommand<FaultAdd> {
          "What the operation says when it fails."},
         {"count", "c", ParameterType::kInt, Need::kOptional,
          "How many calls fail (%ENUM%, 1 if not given).", Between(1, 1000000)},
+        {"after", "k", ParameterType::kInt, Need::kOptional,
+         "How many calls pass first (%ENUM%, none if not given).", Between(0, 1000000)},
     });
   }
 
   void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
     SucceedOrNothing(output, "Unable to add fault: ", [&] {
       LabHost::Current().Change([&](Store& store, const HostRow& host) {
-        const std::int64_t count = Given<std::int64_t>(input, "count").value_or(1);
-        store.Save(FaultRow{0, host.id, input->GetParameter("operation"),
-                            input->GetParameter("message"), count});
+        const std::string message = input->GetParameter("message");
+        if (message.empty()) Refuse("A fault needs a message.");
+        store.Save(FaultRow{0, host.id, input->GetParameter("operation"), message,
+                            Given<std::int64_t>(input, "after").value_or(0),
+                            Given<std::int64_t>(input, "count").value_or(1)});
       });
     });
   }
@@ -58,6 +62,7 @@ class FaultList final : public ListCommand<FaultList> {
               {"Host", MetaType::kString},
               {"Operation", MetaType::kString},
               {"Message", MetaType::kString},
+              {"After", MetaType::kInt},
               {"Remaining", MetaType::kInt},
           },
       .formatter = "table",
@@ -79,6 +84,7 @@ class FaultList final : public ListCommand<FaultList> {
         row->SetField("Host", host.name);
         row->SetField("Operation", fault.operation);
         row->SetField("Message", fault.message);
+        row->SetField("After", MetaInt::New(fault.passes));
         row->SetField("Remaining", MetaInt::New(fault.remaining));
         list->Add(row);
       }
@@ -89,11 +95,31 @@ class FaultList final : public ListCommand<FaultList> {
 
 class FaultClear final : public SuccessCommand<FaultClear> {
  public:
-  FaultClear() { DescribeOperation("Take back every fault, on every host of the lab."); }
+  FaultClear() {
+    DescribeOperation(
+        "Take back faults: every one on every host of the lab, or with autocli's --host those of "
+        "one host.");
+  }
 
  private:
-  void ExecuteInternal(const InputPtr&, const OutputPtr& output) override {
-    SucceedOrNothing(output, "Unable to clear faults: ", [] { OpenStore().ClearFaults(); });
+  InputSpecPtr GetInputSpecInternal() override {
+    return MakeInputSpec({{"operation", "o", ParameterType::kString, Need::kOptional,
+                           "Only those on this operation, one of %ENUM%.", AnyOperation()}});
+  }
+
+  void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
+    const auto operation = Given<std::string>(input, "operation");
+    const auto clear = [&](Store& store, const HostRow& host) {
+      for (const FaultRow& fault : store.ListFaults(host.id)) {
+        if (!operation || fault.operation == *operation) store.RemoveFault(fault.id);
+      }
+    };
+    SucceedOrNothing(output, "Unable to clear faults: ", [&] {
+      if (Selected().namesHost) return LabHost::Current().Change(clear);
+      ChangeLab([&](Store& store) {
+        for (const HostRow& host : store.ListHosts()) clear(store, host);
+      });
+    });
   }
 };
 

@@ -11,7 +11,7 @@ namespace Lab {
 /// Marks a SQLite file as a lab's store.
 inline constexpr std::int64_t kApplicationId = 0x446F764C;
 /// Grows with every change of the schema. A store of another version is left alone.
-inline constexpr std::int64_t kSchemaVersion = 2;
+inline constexpr std::int64_t kSchemaVersion = 3;
 
 template <>
 struct Table<LabRow> {
@@ -36,6 +36,7 @@ struct Table<HostRow> {
     column("entering_maintenance", row.enteringMaintenance);
     column("resync_throttle", row.resyncThrottle);
     column("resync_demand", row.resyncDemand);
+    column("network_group", row.networkGroup);
   }
 };
 
@@ -162,6 +163,8 @@ struct Table<DiskRow> {
     column("checksum_ok", row.checksumOk);
     column("encryption", row.encryption);
     column("key_loaded", row.keyLoaded);
+    column("failed", row.failed);
+    column("unplugged", row.unplugged);
   }
 };
 
@@ -188,6 +191,7 @@ struct Table<FaultRow> {
     column("host", row.host);
     column("operation", row.operation);
     column("message", row.message);
+    column("passes", row.passes);
     column("remaining", row.remaining);
   }
 };

@@ -35,6 +35,7 @@ struct HostRow {
   bool enteringMaintenance = false;
   std::int64_t resyncThrottle = 0;  ///< Mbps
   std::int64_t resyncDemand = 0;    ///< what resync would use unthrottled, Mbps
+  std::int64_t networkGroup = 0;    ///< hosts reach those of the same group only
 };
 
 struct InterfaceRow {
@@ -116,8 +117,12 @@ struct DiskRow {
   bool checksumOk = true;
   bool encryption = false;
   bool keyLoaded = false;
+  bool failed = false;
+  bool unplugged = false;
 
   bool IsClaimed() const { return !uuid.empty(); }
+  /// Whether the disk cannot be used as it is.
+  bool IsLost() const { return failed || unplugged; }
   /// Whether the disk fronts its disk group.
   bool IsCache() const { return IsClaimed() && uuid == group; }
   /// Whether the disk is of the kind that holds data.
@@ -137,7 +142,8 @@ struct FaultRow {
   std::int64_t host = 0;
   std::string operation;
   std::string message;
-  std::int64_t remaining = 0;
+  std::int64_t passes = 0;     ///< calls that are let through first
+  std::int64_t remaining = 0;  ///< calls that fail then
 };
 
 class Store;
@@ -217,7 +223,6 @@ class Store {
   // Faults of a host, in the order in which they were added.
   std::vector<FaultRow> ListFaults(std::int64_t host);
   void RemoveFault(std::int64_t fault);
-  void ClearFaults();
 
   /// A transaction: it is undone unless it is committed.
   class Transaction {

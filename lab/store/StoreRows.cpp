@@ -166,8 +166,4 @@ void Store::RemoveFault(std::int64_t fault) {
   database_->Run("DELETE FROM faults WHERE id = ?", fault);
 }
 
-void Store::ClearFaults() {
-  database_->Run("DELETE FROM faults");
-}
-
 }  // namespace Lab

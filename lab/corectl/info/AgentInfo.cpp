@@ -19,7 +19,7 @@ std::string Canonical(const std::string& uuid) {
 }
 
 bool IsAt(const AgentRow& agent, const DovraIpAddress& address, std::int64_t port) {
-  return agent.port == port && ToAddress(agent.address) == address;
+  return agent.port == port && IsSame(ToAddress(agent.address), address);
 }
 
 }  // namespace
@@ -47,6 +47,9 @@ void LabInfo::AddUnicastAgent(const std::string& nodeUuid, bool isWitness, bool 
       Refuse("There can be at most " + std::to_string(kMaxAgents) + " unicast agents.");
     }
     for (const AgentRow& known : agents) {
+      if (isWitness && known.witness) {
+        Refuse("There is a unicast witness already: " + known.address + ".");
+      }
       if (IsAt(known, address, port)) {
         Refuse("There is a unicast agent at " + agent.address + " port " + std::to_string(port) +
                " already.");

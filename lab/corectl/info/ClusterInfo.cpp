@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "corectl/Clusters.h"
+#include "corectl/Splits.h"
 #include "corectl/info/LabInfo.h"
 #include "platform/corectl/DovraUtil.h"
 #include "store/Uuids.h"
@@ -38,6 +38,15 @@ void Found(Store& store, const HostRow& host, const std::string& uuid) {
   MemberRow member;
   member.cluster = uuid;
   AddMember(store, host, member);
+}
+
+/// Refuses to join a cluster of which the host reaches no part that may take it in.
+void RequireReachable(Store& store, const HostRow& host, const std::string& cluster) {
+  if (SideOf(store, host, cluster).votes == 0 &&
+      std::ranges::any_of(store.ListMembers(cluster), &MemberRow::running)) {
+    Refuse("The network is split, and this host reaches no host of cluster " + cluster + ".");
+  }
+  RequireMajority(store, host, cluster);
 }
 
 /// Refuses a fault domain that is none of the stretched cluster's two data sites.
@@ -110,15 +119,18 @@ void LabInfo::JoinCluster(const Uuid& cluster, bool asWitness,
     member.cluster = uuid;
     member.witness = asWitness;
     member.preferredFaultDomain = preferredFaultDomain;
+    RequireReachable(store, host, uuid);
     AddMember(store, host, member);
-    const auto sites = StretchedSites(store, uuid);
+    const auto sites = SitesOf(ListMembers(store, uuid));
     if (asWitness && !sites.empty()) RequireSite(sites, preferredFaultDomain);
   });
 }
 
 void LabInfo::LeaveCluster(bool) {
   host_.Change("LeaveCluster", [](Store& store, HostRow& host) {
-    RemoveMember(store, host, RequireRunningMember(store, host).cluster);
+    const std::string cluster = RequireRunningMember(store, host).cluster;
+    RequireMajority(store, host, cluster);
+    RemoveMember(store, host, cluster);
     host.enteringMaintenance = false;
     store.Save(host);
   });
@@ -154,9 +166,10 @@ void LabInfo::SetPreferredFaultDomain(const std::string& name) {
   host_.Change("SetPreferredFaultDomain", [&](Store& store, const HostRow& host) {
     MemberRow member = RequireRunningMember(store, host);
     if (!member.witness) Refuse("This host is not a witness node.");
-    const auto sites = StretchedSites(store, member.cluster);
+    const auto sites = SitesOf(ListMembers(store, member.cluster));
     if (sites.empty()) Refuse("The cluster is not stretched over two fault domains.");
     RequireSite(sites, name);
+    RequireMajority(store, host, member.cluster);
     member.preferredFaultDomain = name;
     store.Save(member);
     MoveGeneration(store, member.cluster, host);

@@ -1,6 +1,6 @@
 // A cluster's datastores.
 
-#include "corectl/Clusters.h"
+#include "corectl/Splits.h"
 #include "corectl/info/LabInfo.h"
 #include "platform/corectl/DovraUtil.h"
 #include "store/Uuids.h"
@@ -61,6 +61,7 @@ void LabInfo::SetDatastoreName(const std::string& uuid, const std::string& name)
   host_.Change("SetDatastoreName", [&](Store& store, const HostRow& host) {
     DatastoreRow datastore = RequireDatastore(store, host, uuid);
     if (datastore.name == name) return;
+    RequireMajority(store, host, datastore.cluster);
     RequireFreeName(store, datastore.cluster, name);
     datastore.name = name;
     store.Save(datastore);
@@ -74,6 +75,7 @@ void LabInfo::AddDatastore(const DovraDatastore& datastore) {
         DovraUtil::DovraUuidToString(DovraUtil::StringToDovraUuid(datastore.GetUuid()));
     const std::string cluster = RequireRunningMember(store, host).cluster;
     if (uuid == kNilUuid) Refuse("The nil UUID names no datastore.");
+    RequireMajority(store, host, cluster);
     if (store.FindDatastore(uuid)) Refuse("Datastore " + uuid + " exists already.");
     RequireFreeName(store, cluster, datastore.GetName());
     store.Save(DatastoreRow{0, uuid, cluster, datastore.GetName(), false});
@@ -88,6 +90,7 @@ void LabInfo::RemoveDatastore(const std::string& uuid, bool) {
     if (datastore.isDefault) {
       Refuse("Datastore " + datastore.uuid + " is the default datastore; it cannot be removed.");
     }
+    RequireMajority(store, host, datastore.cluster);
     store.RemoveDatastore(datastore.uuid);
     MoveGeneration(store, datastore.cluster, host);
   });
@@ -96,6 +99,7 @@ void LabInfo::RemoveDatastore(const std::string& uuid, bool) {
 void LabInfo::ClearDatastores() {
   host_.Change("ClearDatastores", [](Store& store, const HostRow& host) {
     const std::string cluster = RequireRunningMember(store, host).cluster;
+    RequireMajority(store, host, cluster);
     for (const DatastoreRow& datastore : store.ListDatastores(cluster)) {
       if (!datastore.isDefault) store.RemoveDatastore(datastore.uuid);
     }

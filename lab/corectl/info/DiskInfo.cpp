@@ -1,10 +1,8 @@
 // Disks and disk groups.
 
 #include <algorithm>
-#include <set>
 
 #include "baselibs/Text.h"
-#include "corectl/Clusters.h"
 #include "corectl/Disks.h"
 #include "corectl/info/LabInfo.h"
 #include "platform/corectl/DovraUtil.h"
@@ -32,75 +30,49 @@ class LabLun final : public HostCtl::Dovra::DovraDiskLun {
 
 }  // namespace Lab
 
+// A listing asks three times: which disks are there, which are heard of, and for each of thousands
+// what it is. All answers are of the moment of the first question.
+
 void HostCtl::Dovra::DovraInfo::GetDovraDisks(DiskLuns& luns) {
-  using namespace Lab;
-  LabHost::Current().Read("GetDovraDisks", [&](Store& store, const HostRow& host) {
-    luns.clear();
-    for (DiskRow& disk : store.ListClaimedDisks(host.id)) {
-      luns.push_back(std::make_shared<LabLun>(DovraUtil::StringToDovraUuid(disk.uuid),
-                                              std::move(disk.device)));
-    }
-  });
+  auto& host = Lab::LabHost::Current();
+  host.FailIfTold("GetDovraDisks");
+  luns.clear();
+  const Lab::DiskView& view = host.GetDiskView();
+  for (const auto& [uuid, disk] : view.disks) {
+    if (view.IsSeen(disk)) luns.push_back(std::make_shared<Lab::LabLun>(uuid, disk.device));
+  }
 }
 
 namespace Lab {
 
 void LabInfo::GetDiskUuids(std::vector<Uuid>& disks) {
-  host_.Read("GetDiskUuids", [&](Store& store, const HostRow& host) {
-    disks.clear();
-    const auto member = FindRunningMember(store, host);
-    if (!member) return;
-    for (const Member& one : ReadMembership(store, member->cluster).members) {
-      for (const DiskRow& disk : store.ListClaimedDisks(one.host.id)) {
-        disks.push_back(DovraUtil::StringToDovraUuid(disk.uuid));
-      }
-    }
-  });
-}
-
-// A listing asks for disks one by one, thousands of them. They are read together, on the first
-// question, and so all rows of the listing show the same moment.
-const LabInfo::DiskView& LabInfo::GetDiskView() {
-  if (diskView_) return *diskView_;
-  diskView_ = host_.Read([](Store& store, const HostRow& host) {
-    const auto member = FindRunningMember(store, host);
-    DiskView view{host.id, member.has_value(), {}};
-    std::set<std::int64_t> hosts = {host.id};
-    if (member) {
-      for (const Member& one : ReadMembership(store, member->cluster).members) {
-        hosts.insert(one.host.id);
-      }
-    }
-    for (const std::int64_t id : hosts) {
-      for (DiskRow& disk : store.ListClaimedDisks(id)) {
-        view.disks.emplace(DovraUtil::StringToDovraUuid(disk.uuid), std::move(disk));
-      }
-    }
-    return view;
-  });
-  return *diskView_;
+  host_.FailIfTold("GetDiskUuids");
+  disks.clear();
+  const DiskView& view = host_.GetDiskView();
+  if (!view.isMember) return;
+  for (const auto& [uuid, disk] : view.disks) disks.push_back(uuid);
 }
 
 void LabInfo::GetDiskInfo(const Uuid& uuid, const DiskLuns&, DovraDiskInfo& info) {
   host_.FailIfTold("GetDiskInfo");
-  const DiskView& view = GetDiskView();
+  const DiskView& view = host_.GetDiskView();
   const auto known = view.disks.find(uuid);
   if (known == view.disks.end()) {
     Refuse("There is no disk with UUID " + DovraUtil::DovraUuidToString(uuid) + ".");
   }
   const DiskRow& disk = known->second;
-  const bool isOwn = disk.host == view.host;
-  info.deviceName = isOwn ? disk.device : "Unknown";  // other hosts' devices are their own
+  const bool isSeen = view.IsSeen(disk);
+  info.deviceName = isSeen ? disk.device : "Unknown";
   info.isFlash = disk.flash;
   info.uuid = disk.uuid;
   info.diskGroupUuid = disk.group;
-  info.diskGroupName = isOwn ? disk.groupName : "Unknown";
-  info.usedByThisHost = isOwn;
-  info.inTavdir = disk.mounted && view.hostRuns;
+  info.diskGroupName = isSeen ? disk.groupName : "Unknown";
+  info.usedByThisHost = isSeen;
+  info.inTavdir = view.isMember && (disk.mounted || disk.unplugged);
   info.formatVersion = static_cast<std::int32_t>(disk.formatVersion);
   info.deduplication = disk.deduplication;
   info.checksum = disk.checksum;
-  info.checksumOk = disk.checksumOk;
+  info.checksumOk = disk.checksumOk && !disk.failed;
   info.isCapacityTier = !disk.IsCache();
   info.encryption = disk.encryption;
   info.diskKeyLoaded = disk.keyLoaded;
@@ -156,7 +128,12 @@ void LabInfo::Remove(Operation operation, FindDisk find, const std::string& name
                      void (*rule)(Store&, const HostRow&, const DiskRow&)) {
   host_.Change(operation, [&](Store& store, const HostRow& host) {
     CheckEvacuationMode(evacuationMode);
-    rule(store, host, find(store, host, name));
+    const DiskRow disk = find(store, host, name);
+    if (disk.IsLost() && !evacuationMode.empty() && evacuationMode != "NoAction") {
+      Refuse(
+          "The data of a disk that cannot be read cannot be evacuated; remove it with noAction.");
+    }
+    rule(store, host, disk);
   });
 }
 

@@ -3,9 +3,7 @@
 #pragma once
 
 #include <cstdint>
-#include <map>
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -84,16 +82,7 @@ class LabInfo : public virtual HostCtl::Dovra::DovraInfo {
               const std::string& evacuationMode,
               void (*rule)(Store&, const HostRow&, const DiskRow&));
 
-  /// The disks that this host knows of, as of one moment.
-  struct DiskView {
-    std::int64_t host = 0;
-    bool hostRuns = false;  ///< the host's membership is in effect
-    std::map<HostCtl::Dovra::Uuid, DiskRow> disks;
-  };
-  const DiskView& GetDiskView();
-
   HostCtl::Dovra::DovraClusterConfig config_;
-  std::optional<DiskView> diskView_;
 };
 
 class LabInfo2 final : public LabInfo, public HostCtl::Dovra::DovraInfo2 {

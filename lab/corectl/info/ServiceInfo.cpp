@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "corectl/Policies.h"
+#include "corectl/Splits.h"
 #include "corectl/info/LabInfo.h"
 #include "platform/corectl/DovraUtil.h"
 
@@ -10,10 +11,22 @@ namespace Lab {
 
 using CoreCtl::Dovra::DovraUtil;
 
+namespace {
+
+/// Policies are the cluster's, on a host that is in one.
+void RequireMajorityIfMember(Store& store, const HostRow& host) {
+  if (const auto member = FindRunningMember(store, host)) {
+    RequireMajority(store, host, member->cluster);
+  }
+}
+
+}  // namespace
+
 void LabInfo::SetPolicyDefault(const std::string& policyClass, const std::string& policy) {
   host_.Change("SetPolicyDefault", [&](Store& store, const HostRow& host) {
     DovraUtil::StringToDovraPolicyClass(policyClass);
     CheckPolicy(policy);
+    RequireMajorityIfMember(store, host);
     store.Save(PolicyRow{host.id, policyClass, policy});
   });
 }
@@ -26,8 +39,10 @@ std::string LabInfo::GetPolicyDefault(const std::string& policyClass) {
 }
 
 void LabInfo::ClearPolicyDefaults() {
-  host_.Change("ClearPolicyDefaults",
-               [](Store& store, const HostRow& host) { store.ClearPolicies(host.id); });
+  host_.Change("ClearPolicyDefaults", [](Store& store, const HostRow& host) {
+    RequireMajorityIfMember(store, host);
+    store.ClearPolicies(host.id);
+  });
 }
 
 std::int64_t LabInfo::GetResyncThrottle() {

@@ -1,0 +1,111 @@
+#include "corectl/Splits.h"
+
+#include <algorithm>
+#include <map>
+#include <set>
+
+#include "corectl/LabHost.h"
+
+namespace Lab {
+
+namespace {
+
+bool IsRunningData(const Member& member) {
+  return member.row.running && !member.row.witness;
+}
+
+/// Whether each group has running data hosts of one site at most.
+bool IsSplitBetweenSites(const std::vector<Member>& members) {
+  std::map<std::int64_t, std::set<std::string>> sites;
+  for (const Member& member : members) {
+    if (IsRunningData(member)) sites[member.host.networkGroup].insert(member.host.faultDomain);
+  }
+  return std::ranges::all_of(sites, [](const auto& group) { return group.second.size() == 1; });
+}
+
+/// The network group in which the witness has its say.
+std::int64_t GroupOfWitness(const std::vector<Member>& members, const Member& witness) {
+  const std::int64_t own = witness.host.networkGroup;
+  const auto isNextToIt = [&](const Member& member) {
+    return IsRunningData(member) && member.host.networkGroup == own;
+  };
+  if (SitesOf(members).empty() || !IsSplitBetweenSites(members) ||
+      std::ranges::none_of(members, isNextToIt)) {
+    return own;
+  }
+  // The largest part of the preferred site; of several, the one with the oldest host.
+  std::map<std::int64_t, int> sizes;
+  std::int64_t largest = own;
+  for (const Member& member : members) {
+    if (!IsRunningData(member)) continue;
+    if (member.host.faultDomain != witness.row.preferredFaultDomain) continue;
+    const std::int64_t group = member.host.networkGroup;
+    if (++sizes[group] > sizes[largest]) largest = group;
+  }
+  return largest;
+}
+
+/// Notes that the members of every cluster reach others than before.
+void MoveMemberships(Store& store) {
+  std::set<std::string> clusters;
+  for (const HostRow& host : store.ListHosts()) {
+    const auto member = store.FindMember(host.id);
+    if (member && clusters.insert(member->cluster).second) MoveMembership(store, member->cluster);
+  }
+}
+
+}  // namespace
+
+Side SideOf(std::vector<Member> members, std::int64_t networkGroup) {
+  Side side;
+  side.allVotes = members.size();
+  const auto witness =
+      std::ranges::find_if(members, [](const Member& member) { return member.row.witness; });
+  if (witness != members.end()) witness->host.networkGroup = GroupOfWitness(members, *witness);
+  side.isSplit = std::erase_if(members, [=](const Member& member) {
+                   return member.host.networkGroup != networkGroup;
+                 }) != 0;
+  std::erase_if(members, [](const Member& member) { return !member.row.running; });
+  side.votes = members.size();
+  side.members = std::move(members);
+  return side;
+}
+
+Side SideOf(Store& store, const HostRow& host, const std::string& cluster) {
+  auto members = ListMembers(store, cluster);
+  std::int64_t group = host.networkGroup;
+  const auto self =
+      std::ranges::find(members, host.id, [](const Member& member) { return member.host.id; });
+  if (self != members.end() && self->row.witness) group = GroupOfWitness(members, *self);
+  return SideOf(std::move(members), group);
+}
+
+void RequireMajority(Store& store, const HostRow& host, const std::string& cluster) {
+  const Side side = SideOf(store, host, cluster);
+  if (side.HasMajority()) return;
+  Refuse("The network is split, and this side of the cluster has " + std::to_string(side.votes) +
+         " of " + std::to_string(side.allVotes) +
+         " votes; what the cluster shares can only be changed where the majority is.");
+}
+
+void SplitNetwork(Store& store, const std::vector<std::string>& hosts) {
+  std::int64_t group = 0;
+  for (const HostRow& host : store.ListHosts()) group = std::max(group, host.networkGroup);
+  for (const std::string& name : hosts) {
+    auto host = store.FindHost(name);
+    if (!host) Refuse(UnknownHostMessage(store, name));
+    host->networkGroup = group + 1;
+    store.Save(*host);
+  }
+  MoveMemberships(store);
+}
+
+void HealNetwork(Store& store) {
+  for (HostRow& host : store.ListHosts()) {
+    host.networkGroup = 0;
+    store.Save(host);
+  }
+  MoveMemberships(store);
+}
+
+}  // namespace Lab

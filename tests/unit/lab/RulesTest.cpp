@@ -1,0 +1,328 @@
+// The lab's rules, asked as the plug-in asks: through the control library.
+
+#include <gmock/gmock.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <functional>
+#include <sstream>
+
+#include "corectl/Disks.h"
+#include "corectl/Hosts.h"
+#include "corectl/LabHost.h"
+#include "corectl/Splits.h"
+#include "platform/corectl/DovraUtil.h"
+#include "platform/hostctl/DovraPluginFactory.h"
+#include "store/Uuids.h"
+
+namespace Lab {
+
+namespace {
+
+namespace fs = std::filesystem;
+using CoreCtl::Dovra::DovraUtil;
+using HostCtl::Dovra::DovraDiskInfo;
+using HostCtl::Dovra::DovraInfo;
+using HostCtl::Dovra::DovraIpAddress;
+using HostCtl::Lib::Dovra::DovraCtlException;
+using HostCtl::Network::Ipv4Address;
+using HostCtl::Network::Ipv6Address;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using Strings = std::vector<std::string>;
+
+constexpr const char* kNode = "10000000-0000-0000-0000-000000000002";
+
+/// A lab in a new folder, and the control library of its first host.
+class Rules : public testing::Test {
+ protected:
+  Rules() : folder_(fs::temp_directory_path() / ("rules-" + std::to_string(getpid()))) {
+    fs::create_directories(folder_ / "files");
+    Select({folder_ / "lab", "host1", folder_ / "files"});
+    plugin_ = HostCtl::DovraPluginFactory::GetDovraPlugin();
+    info_ = plugin_->GetDovraInfo();
+  }
+  ~Rules() override {
+    Select({});
+    fs::remove_all(folder_);
+  }
+
+  /// What the work is refused with; empty if it is not.
+  static std::string Refusal(const std::function<void()>& work) {
+    try {
+      work();
+      return {};
+    } catch (const DovraCtlException& refusal) {
+      return refusal.GetMessage();
+    }
+  }
+
+  template <class Work>
+  void Change(Work&& work) {
+    LabHost::Current().Change(std::forward<Work>(work));
+  }
+
+  void AddAgent(bool isWitness, const DovraIpAddress& address) {
+    info_->AddUnicastAgent(isWitness ? "00000000-0000-0000-0000-000000000000" : kNode, isWitness,
+                           true, address, 1, false, "", "");
+  }
+
+  /// The host's disks as a listing shows them: device, then what it is besides healthy.
+  Strings ListDisks() {
+    Strings shown;
+    DovraInfo::DiskLuns luns;
+    DovraInfo::GetDovraDisks(luns);
+    std::vector<HostCtl::Dovra::Uuid> uuids;
+    info_->GetDiskUuids(uuids);
+    for (const auto& uuid : uuids) {
+      DovraDiskInfo disk;
+      info_->GetDiskInfo(uuid, luns, disk);
+      shown.push_back(disk.deviceName + (disk.isMounted ? "" : " unmounted") +
+                      (disk.checksumOk ? "" : " broken") + (disk.usedByThisHost ? "" : " away") +
+                      (disk.inTavdir ? " known" : ""));
+    }
+    std::ranges::sort(shown);
+    return shown;
+  }
+
+  fs::path folder_;
+  std::unique_ptr<HostCtl::DovraPlugin> plugin_;
+  std::unique_ptr<DovraInfo> info_;
+};
+
+DovraIpAddress Address(const std::string& text) {
+  if (Ipv4Address::IsValidAddress(text)) return DovraIpAddress(Ipv4Address(text));
+  return DovraIpAddress(Ipv6Address(text));
+}
+
+TEST_F(Rules, AgentsAreAtAddressesOfOneHost) {
+  for (const char* const text :
+       {"0.0.0.0", "255.255.255.255", "224.0.0.1", "239.255.255.255", "::", "ff02::1", "FF19::1",
+        "::ffff:224.0.0.1", "::ffff:255.255.255.255"}) {
+    EXPECT_THAT(Refusal([&] { AddAgent(false, Address(text)); }), HasSubstr("not one of a single"))
+        << text;
+  }
+  AddAgent(true, Address("1.2.3.4"));
+  EXPECT_THAT(Refusal([&] { AddAgent(false, Address("::FFFF:1.2.3.4")); }), HasSubstr("already"));
+  EXPECT_EQ(Refusal([&] { AddAgent(true, Address("1.2.3.5")); }),
+            "There is a unicast witness already: 1.2.3.4.");
+  EXPECT_TRUE(info_->RemoveUnicastAgent("00000000-0000-0000-0000-000000000000",
+                                        Address("::ffff:102:304"), 1));
+}
+
+TEST_F(Rules, NamesAreCountedInCharacters) {
+  info_->CreateCluster(kNode, true, false);
+  const auto add = [&](const std::string& name) {
+    return Refusal([&] { info_->AddDatastore({NewUuid(), name, false}); });
+  };
+  std::string characters;
+  for (int i = 0; i < 128; ++i) characters += "\u20ac";
+  EXPECT_EQ(add(characters), "");
+  for (const std::string& name : {std::string(), characters + "x", std::string(129, '\x80'),
+                                  std::string(129, '\xff'), std::string(129, '\xe2')}) {
+    EXPECT_THAT(add(name), HasSubstr("1 to 128 characters")) << name;
+  }
+}
+
+TEST_F(Rules, DisksTakeTheStateOfTheirGroup) {
+  info_->AddDisks("mpx.xhba1:C0:T0:L0", {"mpx.xhba2:C0:T0:L0"});
+  info_->UnmountDiskGroup("mpx.xhba1:C0:T0:L0");
+  info_->AddDisks("mpx.xhba1:C0:T0:L0", {"mpx.xhba2:C0:T1:L0"});
+  info_->SetAutoClaimMode(true);
+  Change([](Store& store, const HostRow& host) {
+    SetCapacityTag(store, host, "mpx.xhba1:C0:T1:L0", true);
+    PlugIn(store, host, "new", false);
+    for (const DiskRow& disk : store.ListDisks(host.id)) EXPECT_FALSE(disk.mounted) << disk.device;
+  });
+}
+
+TEST_F(Rules, OneDiskIsNotAddedTwice) {
+  for (const Strings& disks :
+       {Strings{"mpx.xhba2:C0:T0:L0", "mpx.xhba2:C0:T0:L0"}, Strings{"mpx.xhba1:C0:T0:L0"}}) {
+    EXPECT_EQ(Refusal([&] { info_->AddDisks("mpx.xhba1:C0:T0:L0", disks); }),
+              "Disk \"" + disks.back() + "\" is given twice.");
+  }
+}
+
+TEST_F(Rules, ALostDiskIsOutOfUseUntilItIsBack) {
+  const std::string ssd = "mpx.xhba1:C0:T0:L0";
+  const std::string one = "mpx.xhba2:C0:T0:L0";
+  const std::string two = "mpx.xhba2:C0:T1:L0";
+  info_->CreateCluster(kNode, true, false);
+  info_->AddDisks(ssd, {one, two});
+  const Strings healthy = {ssd + " known", one + " known", two + " known"};
+  const auto lose = [&](auto&& how, const std::string& device) {
+    Change([&](Store& store, const HostRow& host) { how(store, host, device); });
+  };
+
+  lose(Unplug, one);
+  EXPECT_THAT(ListDisks(),
+              ElementsAre("Unknown unmounted away known", ssd + " known", two + " known"));
+  EXPECT_EQ(Refusal([&] { info_->MountDisk(one); }), "Host host1 has no disk \"" + one + "\".");
+  lose(Replug, one);
+  EXPECT_EQ(ListDisks(), healthy);
+  lose(Unplug, ssd);
+  EXPECT_THAT(ListDisks(),
+              ElementsAre("Unknown unmounted away known", one + " unmounted", two + " unmounted"));
+  EXPECT_THAT(Refusal([&] { info_->MountDisk(one); }),
+              HasSubstr("is not mounted; mount it by its"));
+  lose(Replug, ssd);
+  EXPECT_EQ(ListDisks(), healthy);
+
+  lose(Fail, one);
+  EXPECT_THAT(ListDisks(), ElementsAre(ssd + " known", one + " unmounted broken", two + " known"));
+  EXPECT_EQ(Refusal([&] { info_->MountDisk(one); }), "Disk \"" + one + "\" has failed.");
+  lose(Unplug, one);
+  lose(Replug, one);
+  EXPECT_EQ(Refusal([&] { info_->MountDisk(one); }), "Disk \"" + one + "\" has failed.");
+  info_->UnmountDiskGroup(ssd);
+  info_->MountDiskGroup(ssd);
+  EXPECT_THAT(ListDisks(), ElementsAre(ssd + " known", one + " unmounted broken", two + " known"));
+  EXPECT_THAT(Refusal([&] { info_->RemoveDisk(one, "EvacuateAllData"); }), HasSubstr("noAction"));
+  EXPECT_THAT(Refusal([&] { lose(Replace, one); }), HasSubstr("remove it from there first"));
+  info_->RemoveDisk(one, "NoAction");
+  EXPECT_EQ(Refusal([&] { info_->AddDisks(ssd, {one}); }), "Disk \"" + one + "\" has failed.");
+  lose(Replace, one);
+  info_->AddDisks(ssd, {one});
+  EXPECT_EQ(ListDisks(), healthy);
+
+  lose(Fail, ssd);
+  EXPECT_THAT(ListDisks(),
+              ElementsAre(ssd + " unmounted broken", one + " unmounted", two + " unmounted"));
+  EXPECT_EQ(Refusal([&] { info_->MountDiskGroup(ssd); }), "Disk \"" + ssd + "\" has failed.");
+  info_->RemoveDiskGroup(ssd, "");
+  EXPECT_THAT(ListDisks(), ElementsAre());
+  EXPECT_EQ(Refusal([&] { lose(Replace, one); }), "Disk \"" + one + "\" has not failed.");
+}
+
+TEST_F(Rules, AListingIsOfOneMoment) {
+  info_->CreateCluster(kNode, true, false);
+  info_->AddDisks("mpx.xhba1:C0:T0:L0", {"mpx.xhba2:C0:T0:L0"});
+  DovraInfo::DiskLuns luns;
+  DovraInfo::GetDovraDisks(luns);
+  {
+    Store other(folder_ / "lab", {});
+    Store::Transaction transaction(other, Store::Transaction::Kind::kWrite);
+    other.Clear();
+    transaction.Commit();
+  }
+  std::vector<HostCtl::Dovra::Uuid> uuids;
+  info_->GetDiskUuids(uuids);
+  EXPECT_EQ(uuids.size(), 2U);
+  for (const auto& lun : luns) {
+    DovraDiskInfo disk;
+    info_->GetDiskInfo(lun->GetUuid(), luns, disk);
+    EXPECT_EQ(disk.deviceName, lun->GetDeviceName());
+  }
+}
+
+TEST_F(Rules, WithoutTheMajorityOnlyTheHostsOwnGoesOn) {
+  info_->CreateCluster(kNode, true, false);
+  const std::string datastore = NewUuid();
+  info_->AddDatastore({datastore, "one", false});
+  Change([](Store& store, const HostRow&) {
+    AddHost(store, "host2");
+    MemberRow member;
+    member.cluster = kNode;
+    AddMember(store, *store.FindHost("host2"), member);
+    SplitNetwork(store, {"host2"});
+  });
+  const std::vector<std::function<void()>> shared = {
+      [&] { info_->AddDatastore({NewUuid(), "two", false}); },
+      [&] { info_->SetDatastoreName("", "three"); },
+      [&] { info_->RemoveDatastore(datastore, false); },
+      [&] { info_->ClearDatastores(); },
+      [&] { info_->SetPolicyDefault("vdisk", "stripeWidth=1"); },
+      [&] { info_->ClearPolicyDefaults(); },
+      [&] { info_->LeaveCluster(false); },
+  };
+  for (std::size_t i = 0; i < shared.size(); ++i) {
+    EXPECT_THAT(Refusal(shared[i]), HasSubstr("1 of 2 votes")) << i;
+  }
+  info_->SetFaultDomain("a");
+  info_->SetAutoClaimMode(true);
+  info_->SetResyncThrottle(1);
+  AddAgent(false, Address("10.0.0.2"));
+  info_->AddDisks("mpx.xhba1:C0:T0:L0", {"mpx.xhba2:C0:T0:L0"});
+  EXPECT_THAT(ListDisks(), testing::SizeIs(2));
+  ChangeLab(HealNetwork);
+  for (const auto& change : shared) EXPECT_EQ(Refusal(change), "");
+}
+
+/// A cluster in words: hosts in the order of their age, named after their sites; "w" is the
+/// witness,
+/// "!" marks one that is not running, "|" is where the network is split.
+struct Cluster {
+  std::vector<Member> members;
+  std::int64_t groups = 1;
+
+  Cluster(const std::string& words, const std::string& preferred) {
+    std::istringstream stream(words);
+    for (std::string word; stream >> word;) {
+      if (word == "|") {
+        ++groups;
+        continue;
+      }
+      Member member;
+      member.row.running = word.back() != '!';
+      member.row.witness = word == "w";
+      member.row.preferredFaultDomain = preferred;
+      member.host.name = word;
+      member.host.faultDomain = word.substr(0, 1);
+      member.host.networkGroup = groups - 1;
+      members.push_back(member);
+    }
+  }
+
+  /// Its sides in the same words, each with "+" or "-": whether it has the majority.
+  std::string Sides() const {
+    std::string text;
+    for (std::int64_t group = 0; group < groups; ++group) {
+      const Side side = SideOf(members, group);
+      text += group == 0 ? "" : " | ";
+      for (const Member& member : side.members) text += member.host.name + ' ';
+      text += side.HasMajority() ? '+' : '-';
+    }
+    return text;
+  }
+};
+
+TEST(Splits, TheMajorityIsOnOneSideAtMost) {
+  struct Case {
+    const char* cluster;
+    const char* preferred;
+    const char* sides;
+  };
+  for (const auto& [cluster, preferred, sides] : std::vector<Case>{
+           {"a1 a2 a3", "", "a1 a2 a3 +"},
+           {"a1 a2! a3!", "", "a1 +"},  // who is down is not cut off
+           {"a1 | a2", "", "a1 - | a2 -"},
+           {"a1 a2 | a3", "", "a1 a2 + | a3 -"},
+           {"a1 a2 | a3 a4", "", "a1 a2 - | a3 a4 -"},
+           {"a1 | a2 | a3", "", "a1 - | a2 - | a3 -"},
+           {"a1 a2! | a3", "", "a1 - | a3 -"},  // but has a vote all the same
+           {"a1 a2! a3 | a4", "", "a1 a3 - | a4 -"},
+           {"a1 a2 | w", "", "a1 a2 + | w -"},
+           // Between the sites, the witness goes with the one that it prefers.
+           {"a1 | b1 w", "a", "a1 w + | b1 -"},
+           {"a1 | b1 w", "b", "a1 - | b1 w +"},
+           {"a1 w | b1", "b", "a1 - | w b1 +"},
+           {"a1 a2 | b1 b2 w", "a", "a1 a2 w + | b1 b2 -"},
+           {"a1 | b1 b2 w", "a", "a1 w - | b1 b2 -"},
+           {"a1 | b1 | w", "a", "a1 - | b1 - | w -"},
+           {"a1 | a2 a3 | b1 w", "a", "a1 - | a2 a3 w + | b1 -"},
+           {"a1 | a2 | b1 w", "a", "a1 w - | a2 - | b1 -"},
+           {"a1! | b1 w", "a", "- | b1 w +"},
+           {"a1 b1 w", "b", "a1 b1 w +"},
+           // Not between the sites, or not stretched: where it is.
+           {"a1 b1 | a2 b2 w", "a", "a1 b1 - | a2 b2 w +"},
+           {"a1 | b1 c1 w", "a", "a1 - | b1 c1 w +"},
+       }) {
+    EXPECT_EQ(Cluster(cluster, preferred).Sides(), sides) << cluster << ", prefers " << preferred;
+  }
+}
+
+}  // namespace
+
+}  // namespace Lab
