@@ -37,7 +37,7 @@ source=$BATS_TEST_DIRNAME/../..
     a=11111111-1111-4111-8111-111111111111 b=22222222-2222-4222-8222-222222222222
     document $'$ for i in 1 2\n> do echo $i; done\n1\n2\n$ seq 9; (exit 4)\n1\n...\n8\n9\n$ echo $?\n4'
     document $'$ printf "'$a$'\\n'$b$'\\n"\n'$b$'\n'$a$'\n$ echo '$b$'\n'$a$'\n$ date +%FT%T%z\n2000-01-01T00:00:00+0000'
-    for wrong in $'$ echo 1' $'$ true\n1' $'$ echo 1\n2' $'$ seq 3\n...\n2' $'$ echo 1 >&2\n2' \
+    for wrong in $'$ echo '$a$'\n'$a$'\n$ echo '$a$'\n'$b $'$ printf "'$a$'\\n'$a$'\\n"\n'$a$'\n'$b $'$ echo 1' $'$ true\n1' $'$ echo 1\n2' $'$ seq 3\n...\n2' $'$ echo 1 >&2\n2' \
         $'$ printf "'$a$'\\n'$b$'\\n"\n'$a$'\n'$a $'$ echo '$a$'\n'$b$'\n$ echo '$a$'\n'$b$'\n$ echo '$b$'\n'$b; do
         run document "$wrong"
         [[ $status == 1 ]]

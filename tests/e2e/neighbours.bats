@@ -6,6 +6,7 @@ host2=10000000-0000-0000-0000-000000000002
 agents() { autocli --formatter json dovra cluster unicastagent list | jq -c 'map(to_entries | map(.value))'; }
 
 @test "unicast agents are added, listed, removed and cleared" {
+    expect 1 '' "Dovra isn't enabled on the host" dovra cluster unicastagent list
     new_cluster
     add='dovra cluster unicastagent add'
     succeed $add -a 10.0.0.9
@@ -14,6 +15,12 @@ agents() { autocli --formatter json dovra cluster unicastagent list | jq -c 'map
     [[ $(cluster_field "Unicast Mode Enabled") == true ]]
     before=$(agents)
     refuse 'Dovra does not support connecting to more than one unicast witness, and there is already a unicast witness configured: 10.0.0.9.' $add -a 10.0.0.8
+    succeed lab agent add -a 10.0.0.7
+    refuse 'Dovra does not support connecting to more than one unicast witness, and there are already multiple unicast witnesses configured: 10.0.0.9,10.0.0.7.' $add -a 10.0.0.8
+    succeed dovra cluster unicastagent remove -a 10.0.0.7
+    refuse 'Can not add unicastagent without specifying node-uuid' $add -t node -a 10.0.0.8
+    refuse 'Can not add unicastagent without specifying unicast support' $add -t node -a 10.0.0.8 -u $host2
+    refuse 'Invalid IP address 10.0.0' $add -a 10.0.0
     node="$add -t node -U 1 -u"
     other=10000000-0000-0000-0000-000000000003
     refuse '"me" is not a UUID: *' $node me -a 10.0.0.3
@@ -60,6 +67,10 @@ agents() { autocli --formatter json dovra cluster unicastagent list | jq -c 'map
     refuse "This host is a witness node which doesn't support adding unicast agent." --host witness dovra cluster unicastagent add -a 10.0.0.1
     expect 1 '[]' "Unable to list unicast agent, this host is a witness node which doesn't support listing unicast agent." --host witness --formatter json dovra cluster unicastagent list
 
+    # The site that the witness prefers is given up.
+    succeed dovra faultdomain set -n site-z
+    refuse 'Unable to get preferred fault domain name: The witness prefers "site a", but the data sites are "site-b" and "site-z" now.' $preferred get
+    succeed dovra faultdomain set -n 'site a'
     succeed --host host2 dovra faultdomain reset
     refuse 'Cannot get preferred fault domain if host is not in a stretched cluster.' $preferred get
     for host in witness host2 host1; do succeed --host $host dovra cluster leave; done
@@ -136,6 +147,7 @@ knics() { autocli --formatter json dovra network list | jq -c 'map([."KNic Name"
     refuse "The host's unicast port -1 is not between 1 and 65535." $add knic0 -c -1
     refuse 'The multicast TTL 0 is not between 1 and 255.' $add knic0 -t 0
     refuse 'The multicast TTL 2147483647 is not between 1 and 255.' $add knic0 -t 4294967297
+    refuse 'Unknown traffic type' $add knic0 -T dovra -T foo
     [[ $(knics) == '[]' ]]
     refuse "This Hostkernel network interface is not in use. Can't set/reconfigure. If you want to add, use 'add' command." dovra network ip set -i knic0
     succeed $add knic0
