@@ -22,6 +22,9 @@ using CliTools::AutoCli::Namespace;
 using CliTools::AutoCli::NamespaceNode;
 using CliTools::CallSpec::ParameterSpec;
 using CliTools::CallSpec::ParameterType;
+using CliTools::MetaObj::MetaList;
+using CliTools::MetaObj::MetaObject;
+using CliTools::MetaObj::MetaStruct;
 
 namespace {
 
@@ -61,9 +64,10 @@ std::string WhatItDoes(Command& command) {
   const CliTools::Result result = CliTools::ResultOf(command);
   std::string words = "Prints " + result.words + (result.fields.empty() ? "" : " ") +
                       BaseLibs::Join(result.fields, ", ") + '.';
-  if (command.GetMetaDataField("type") == "fetcher") return "It only reads. " + words;
+  const std::string type = command.GetMetaDataField("type");
+  if (type == "fetcher") return "It only reads. " + words;
   // One that prints records need not change anything, whatever its type.
-  return (result.fields.empty() ? "It changes state. " : "") + words;
+  return (type == "operation" && result.fields.empty() ? "It changes state. " : "") + words;
 }
 
 void WriteCommand(ManualPage& page, Command& command) {
@@ -149,6 +153,48 @@ ManualPage::Pairs Commands(const CommandSpec& space) {
   return commands;
 }
 
+const MetaStruct* RecordOf(const MetaObject& result) {
+  const auto* const list = dynamic_cast<const MetaList*>(&result);
+  return list ? list->GetElementTemplate().get() : dynamic_cast<const MetaStruct*>(&result);
+}
+
+/// What formatters and completions get of a command beside what its own section shows.
+std::string DeclarationOf(Command& command) {
+  constexpr const char* kTypes[] = {"truth value", "number", "text", "record", "list"};
+  std::string text;
+  const auto input = command.GetInputSpec();
+  for (const auto& parameter : input->GetParameters()) {
+    if (!parameter->GetConstraint()) continue;
+    for (const auto& [value, description] : parameter->GetConstraint()->GetStringEnums()) {
+      if (description.empty()) continue;
+      text += "  --" + parameter->GetName() + ' ' + value + ": " + description + '\n';
+    }
+  }
+  for (const auto& [key, value] : command.GetDefaultOutputParameters()) {
+    text += "  " + key + ": " + value + '\n';
+  }
+  const auto output = command.GetOutputSpec();
+  if (const auto* const record = RecordOf(*output->GetRootObject())) {
+    std::vector<std::string> fields;
+    for (const auto& [name, value] : record->GetFields()) {
+      fields.push_back(name + " (" + kTypes[static_cast<int>(value->GetType())] + ")");
+    }
+    text += "  " + record->GetName() + ": " + BaseLibs::Join(fields, ", ") + '\n';
+  }
+  if (text.empty()) return text;
+  const std::string& formatter = command.GetDefaultOutputFormatter();
+  return PathOf(command) + (formatter.empty() ? "" : ", " + formatter) + '\n' + text;
+}
+
+std::string Declarations(const CommandSpec& space) {
+  std::string text;
+  for (const auto& child : space.GetChildren()) {
+    auto* const command = dynamic_cast<Command*>(child.get());
+    text += command ? DeclarationOf(*command) : Declarations(dynamic_cast<CommandSpec&>(*child));
+  }
+  return text;
+}
+
 std::string WriteMarkdown(const Namespace& root) {
   MarkdownPage page("Reference");
   page.Paragraph("Every command of autocli, as the program itself declares it.");
@@ -156,6 +202,11 @@ std::string WriteMarkdown(const Namespace& root) {
   page.Section("Commands");
   page.Contents(Commands(root));
   WriteChildren(page, root);
+  page.Section("Declarations");
+  page.Paragraph(
+      "What formatters and completions get of a command: its formatter, what its values mean, the "
+      "formatter's parameters, the name and the fields of its record.");
+  page.Code(Declarations(root));
   return page.GetText();
 }
 

@@ -54,7 +54,8 @@ template <class T>
 const T& ValueOf(const std::map<std::string, Input::Value>& values, const std::string& name) {
   const auto found = values.find(name);
   const T* const value = found == values.end() ? nullptr : std::get_if<T>(&found->second);
-  if (!value) throw std::logic_error("the command read --" + name + ", which was not given");
+  if (!value)
+    throw std::logic_error("the command read a value of --" + name + " that was not given");
   return *value;
 }
 

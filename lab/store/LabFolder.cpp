@@ -51,10 +51,9 @@ bool MayBeLab(const fs::path& folder) {
   std::set<std::string> names;
   for (const auto& entry : fs::directory_iterator(folder)) names.insert(entry.path().filename());
   if (names.contains(kStoreFile)) return true;
-  if (names.erase(kStoreDraft) != 0) {
-    names.erase(std::string(kStoreDraft) + "-journal");
-    names.erase(kHostsFolder);
-  }
+  // A loss of power may leave the journal of a draft that is gone.
+  names.erase(std::string(kStoreDraft) + "-journal");
+  if (names.erase(kStoreDraft) != 0) names.erase(kHostsFolder);
   return names.empty();
 }
 

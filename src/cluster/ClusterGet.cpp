@@ -22,10 +22,8 @@ std::string FormatTimestamp(std::uint64_t milliseconds) {
   const auto seconds = static_cast<std::time_t>(milliseconds / 1000);
   char buffer[32] = "0.";
   if (seconds != 0) {
-    tzset();  // localtime_r by itself stays with the time zone that it found first
-    std::tm local{};
-    localtime_r(&seconds, &local);
-    std::strftime(buffer, sizeof buffer, "%Y-%m-%dT%H:%M:%S.", &local);  // fits any 64-bit time
+    // Any 64-bit time fits. Other than localtime_r, this follows a change of the time zone.
+    std::strftime(buffer, sizeof buffer, "%Y-%m-%dT%H:%M:%S.", std::localtime(&seconds));
   }
   char remainder[8];
   Str_Snprintf(remainder, sizeof remainder, "%d", static_cast<int>(milliseconds % 1000));

@@ -101,5 +101,5 @@ extern "C" void AutoCli_RegisterNamespaces(
   using namespace OrvaneCli::DovraNamespace;
   const auto dovra = TakeOrAddDovra(*root);
   dovra->SetDescription("Orvane Dovra commands");
-  Register(kTree, *dovra, "dovra ");
+  Register(kTree, *dovra, "dovra");
 }

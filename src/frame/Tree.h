@@ -27,8 +27,8 @@ struct Node {
   CommandPtr (*make)() = nullptr;
 };
 
-/// Registers on `parent` the nodes whose paths begin with `path`: the parent's own and a blank, or
-/// nothing. A namespace is complete before its parent learns of it. Returns the nodes that follow.
+/// Registers on `parent`, whose path is `path`, the nodes that it holds; the root has no path and
+/// holds them all. A namespace is complete before its parent learns of it. Returns what is left.
 std::span<const Node> Register(std::span<const Node> nodes, CliTools::AutoCli::Namespace& parent,
                                std::string_view path);
 

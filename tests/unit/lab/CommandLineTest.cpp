@@ -47,12 +47,14 @@ std::string Parse(const InputSpec& spec, const Words& words) try {
   for (const auto& parameter : spec.GetParameters()) {
     const std::string& name = parameter->GetName();
     if (!input->HasParameter(name)) continue;
-    Words values = {input->GetParameter(name)};
+    Words values;
     if (parameter->GetType() == ParameterType::kStringList) {
       input->GetParameterList(name, values);
     } else if (parameter->GetType() == ParameterType::kInt) {
       values = {std::to_string(input->GetParameterInt(name))};
-    } else if (parameter->GetType() != ParameterType::kString) {
+    } else if (parameter->GetType() == ParameterType::kString) {
+      values = {input->GetParameter(name)};
+    } else {
       values = {input->GetParameterBool(name) ? "true" : "false"};
     }
     text += text.empty() ? "" : " ";

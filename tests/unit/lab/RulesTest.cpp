@@ -229,7 +229,9 @@ TEST_F(Rules, WithoutTheMajorityOnlyTheHostsOwnGoesOn) {
     SplitNetwork(store, {"host2"});
   });
   const std::vector<std::function<void()>> shared = {
-      [&] { info_->AddDatastore({NewUuid(), "two", false}); },
+      [&] {
+        info_->AddDatastore({NewUuid(), "two", false});
+      },
       [&] { info_->SetDatastoreName("", "three"); },
       [&] { info_->RemoveDatastore(datastore, false); },
       [&] { info_->ClearDatastores(); },

@@ -1,35 +1,29 @@
 // Status and membership.
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <regex>
 
-#include "Run.h"
+#include "Cases.h"
 #include "frame/Text.h"
 
-namespace Testing {
-
-using namespace OrvaneCli::DovraNamespace;
-using Calls = std::vector<std::string>;
+using namespace Testing;
 
 namespace {
 
 constexpr const char* kUuid = "01234567-89ab-cdef-0123-456789abcdef";
-constexpr const char* kAlreadyIn =
+const Strings kConfig = kOpen + Strings{"GetClusterConfig()"};
+const Outcome kAlreadyIn = Failed(
     "The host is in a Dovra cluster and enabled for Dovra. You need to remove it from the cluster "
-    "or disable Dovra.";
-constexpr const char* kEmptyRecord =
-    "{Enabled: false, Current Local Time: , Local Node UUID: , Local Node Type: , Local Node "
-    "State: , Local Node Health State: , Sub-Cluster Master UUID: , Sub-Cluster Backup UUID: , "
-    "Sub-Cluster UUID: , Sub-Cluster Membership Entry Revision: 0, Sub-Cluster Member Count: 0, "
-    "Sub-Cluster Member UUIDs: [], Sub-Cluster Membership UUID: , Unicast Mode Enabled: false, "
-    "Maintenance Mode State: , Config Generation: }";
+    "or disable Dovra.");
+const SetUp kNotEnabled = [](RecordingLibrary& library) { library.config.enabled = false; };
 
 /// "Config Generation" as the command prints it.
-std::string PrintedGeneration(std::uint64_t timestamp, const char* zone = "UTC") {
+std::string PrintedGeneration(std::uint64_t timestamp, const char* zone) {
   setenv("TZ", zone, 1);
   RecordingLibrary library;
   library.generation = {kUuid, 7, timestamp};
@@ -39,35 +33,42 @@ std::string PrintedGeneration(std::uint64_t timestamp, const char* zone = "UTC")
   return root.substr(begin, root.size() - begin - 1);
 }
 
-TEST(ClusterGetTest, ReportsTheCluster) {
-  RecordingLibrary library;
-  library.isWitness = true;
-  library.unicastMode = true;
-  library.members = {"m1", "m2"};
-  EXPECT_EQ(Testing::Run("cluster get"),
-            (Outcome{"{Enabled: true, Current Local Time: now, Local Node UUID: local, Local Node "
-                     "Type: WITNESS, Local Node State: state, Local Node Health State: health, "
-                     "Sub-Cluster Master UUID: master, Sub-Cluster Backup UUID: backup, "
-                     "Sub-Cluster UUID: c0000000-0000-0000-0000-000000000001, Sub-Cluster "
-                     "Membership Entry Revision: 9, Sub-Cluster Member Count: 2, Sub-Cluster "
-                     "Member UUIDs: [m1, m2], Sub-Cluster Membership UUID: membership, Unicast "
-                     "Mode Enabled: true, Maintenance Mode State: maintenance, Config Generation: "
-                     "None 0 0.0}",
-                     {}}));
-  EXPECT_EQ(library.calls, (Calls{"GetDovraPlugin()", "GetDovraInfo()", "GetClusterConfig()",
-                                  "IsLocalNodeWitness()", "GetInfoFromTavdir()", "GetUnicastMode()",
-                                  "GetConfigGeneration()", "GetFormattedSystemDateTime()"}));
+TEST(ClusterGet, ReportsTheCluster) {
+  const auto witness = [](RecordingLibrary& library) {
+    library.isWitness = true;
+    library.unicastMode = true;
+    library.members = {"m1", "m2"};
+  };
+  Check("cluster get", witness, {},
+        kConfig + Strings{"IsLocalNodeWitness()", "GetInfoFromTavdir()", "GetUnicastMode()",
+                          "GetConfigGeneration()", "GetFormattedSystemDateTime()"},
+        {"{Enabled: true, Current Local Time: now, Local Node UUID: local, Local Node Type: "
+         "WITNESS, Local Node State: state, Local Node Health State: health, Sub-Cluster Master "
+         "UUID: master, Sub-Cluster Backup UUID: backup, Sub-Cluster UUID: "
+         "c0000000-0000-0000-0000-000000000001, Sub-Cluster Membership Entry Revision: "
+         "4294967305, Sub-Cluster Member Count: 2, Sub-Cluster Member UUIDs: [m1, m2], "
+         "Sub-Cluster Membership UUID: membership, Unicast Mode Enabled: true, Maintenance Mode "
+         "State: maintenance, Config Generation: None 0 0.0}",
+         {}});
+  Check("cluster get", kNotEnabled, {}, kConfig,
+        Failed("Dovra Clustering is not enabled on this host",
+               "{Enabled: false, Current Local Time: , Local Node UUID: , Local Node Type: , Local "
+               "Node State: , Local Node Health State: , Sub-Cluster Master UUID: , Sub-Cluster "
+               "Backup UUID: , Sub-Cluster UUID: , Sub-Cluster Membership Entry Revision: 0, "
+               "Sub-Cluster Member Count: 0, Sub-Cluster Member UUIDs: [], Sub-Cluster Membership "
+               "UUID: , Unicast Mode Enabled: false, Maintenance Mode State: , Config Generation: "
+               "}"));
 }
 
-TEST(ClusterGetTest, LeavesTheEmptyRecordOutsideAnyCluster) {
+TEST(ClusterGet, CountsManyMembers) {
   RecordingLibrary library;
-  library.config.enabled = false;
-  EXPECT_EQ(Testing::Run("cluster get"),
-            (Outcome{kEmptyRecord, {"Dovra Clustering is not enabled on this host"}}));
-  EXPECT_EQ(library.calls.back(), "GetClusterConfig()");
+  library.members = Strings(65537, "m");
+  const std::string root = Testing::Run("cluster get").root;
+  EXPECT_THAT(root.substr(0, 500), testing::HasSubstr("Local Node Type: NORMAL"));
+  EXPECT_THAT(root.substr(0, 500), testing::HasSubstr("Sub-Cluster Member Count: 65537,"));
 }
 
-TEST(ClusterGetTest, PrintsTimestampsWithUnpaddedMilliseconds) {
+TEST(ClusterGet, PrintsTimestampsWithUnpaddedMilliseconds) {
   const struct {
     std::uint64_t timestamp;
     const char* zone;
@@ -87,143 +88,125 @@ TEST(ClusterGetTest, PrintsTimestampsWithUnpaddedMilliseconds) {
   }
 }
 
-TEST(ClusterJoinTest, ChecksInOrderAndJoins) {
+TEST(ClusterJoin, ChecksInOrderAndJoins) {
   const std::string longest = std::string(255, 'x') + "\u20ac";  // 256 characters, 258 bytes
-  const Calls toConfig = {"GetDovraPlugin()", "GetDovraInfo()", "GetClusterConfig()"};
-  const struct {
-    bool enabled;
-    Given given;
-    Outcome outcome;
-    std::string joined;  ///< the arguments of `JoinCluster`; empty if it was not called
-  } cases[] = {
-      {true, {{"cluster-uuid", "bad"}, {"witness-node", true}}, {"none", {kAlreadyIn}}, ""},
-      {false,
-       {{"cluster-uuid", kUuid}, {"witness-node", true}},
-       {"none",
-        {"If --witness-node is specified, --witness-preferred-fault-domain must also be "
-         "specified."}},
-       ""},
-      {false,
-       {{"cluster-uuid", kUuid}, {"witness-node", true}, {"witness-preferred-fault-domain", ""}},
-       {"none", {"Preferred fault domain name cannot be empty or exceed 256 characters."}},
-       ""},
-      {false,
-       {{"cluster-uuid", kUuid},
-        {"witness-node", true},
-        {"witness-preferred-fault-domain", longest + "x"}},
-       {"none", {"Preferred fault domain name cannot be empty or exceed 256 characters."}},
-       ""},
-      {false,
-       {{"cluster-uuid", kUuid}, {"witness-preferred-fault-domain", ""}},
-       {"none",
-        {"--witness-preferred-fault-domain is valid only when --witness-node is specified."}},
-       ""},
-      {false, {{"cluster-uuid", kUuid}}, {"true", {}}, ", false, , false, false"},
-      {false,
-       {{"cluster-uuid", kUuid},
-        {"wait", true},
-        {"witness-node", true},
-        {"witness-preferred-fault-domain", longest}},
-       {"true", {}},
-       ", true, " + longest + ", true, false"},
+  const auto witness = [](const std::string& faultDomain) {
+    return Given{{"cluster-uuid", kUuid},
+                 {"witness-node", true},
+                 {"witness-preferred-fault-domain", faultDomain}};
   };
-  for (const auto& one : cases) {
-    RecordingLibrary library;
-    library.config.enabled = one.enabled;
-    EXPECT_EQ(Testing::Run("cluster join", one.given), one.outcome);
-    Calls calls = toConfig;
-    if (!one.joined.empty())
-      calls.push_back(std::string("JoinCluster(") + kUuid + one.joined + ")");
-    EXPECT_EQ(library.calls, calls);
-  }
-}
-
-TEST(ClusterJoinTest, ReportsAMalformedUuidAsAFailure) {
+  const auto joined = [](const std::string& arguments) {
+    return kConfig + Strings{std::string("JoinCluster(") + kUuid + arguments + ", false)"};
+  };
+  const Outcome badName =
+      Failed("Preferred fault domain name cannot be empty or exceed 256 characters.");
+  Check("cluster join", {}, {{"cluster-uuid", "bad"}, {"witness-node", true}}, kConfig, kAlreadyIn);
+  Check("cluster join", kNotEnabled, {{"cluster-uuid", kUuid}, {"witness-node", true}}, kConfig,
+        Failed("If --witness-node is specified, --witness-preferred-fault-domain must also be "
+               "specified."));
+  Check("cluster join", kNotEnabled, witness(""), kConfig, badName);
+  Check("cluster join", kNotEnabled, witness(longest + "x"), kConfig, badName);
+  Check("cluster join", kNotEnabled,
+        {{"cluster-uuid", kUuid}, {"witness-preferred-fault-domain", ""}}, kConfig,
+        Failed("--witness-preferred-fault-domain is valid only when --witness-node is "
+               "specified."));
+  Check("cluster join", kNotEnabled, {{"cluster-uuid", kUuid}}, joined(", false, , false"), kTrue);
+  Check("cluster join", kNotEnabled, {{"cluster-uuid", kUuid}, {"wait", true}},
+        joined(", false, , true"), kTrue);
+  Check("cluster join", kNotEnabled, witness(longest), joined(", true, " + longest + ", false"),
+        kTrue);
   RecordingLibrary library;
   library.config.enabled = false;
   const Outcome malformed = Testing::Run("cluster join", {{"cluster-uuid", "0123"}});
   EXPECT_EQ(malformed.root, "false");
   EXPECT_EQ(malformed.errors.size(), 1U);
-  EXPECT_EQ(library.calls.back(), "GetClusterConfig()");
+  EXPECT_EQ(library.calls, kConfig);
 }
 
-TEST(ClusterNewTest, CreatesUnderANewUuidEachTime) {
+TEST(ClusterNew, CreatesUnderANewUuidEachTime) {
   RecordingLibrary library;
   library.config.enabled = false;
-  EXPECT_EQ(Testing::Run("cluster new"), (Outcome{"true", {}}));
-  EXPECT_EQ(Testing::Run("cluster new"), (Outcome{"true", {}}));
+  for (int time = 0; time < 2; ++time) EXPECT_EQ(Testing::Run("cluster new"), kTrue);
+  const std::regex uuid("[0-9a-f]{8}(-[0-9a-f]{4}){3}-[0-9a-f]{12}");
+  for (const std::size_t call : {3, 7}) {
+    EXPECT_EQ(std::regex_replace(library.calls.at(call), uuid, "UUID"),
+              "CreateCluster(UUID, true, false)");
+  }
   EXPECT_NE(library.calls[3], library.calls[7]);
-  EXPECT_EQ(library.calls[3].size(), std::string("CreateCluster(, true, false)").size() + 36);
-  library.config.enabled = true;
-  EXPECT_EQ(Testing::Run("cluster new"), (Outcome{"none", {kAlreadyIn}}));
+  Check("cluster new", {}, {}, kConfig, kAlreadyIn);
 }
 
-TEST(ClusterRestoreTest, PassesTheBootFlag) {
-  RecordingLibrary library;
-  EXPECT_EQ(Testing::Run("cluster restore", {{"boot", true}}), (Outcome{"true", {}}));
-  EXPECT_EQ(library.calls.back(), "RestoreClusterConfig(true)");
-  EXPECT_EQ(Testing::Run("cluster restore"), (Outcome{"true", {}}));
-  EXPECT_EQ(library.calls.back(), "RestoreClusterConfig(false)");
+TEST(ClusterNew, NeedsAUuid) {
+  using Uuids = RecordingLibrary::Uuids;
+  const Outcome noUuid = Failed("Unable to generate a UUID");
+  for (const Uuids uuids : {Uuids::kNone, Uuids::kUnreadable}) {
+    const auto without = [uuids](RecordingLibrary& library) {
+      library.config.enabled = false;
+      library.uuids = uuids;
+    };
+    Check("cluster new", without, {}, kConfig, noUuid);
+    Check("datastore add", without, {{"name", "n"}}, kOpen, noUuid);
+  }
 }
 
-/// A notification script that writes each of its words on a line of its own.
-class ClusterLeaveTest : public testing::Test {
+TEST(ClusterRestore, PassesTheBootFlag) {
+  Check("cluster restore", {}, {{"boot", true}}, kOpen + Strings{"RestoreClusterConfig(true)"},
+        kTrue);
+  Check("cluster restore", {}, {}, kOpen + Strings{"RestoreClusterConfig(false)"}, kTrue);
+}
+
+/// A notification script that notes each of its words.
+class ClusterLeave : public testing::Test {
  protected:
-  ClusterLeaveTest() {
-    std::filesystem::create_directory(folder_);
-    Host::notifyScript = folder_ / "notify script.sh";
+  ClusterLeave() {
+    if (mkdtemp(folder_.data()) == nullptr) throw std::runtime_error("no temporary folder");
+    Host::notifyScript = folder_ + "/notify script.sh";
     std::ofstream(Host::notifyScript) << "#!/bin/sh\ncd \"$(dirname \"$0\")\"\n"
                                          "for word; do printf '<%s>' \"$word\" >>told; done\n";
     std::filesystem::permissions(Host::notifyScript, std::filesystem::perms::owner_all);
   }
-  ~ClusterLeaveTest() override {
+  ~ClusterLeave() override {
     std::filesystem::remove_all(folder_);
     Host::notifyScript = "/bin/true";
   }
 
-  std::string Told() const {
-    std::ifstream file(folder_ / "told");
-    return {std::istreambuf_iterator<char>(file), {}};
+  /// Checks what the command leaves of a cluster with these datastores, and what it tells.
+  void CheckLeaving(const Strings& datastores, const Testing::SetUp& setUp, const Strings& calls,
+                    const Outcome& outcome, const std::string& told) {
+    const auto prepare = [&](RecordingLibrary& library) {
+      for (const auto& name : datastores) library.datastores.emplace_back("u", name, false);
+      if (setUp) setUp(library);
+    };
+    Check("cluster leave", prepare, {}, calls, outcome);
+    std::ifstream file(folder_ + "/told");
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(file), {}), told);
+    std::filesystem::remove(folder_ + "/told");
   }
 
-  RecordingLibrary library_;
-
  private:
-  std::filesystem::path folder_ =
-      std::filesystem::temp_directory_path() / ("leave-test-" + GenerateUuid());
+  std::string folder_ = testing::TempDir() + "leaveXXXXXX";
 };
 
-TEST_F(ClusterLeaveTest, TellsOfTheDatastoresAndLeaves) {
-  library_.datastores = {{"u1", "a", true}, {"u2", "it's; $(b)", false}};
-  EXPECT_EQ(Testing::Run("cluster leave"), (Outcome{"true", {}}));
-  EXPECT_EQ(Told(), "<-t><PreUnmount><-d><a,it's; $(b)>");
-  EXPECT_EQ(library_.calls, (Calls{"GetDovraPlugin()", "GetDovraInfo()", "GetClusterConfig()",
-                                   "GetDatastores()", "LeaveCluster(false)"}));
+TEST_F(ClusterLeave, TellsOfTheDatastores) {
+  const Strings read = kConfig + Strings{"GetDatastores()"};
+  const Strings left = read + Strings{"LeaveCluster(false)"};
+  const Testing::SetUp busy = [](RecordingLibrary& library) {
+    library.failures["LeaveCluster"] = "busy";
+  };
+  const Testing::SetUp broken = [](RecordingLibrary& library) {
+    library.failures["GetDatastores"] = "broken";
+  };
+  CheckLeaving({"a", "it's; $(b)"}, {}, left, kTrue, "<-t><PreUnmount><-d><a,it's; $(b)>");
+  CheckLeaving({"a", "b"}, busy, left, Failed("busy"),
+               "<-t><PreUnmount><-d><a,b><-t><FailedUnmount><-d><a,b>");
+  CheckLeaving({}, busy, left, Failed("busy"), "<-t><PreUnmount><-d>");
+  // It says nothing before it knows what to say.
+  CheckLeaving({"a"}, broken, read, Failed("broken"), "");
+  CheckLeaving({"a"}, kNotEnabled, kConfig, Failed("The host is not in a Dovra cluster."), "");
 }
 
-TEST_F(ClusterLeaveTest, TellsOfAFailureToo) {
-  library_.datastores = {{"u1", "a", true}, {"u2", "b", false}};
-  library_.failures["LeaveCluster"] = "busy";
-  EXPECT_EQ(Testing::Run("cluster leave"), (Outcome{"none", {"busy"}}));
-  EXPECT_EQ(Told(), "<-t><PreUnmount><-d><a,b><-t><FailedUnmount><-d><a,b>");
-}
-
-TEST_F(ClusterLeaveTest, WithoutDatastoresOnlyTheFirstWordIsSaid) {
-  library_.failures["LeaveCluster"] = "busy";
-  EXPECT_EQ(Testing::Run("cluster leave"), (Outcome{"none", {"busy"}}));
-  EXPECT_EQ(Told(), "<-t><PreUnmount><-d>");
-}
-
-TEST_F(ClusterLeaveTest, SaysNothingBeforeItKnowsWhatToSay) {
-  library_.failures["GetDatastores"] = "broken";
-  EXPECT_EQ(Testing::Run("cluster leave"), (Outcome{"none", {"broken"}}));
-  library_.config.enabled = false;
-  EXPECT_EQ(Testing::Run("cluster leave"),
-            (Outcome{"none", {"The host is not in a Dovra cluster."}}));
-  EXPECT_EQ(Told(), "");
-}
-
-TEST(ShellWordTest, QuotesWhatIsNotPlain) {
+TEST(ShellWord, QuotesWhatIsNotPlain) {
+  using OrvaneCli::DovraNamespace::ShellWord;
   EXPECT_EQ(ShellWord("aZ09._-,:/@+"), "aZ09._-,:/@+");
   EXPECT_EQ(ShellWord(""), "");
   EXPECT_EQ(ShellWord("a b"), "'a b'");
@@ -232,5 +215,3 @@ TEST(ShellWordTest, QuotesWhatIsNotPlain) {
 }
 
 }  // namespace
-
-}  // namespace Testing

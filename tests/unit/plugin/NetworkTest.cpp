@@ -42,7 +42,6 @@ const SetUp kHoldsNull = [](RecordingLibrary& library) {
   library.knicsHoldNull = true;
 };
 const SetUp kTooOld = [](RecordingLibrary& library) { library.hasInfo2 = false; };
-const SetUp kNoInfo = [](RecordingLibrary& library) { library.hasInfo = false; };
 const std::string kNoInfo2 = "Could not get DovraInfo2. Plugin version mismatch?";
 
 /// The call for interface knic0 with other parameters.
@@ -125,7 +124,6 @@ TEST(NetworkIpAdd, Refuses) {
       "reconfigure, use 'set' command.");
   const Outcome unknownTraffic = Failed("Unknown traffic type");
   Check("network ip add", kTooOld, With({}), kOpen, Failed(kNoInfo2));
-  Check("network ip add", kNoInfo, With({}), kOpen, Failed(kNoInfo2));
   Check("network ip add", InUse({}), With({}), kAsked, inUse);
   Check("network ip add", InUse({}, false), With({}), kAskedBoth, inUse);
   for (const Strings& types : {Strings{"dovra", "foo"}, Strings{"Witness"}, Strings{""}}) {
@@ -174,7 +172,6 @@ TEST(NetworkList, ShowsEveryInterface) {
   Check("network list", {}, {}, read, {"[]", {}});
   Check("network list", kHoldsNull, {}, read, {"[]", {}});
   Check("network list", kTooOld, {}, kOpen, Failed(kNoInfo2, "[]"));
-  Check("network list", kNoInfo, {}, kOpen, Failed(kNoInfo2, "[]"));
 }
 
 void CheckRemoval(const std::string& command) {

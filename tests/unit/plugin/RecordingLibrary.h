@@ -14,7 +14,8 @@
 
 namespace Testing {
 
-struct RecordingLibrary {
+/// What was asked of the library, and where it fails.
+struct RecordingLog {
   /// "Operation(argument, ...)" for each call, in order. Texts stand as they are, truth values as
   /// true and false, lists in brackets. `GetDovraPlugin` and `GetDovraInfo` are recorded too.
   std::vector<std::string> calls;
@@ -22,7 +23,12 @@ struct RecordingLibrary {
   std::map<std::string, std::string> failures;
   /// By a call's place in `calls`: what it throws after it was recorded.
   std::map<std::size_t, std::exception_ptr> exceptions;
-  /// Objects handed out and not released yet.
+};
+
+/// There is one at a time; the linked operations use it.
+struct RecordingLibrary : RecordingLog {
+  // Objects handed out and not released yet.
+  int livePlugins = 0;
   int liveObjects = 0;
 
   // What the operations answer.
@@ -57,15 +63,13 @@ struct RecordingLibrary {
   /// Exit statuses of `DovraExec`, in order; the last one repeats. 0 if there is none.
   std::vector<int> execStatuses;
 
-  /// The library that the linked operations use: the one living instance.
-  static RecordingLibrary& Get();
+  /// What the base library has of new UUIDs: those of its own, none, or one that it cannot read.
+  enum class Uuids { kOwn, kNone, kUnreadable } uuids = Uuids::kOwn;
+
   RecordingLibrary();
   ~RecordingLibrary();
   RecordingLibrary(const RecordingLibrary&) = delete;
   RecordingLibrary& operator=(const RecordingLibrary&) = delete;
-
-  /// Records the call, then fails if the test said so.
-  void Record(const std::string& operation, const std::vector<std::string>& arguments = {});
 };
 
 }  // namespace Testing

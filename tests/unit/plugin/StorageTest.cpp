@@ -1,3 +1,5 @@
+#include <gmock/gmock.h>
+
 #include <cstdint>
 #include <set>
 
@@ -209,6 +211,14 @@ TEST(StorageList, MergesFiltersAndOrders) {
   Check("storage list", {}, {}, Reading({}), Rows({}));
   Check("storage list", kDisks, {{"device", "a"}, {"uuid", "u"}}, {},
         Failed("Only one of --device or --uuid can be specified."));
+}
+
+TEST(StorageList, FillsAFreshRecordForEachDeviceOfTheName) {
+  RecordingLibrary library;
+  library.luns = {{"a", UuidOf("0001")}, {"a", UuidOf("0002")}};
+  library.diskInfos[UuidOf("0001")] = DiskNamed("a");  // of the other the library knows nothing
+  EXPECT_THAT(Testing::Run("storage list", {{"device", "a"}}).root,
+              testing::HasSubstr("}, {Device: , Display Name: , Is SSD: false, DOVRA UUID: , "));
 }
 
 TEST(StorageList, ReportsAMalformedUuidAsAFailure) {

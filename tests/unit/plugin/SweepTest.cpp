@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+#include <regex>
 #include <set>
 
 #include "Run.h"
@@ -26,7 +28,12 @@ struct Failure {
   /// From this call on the command leaves more; empty if it makes no difference.
   std::string laterCall = {};
   std::string laterRoot = {};
+  /// What it says when there is no information object.
+  std::string noInfo = "The control library gave no information object.";
 };
+
+const Failure kNetworkFailure = {.message = "broken",
+                                 .noInfo = "Could not get DovraInfo2. Plugin version mismatch?"};
 
 const std::string kNoFields = "(, [^:,]+: (|0|false|\\[\\]))+\\}";  // all that follow are empty
 
@@ -54,13 +61,13 @@ const std::map<std::string, Failure> kFailures = {
     {"network remove", {"broken", "false"}},
     {"network restore", {"broken", "false"}},
     {"network clear", {"broken", "false"}},
-    {"network list", {"broken", "\\[\\]"}},
-    {"network ip add", {"broken"}},
+    {"network list", {.message = "broken", .root = "\\[\\]", .noInfo = kNetworkFailure.noInfo}},
+    {"network ip add", kNetworkFailure},
     {"network ip remove", {"broken", "false"}},
-    {"network ip set", {"broken"}},
-    {"network ipv4 add", {"broken"}},
+    {"network ip set", kNetworkFailure},
+    {"network ipv4 add", kNetworkFailure},
     {"network ipv4 remove", {"broken", "false"}},
-    {"network ipv4 set", {"broken"}},
+    {"network ipv4 set", kNetworkFailure},
     {"cluster join", {"broken", "false"}},
     {"cluster leave", {"broken"}},
     {"cluster get",
@@ -181,6 +188,20 @@ void CheckBroken(Command& command, const Given& given, unsigned state, const Str
   EXPECT_EQ(Names(library.calls), Names({calls.begin(), calls.begin() + place + 1}));
 }
 
+/// Runs the call with a library that hands out no information object.
+void CheckWithoutInfo(Command& command, const Given& given, unsigned state,
+                      const Failure& failure) {
+  SCOPED_TRACE("without an information object");
+  RecordingLibrary library;
+  Fill(library, state);
+  library.hasInfo = false;
+  const Outcome outcome = Run(command, given);
+  const std::regex broken("broken");
+  EXPECT_EQ(outcome.errors, Strings{std::regex_replace(failure.message, broken, failure.noInfo)});
+  EXPECT_THAT(outcome.root, testing::MatchesRegex(failure.root));
+  EXPECT_EQ(library.calls.back(), "GetDovraInfo()");
+}
+
 /// Breaks every call in turn, in every different sequence of calls that the command can be brought
 /// to make. Returns the operations that it called.
 std::set<std::string> Sweep(Command& command, const Failure& failure) {
@@ -198,6 +219,10 @@ std::set<std::string> Sweep(Command& command, const Failure& failure) {
       const Strings names = Names(calls);
       operations.insert(names.begin(), names.end());
       if (!sequences.insert(names).second) continue;
+      const auto info = std::ranges::find(names, "GetDovraInfo");
+      if (info != names.end() && info != names.end() - 1) {  // it is asked for something, too
+        CheckWithoutInfo(command, given, state, failure);
+      }
       for (std::size_t place = 0; place < calls.size(); ++place) {
         SCOPED_TRACE(calls[place]);
         using HostCtl::Lib::Dovra::DovraCtlException;
