@@ -176,8 +176,9 @@ std::string DeclarationOf(Command& command) {
   const auto output = command.GetOutputSpec();
   if (const auto* const record = RecordOf(*output->GetRootObject())) {
     std::vector<std::string> fields;
-    for (const auto& [name, value] : record->GetFields()) {
-      fields.push_back(name + " (" + kTypes[static_cast<int>(value->GetType())] + ")");
+    for (const auto& name : record->GetFieldNames()) {
+      const auto type = static_cast<int>(record->GetField(name)->GetType());
+      fields.push_back(name + " (" + kTypes[type] + ")");
     }
     text += "  " + record->GetName() + ": " + BaseLibs::Join(fields, ", ") + '\n';
   }

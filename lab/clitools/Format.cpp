@@ -98,7 +98,7 @@ std::vector<std::string> ShownFields(const MetaStruct& record, const Pairs& para
     listed.remove_prefix(std::min(listed.size(), name.size() + 1));
   }
   if (names.empty()) {
-    for (const auto& [name, value] : record.GetFields()) names.push_back(name);
+    names.assign(record.GetFieldNames().begin(), record.GetFieldNames().end());
   }
   return names;
 }
@@ -174,8 +174,10 @@ std::string PlainText(const MetaObject* value, std::string_view separator) {
       parts.push_back(PlainText(element.get(), separator));
     }
   } else {
-    for (const auto& [name, field] : static_cast<const MetaStruct*>(value)->GetFields()) {
-      parts.push_back(name + ": " + PlainText(field.get(), separator));
+    const auto& record = static_cast<const MetaStruct&>(*value);
+    for (std::size_t field = 0; field < record.GetValues().size(); ++field) {
+      parts.push_back(record.GetFieldNames()[field] + ": " +
+                      PlainText(record.GetValues()[field].get(), separator));
     }
   }
   return Join(parts, separator);

@@ -1,6 +1,7 @@
 #include "platform/clitools/MetaObj.h"
 
 #include <algorithm>
+#include <map>
 
 namespace CliTools::MetaObj {
 
@@ -27,18 +28,34 @@ std::shared_ptr<MetaBool> MetaBool::New(bool value) {
   return value ? yes : no;
 }
 
-MetaStruct::MetaStruct(std::string name) : MetaObject(MetaType::kStruct), name_(std::move(name)) {}
+const std::shared_ptr<MetaStruct::Layout>& MetaStruct::SharedLayout(const std::string& structure) {
+  static auto& layouts = *new std::map<std::string, std::shared_ptr<Layout>>;
+  auto& layout = layouts[structure];
+  if (!layout) layout = std::make_shared<Layout>(Layout{structure, {}});
+  return layout;
+}
+
+MetaStruct::MetaStruct(const std::string& name)
+    : MetaObject(MetaType::kStruct), layout_(SharedLayout(name)) {}
 std::shared_ptr<MetaStruct> MetaStruct::New(std::string name) {
-  return std::make_shared<MetaStruct>(std::move(name));
+  return std::make_shared<MetaStruct>(name);
 }
 
 void MetaStruct::SetField(const std::string& field, std::shared_ptr<MetaObject> value) {
-  const auto known = std::ranges::find(fields_, field, &Field::first);
-  if (known != fields_.end()) {
-    known->second = std::move(value);
-  } else {
-    fields_.emplace_back(field, std::move(value));
+  const auto fields = GetFieldNames();
+  const auto known = std::ranges::find(fields, field);
+  if (known != fields.end()) {
+    values_[static_cast<std::size_t>(known - fields.begin())] = std::move(value);
+    return;
   }
+  if (fields.size() == layout_->fields.size()) {
+    layout_->fields.push_back(field);  // nobody else has as many
+  } else if (layout_->fields[fields.size()] != field) {
+    layout_ = std::make_shared<Layout>(Layout{GetName(), {fields.begin(), fields.end()}});
+    layout_->fields.push_back(field);
+  }
+  if (values_.empty()) values_.reserve(layout_->fields.size());
+  values_.push_back(std::move(value));
 }
 
 void MetaStruct::SetField(const std::string& field, std::string value) {
@@ -50,8 +67,10 @@ void MetaStruct::SetField(const std::string& field, const char* value) {
 }
 
 std::shared_ptr<MetaObject> MetaStruct::GetField(const std::string& field) const {
-  const auto known = std::ranges::find(fields_, field, &Field::first);
-  return known == fields_.end() ? nullptr : known->second;
+  const auto fields = GetFieldNames();
+  const auto known = std::ranges::find(fields, field);
+  return known == fields.end() ? nullptr
+                               : values_[static_cast<std::size_t>(known - fields.begin())];
 }
 
 MetaList::MetaList(MetaType elementType, std::shared_ptr<MetaStruct> elementTemplate)

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -64,28 +65,41 @@ class MetaBool : public MetaObject {
   bool value_;
 };
 
-/// A record: named fields in the order in which they were first set.
+/// A record: named fields in the order in which they were first set. Records of one name that set
+/// the same fields in the same order share the names, so that a list of many keeps them once.
 class MetaStruct : public MetaObject {
  public:
-  using Field = std::pair<std::string, std::shared_ptr<MetaObject>>;
-
   /// An empty record; `name` is the key of its formatter parameters ("fields:" + name).
   static std::shared_ptr<MetaStruct> New(std::string name);
-  explicit MetaStruct(std::string name);
+  explicit MetaStruct(const std::string& name);
 
   /// Replaces the field's value, or appends the field if the record does not have it yet.
   void SetField(const std::string& field, std::shared_ptr<MetaObject> value);
   void SetField(const std::string& field, std::string value);
   void SetField(const std::string& field, const char* value);
 
-  const std::string& GetName() const { return name_; }
-  const std::vector<Field>& GetFields() const { return fields_; }
+  const std::string& GetName() const { return layout_->structure; }
+  /// Valid until a record of this name gets a further field.
+  std::span<const std::string> GetFieldNames() const {
+    return {layout_->fields.data(), values_.size()};
+  }
+  /// The fields' values, each where `GetFieldNames` has its name.
+  const std::vector<std::shared_ptr<MetaObject>>& GetValues() const { return values_; }
+  /// Whether a field that both have stands at the same position in both.
+  bool SharesLayout(const MetaStruct& other) const { return layout_ == other.layout_; }
   /// The field's value; null if there is no such field.
   std::shared_ptr<MetaObject> GetField(const std::string& field) const;
 
  private:
-  std::string name_;
-  std::vector<Field> fields_;
+  /// A record has the first of these fields, as many as it has values.
+  struct Layout {
+    std::string structure;
+    std::vector<std::string> fields;
+  };
+  static const std::shared_ptr<Layout>& SharedLayout(const std::string& structure);
+
+  std::shared_ptr<Layout> layout_;
+  std::vector<std::shared_ptr<MetaObject>> values_;
 };
 
 /// A list of texts or of records.

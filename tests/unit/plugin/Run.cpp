@@ -27,8 +27,8 @@ std::string ToText(const std::shared_ptr<MetaObject>& value) {
     case MetaType::kString:
       return static_cast<const MetaString&>(*value).GetValue();
     case MetaType::kStruct:
-      for (const auto& [name, field] : static_cast<const MetaStruct&>(*value).GetFields()) {
-        text += name + ": " + ToText(field) + ", ";
+      for (const auto& name : static_cast<const MetaStruct&>(*value).GetFieldNames()) {
+        text += name + ": " + ToText(static_cast<const MetaStruct&>(*value).GetField(name)) + ", ";
       }
       return "{" + text.substr(0, text.size() - std::min<std::size_t>(text.size(), 2)) + "}";
     case MetaType::kList:
