@@ -4,7 +4,21 @@
 set(DOVRA_PLUGIN_DIR lib/orvane/autocli/plugins CACHE STRING
   "Where a host's framework looks for plug-ins, below its prefix")
 install(TARGETS dovra LIBRARY DESTINATION ${DOVRA_PLUGIN_DIR} COMPONENT plugin)
-install(FILES docs/deploy.md docs/reference.md cmake/debian/copyright DESTINATION share/doc/dovra-plugin COMPONENT plugin)
+
+find_program(GZIP gzip REQUIRED)
+# What each package says of itself. The reference of the plug-in's is the part about its commands.
+configure_file(cmake/debian/changelog.in share/changelog)
+file(READ docs/reference.md reference)
+string(REGEX REPLACE ".*\n(## dovra\n.*)\n## lab\n.*" "# Reference\n\n\\1" reference "${reference}")
+file(WRITE ${PROJECT_BINARY_DIR}/share/plugin/reference.md "${reference}")
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS docs/reference.md)
+execute_process(COMMAND ${GZIP} -9nkf ${PROJECT_BINARY_DIR}/share/changelog COMMAND_ERROR_IS_FATAL ANY)
+foreach(component plugin lab)
+  install(FILES CHANGELOG.md cmake/debian/copyright ${PROJECT_BINARY_DIR}/share/changelog.gz
+    DESTINATION share/doc/dovra-${component} COMPONENT ${component})
+endforeach()
+install(FILES docs/deploy.md ${PROJECT_BINARY_DIR}/share/plugin/reference.md
+  DESTINATION share/doc/dovra-plugin COMPONENT plugin)
 
 if(DOVRA_PLUGIN_ONLY)
   return()
@@ -22,10 +36,9 @@ install(TARGETS lab_plugin dovra_lab LIBRARY DESTINATION lib/autocli/plugins COM
 install(DIRECTORY lab/hostroot/files/ DESTINATION share/autocli/hostroot COMPONENT lab
   DIRECTORY_PERMISSIONS ${EVERYBODY_RUNS} FILE_PERMISSIONS ${EVERYBODY_RUNS}
   PATTERN "*.conf" PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
-install(FILES docs/lab.md docs/reference.md cmake/debian/copyright DESTINATION share/doc/dovra-lab COMPONENT lab)
+install(FILES docs/lab.md docs/reference.md DESTINATION share/doc/dovra-lab COMPONENT lab)
 
 # The manual, written by the program itself, packed as Debian wants it.
-find_program(GZIP gzip REQUIRED)
 function(lab_page page folder)
   set(plain ${PROJECT_BINARY_DIR}/${folder}/${page})
   set(packed ${plain}.gz)
@@ -39,6 +52,9 @@ function(lab_page page folder)
 endfunction()
 lab_page(autocli.1 share/man/man1)
 lab_page(dovra.7 share/man/man7)
+# Both packages have that page, under different names, so that they can be on one machine.
+install(FILES ${PROJECT_BINARY_DIR}/share/man/man7/dovra.7.gz DESTINATION share/man/man7
+  RENAME dovra-plugin.7.gz COMPONENT plugin)
 
 # What makes each shell complete command lines, where the shells look for it.
 function(lab_completion shell file)

@@ -1,7 +1,7 @@
 # Two Debian packages, one per component: script/package builds them.
 set(CPACK_GENERATOR DEB)
 set(CPACK_VERBATIM_VARIABLES ON)
-set(CPACK_PACKAGE_CONTACT "Dovra developers <dovra@localhost>")
+set(CPACK_PACKAGE_CONTACT "Dovra developers <dovra@dovra.invalid>")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS

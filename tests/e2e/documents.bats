@@ -19,17 +19,17 @@ source=$BATS_TEST_DIRNAME/../..
     while read -r command; do grep -qE "^ +autocli $command( |$)" "$BATS_TEST_TMPDIR/shown"; done <"$BATS_TEST_TMPDIR/commands"
 }
 
-@test "the recipes of docs/lab.md do what they show" {
-    PATH=$(dirname "$AUTOCLI"):$PATH "$BATS_TEST_DIRNAME/run-document" "$source/docs/lab.md"
+@test "the examples of the README and the recipes of docs/lab.md do what they show" {
+    for document in README.md docs/lab.md; do
+        PATH=$(dirname "$AUTOCLI"):$PATH "$BATS_TEST_DIRNAME/run-document" "$source/$document"
+    done
 }
 
-@test "the plug-in alone is built and checked as docs/deploy.md shows" {
+@test "the plug-in alone is built, checked and installed as docs/deploy.md shows" {
     released_only
-    export TREE=$BATS_TEST_TMPDIR/tree CMAKE_BUILD_TYPE=None
-    mkdir "$TREE"
-    ln -s "$(realpath "$source")"/{CMakeLists.txt,cmake,docs,include,lab,script,src} "$TREE"
-    ln -s "$(platform)" "$TREE/host-libraries"
-    "$BATS_TEST_DIRNAME/run-document" "$source/docs/deploy.md"
+    TREE=$(realpath "$source") CMAKE_BUILD_TYPE=None \
+        CMAKE_CXX_COMPILER_LAUNCHER=$(realpath "$BATS_TEST_DIRNAME/compiled-before") \
+        "$BATS_TEST_DIRNAME/run-document" "$source/docs/deploy.md"
 }
 
 @test "a document that shows something else is found out" {

@@ -31,7 +31,7 @@ works() {
     cd "$root"
     works usr/bin/autocli
     "$BATS_TEST_DIRNAME/../../script/check-plugin" usr/lib/orvane/autocli/plugins/libdovra.so usr/lib/autocli/platform
-    [[ $(man -M usr/share/man -w autocli dovra | wc -l) == 2 ]]
+    [[ $(man -M usr/share/man -w autocli dovra dovra-plugin | wc -l) == 3 ]]
     [[ -s usr/share/bash-completion/completions/autocli ]]
     # None of the lab's libraries is where a loader would take it for a host's.
     [[ -z $(find usr/lib -maxdepth 1 -name '*.so') && -z $(find . -perm /022 ! -type l ! -path './var/*' ! -path .) ]]
@@ -41,6 +41,7 @@ works() {
     commit=$(usr/bin/autocli --version | grep -oE 'commit [0-9a-f]{7,}|commit unknown')
     for package in dovra-plugin dovra-lab; do
         [[ $(dpkg --root="$root" --status $package) == *"Built from $commit."* ]]
+        zgrep -qi "built from $commit" usr/share/doc/$package/changelog.gz
         grep -q 'No licence has been granted yet' usr/share/doc/$package/copyright
     done
     [[ $(depends dovra-lab) == *python3* && $(depends dovra-lab) == *libuuid1* ]]
