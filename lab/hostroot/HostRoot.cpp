@@ -76,11 +76,10 @@ void CopyFiles(const fs::path& from, const fs::path& to) {
       CopyFiles(entry.path(), target);
     } else {
       const auto mode = entry.status().permissions();
-      WriteNewFile(target, ReadFile(entry.path()),
-                   (mode & fs::perms::owner_exec) != fs::perms::none);
+      const bool isProgram = (mode & fs::perms::owner_exec) != fs::perms::none;
+      WriteNewFile(target, ReadFile(entry.path()), isProgram ? 0777 : 0666, false);
     }
   }
-  SyncFolder(to);
 }
 
 }  // namespace
@@ -95,7 +94,7 @@ void MakeRoot(Store& store, const HostRow& host, const fs::path& files) {
   const std::string lab = store.GetLabUuid();
   const fs::path hosts = store.GetFolder() / kHostsFolder;
   try {
-    if (fs::create_directory(hosts)) SyncFolder(store.GetFolder());
+    fs::create_directory(hosts);
     if (!IsRealFolder(hosts)) {
       throw LabError("\"" + hosts.string() + "\" is in the way, and the lab did not make it");
     }
@@ -106,9 +105,9 @@ void MakeRoot(Store& store, const HostRow& host, const fs::path& files) {
     }
     const fs::path draft = DraftOf(hosts, host);
     fs::create_directory(draft);
-    WriteNewFile(draft / kMark, MarkOf(lab, host.uuid));
+    WriteNewFile(draft / kMark, MarkOf(lab, host.uuid), 0666, false);
     CopyFiles(files, draft);
-    SyncFolder(hosts);
+    SyncAll(draft);
   } catch (const fs::filesystem_error& error) {
     throw LabError("the root folder of host \"" + host.name + "\" cannot be made: " + error.what());
   }

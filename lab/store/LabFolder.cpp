@@ -90,14 +90,19 @@ void SyncFolder(const fs::path& folder) {
   if (fsync(descriptor.Get()) != 0 && errno != EINVAL) Fail("cannot sync", folder);
 }
 
-void WriteNewFile(const fs::path& path, const std::string& content, bool isProgram) {
-  const Descriptor file(path, O_WRONLY | O_CREAT | O_EXCL, isProgram ? 0777 : 0666);
+void WriteNewFile(const fs::path& path, const std::string& content, mode_t mode, bool isSynced) {
+  const Descriptor file(path, O_WRONLY | O_CREAT | O_EXCL, mode);
   for (std::size_t written = 0; written < content.size();) {
     const ssize_t count = write(file.Get(), content.data() + written, content.size() - written);
     if (count < 0 && errno != EINTR) Fail("cannot write", path);
     if (count > 0) written += static_cast<std::size_t>(count);
   }
-  if (fsync(file.Get()) != 0) Fail("cannot sync", path);
+  if (isSynced && fsync(file.Get()) != 0) Fail("cannot sync", path);
+}
+
+void SyncAll(const fs::path& folder) {
+  const Descriptor descriptor(folder, O_RDONLY | O_DIRECTORY);
+  if (syncfs(descriptor.Get()) != 0) Fail("cannot sync", folder);
 }
 
 }  // namespace Lab

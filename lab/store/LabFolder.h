@@ -1,6 +1,8 @@
 // A lab's folder, as far as it is not SQLite's: what may become a lab, and who may use one.
 #pragma once
 
+#include <sys/types.h>
+
 #include <filesystem>
 #include <string>
 
@@ -23,9 +25,13 @@ void RequireTrusted(const std::filesystem::path& folder);
 /// Makes the folder's entries outlast a loss of power. Throws `filesystem_error`.
 void SyncFolder(const std::filesystem::path& folder);
 
-/// Writes a file that is not there yet, for everybody whom the umask lets, and makes its content
-/// outlast a loss of power. Throws `filesystem_error`.
-void WriteNewFile(const std::filesystem::path& path, const std::string& content,
-                  bool isProgram = false);
+/// Writes a file that is not there yet, for as many of those whom `mode` names as the umask lets.
+/// `isSynced` makes its content outlast a loss of power. Throws `filesystem_error`.
+void WriteNewFile(const std::filesystem::path& path, const std::string& content, mode_t mode = 0666,
+                  bool isSynced = true);
+
+/// Makes all outlast a loss of power that is on the folder's file system: for many new files and
+/// folders far quicker than one by one. Throws `filesystem_error`.
+void SyncAll(const std::filesystem::path& folder);
 
 }  // namespace Lab

@@ -15,7 +15,8 @@ from pathlib import Path
 
 NAMING = ("openat", "rename", "renameat", "renameat2", "link", "linkat", "unlink", "unlinkat",
           "rmdir", "mkdir", "mkdirat")
-WRITING = ("write", "writev", "pwrite64", "sendfile", "ftruncate", "fsync", "fdatasync")
+WRITING = ("write", "writev", "pwrite64", "sendfile", "ftruncate", "fsync", "fdatasync",
+           "syncfs")
 CALL = re.compile(r"(\w+)\((.*)\) += (\d+)")
 SECTOR = 512  # bytes that a disk writes at once
 
@@ -119,6 +120,8 @@ class Recording:
         file, place = self.open[number]
         if call in ("fsync", "fdatasync"):
             return self.events.append(file)
+        if call == "syncfs":
+            return self.events.extend(self.now.files)
         if call == "ftruncate":
             return self.change(resize(file, int(last)))
         if call == "pwrite64":
