@@ -162,17 +162,17 @@ const MetaStruct* RecordOf(const MetaObject& result) {
 std::string DeclarationOf(Command& command) {
   constexpr const char* kTypes[] = {"truth value", "number", "text", "record", "list"};
   std::string text;
+  const auto tell = [&text](const std::string& name, const std::string& what) {
+    text.append("  ").append(name).append(": ").append(what).append("\n");
+  };
   const auto input = command.GetInputSpec();
   for (const auto& parameter : input->GetParameters()) {
     if (!parameter->GetConstraint()) continue;
     for (const auto& [value, description] : parameter->GetConstraint()->GetStringEnums()) {
-      if (description.empty()) continue;
-      text += "  --" + parameter->GetName() + ' ' + value + ": " + description + '\n';
+      if (!description.empty()) tell("--" + parameter->GetName() + ' ' + value, description);
     }
   }
-  for (const auto& [key, value] : command.GetDefaultOutputParameters()) {
-    text += "  " + key + ": " + value + '\n';
-  }
+  for (const auto& [key, value] : command.GetDefaultOutputParameters()) tell(key, value);
   const auto output = command.GetOutputSpec();
   if (const auto* const record = RecordOf(*output->GetRootObject())) {
     std::vector<std::string> fields;
@@ -180,7 +180,7 @@ std::string DeclarationOf(Command& command) {
       const auto type = static_cast<int>(record->GetField(name)->GetType());
       fields.push_back(name + " (" + kTypes[type] + ")");
     }
-    text += "  " + record->GetName() + ": " + BaseLibs::Join(fields, ", ") + '\n';
+    tell(record->GetName(), BaseLibs::Join(fields, ", "));
   }
   if (text.empty()) return text;
   const std::string& formatter = command.GetDefaultOutputFormatter();
