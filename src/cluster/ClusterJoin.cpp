@@ -7,6 +7,14 @@ namespace OrvaneCli::DovraNamespace {
 
 using CoreCtl::Dovra::DovraUtil;
 
+namespace {
+
+bool IsFaultDomainName(const std::string& text) {
+  return !text.empty() && DovraUtil::UTF8StringCharLength(text) <= kMaxFaultDomainNameLength;
+}
+
+}  // namespace
+
 class ClusterJoin final : public SuccessCommand<ClusterJoin> {
  public:
   ClusterJoin() { DescribeOperation("Join the host to a Dovra cluster."); }
@@ -44,8 +52,7 @@ class ClusterJoin final : public SuccessCommand<ClusterJoin> {
             "If --witness-node is specified, --witness-preferred-fault-domain must also be "
             "specified.");
       }
-      if (asWitness && (faultDomain->empty() || DovraUtil::UTF8StringCharLength(*faultDomain) >
-                                                    kMaxFaultDomainNameLength)) {
+      if (asWitness && !IsFaultDomainName(*faultDomain)) {
         return output->AddErrorMessage("Preferred fault domain name cannot be empty or exceed " +
                                        std::to_string(kMaxFaultDomainNameLength) + " characters.");
       }
