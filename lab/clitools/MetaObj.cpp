@@ -42,20 +42,29 @@ std::shared_ptr<MetaStruct> MetaStruct::New(std::string name) {
 }
 
 void MetaStruct::SetField(const std::string& field, std::shared_ptr<MetaObject> value) {
+  const std::size_t position = PositionOf(field);
+  if (position < values_.size()) {
+    values_[position] = std::move(value);
+  } else {
+    if (values_.empty()) values_.reserve(layout_->fields.size());
+    values_.push_back(std::move(value));
+  }
+  next_ = position + 1;
+}
+
+std::size_t MetaStruct::PositionOf(const std::string& field) {
+  // Fields are mostly set one after the other, as the layout has them.
+  if (next_ < layout_->fields.size() && layout_->fields[next_] == field) return next_;
   const auto fields = GetFieldNames();
   const auto known = std::ranges::find(fields, field);
-  if (known != fields.end()) {
-    values_[static_cast<std::size_t>(known - fields.begin())] = std::move(value);
-    return;
-  }
-  if (fields.size() == layout_->fields.size()) {
-    layout_->fields.push_back(field);  // nobody else has as many
-  } else if (layout_->fields[fields.size()] != field) {
+  const auto position = static_cast<std::size_t>(known - fields.begin());
+  if (known != fields.end()) return position;
+  if (position < layout_->fields.size() && layout_->fields[position] == field) return position;
+  if (position < layout_->fields.size()) {
     layout_ = std::make_shared<Layout>(Layout{GetName(), {fields.begin(), fields.end()}});
-    layout_->fields.push_back(field);
   }
-  if (values_.empty()) values_.reserve(layout_->fields.size());
-  values_.push_back(std::move(value));
+  layout_->fields.push_back(field);  // nobody else has as many
+  return position;
 }
 
 void MetaStruct::SetField(const std::string& field, std::string value) {

@@ -97,8 +97,11 @@ class MetaStruct : public MetaObject {
     std::vector<std::string> fields;
   };
   static const std::shared_ptr<Layout>& SharedLayout(const std::string& structure);
+  /// Where the field's value is, or is to be appended: then the layout has the name already.
+  std::size_t PositionOf(const std::string& field);
 
   std::shared_ptr<Layout> layout_;
+  std::size_t next_ = 0;  ///< the position behind that of the field set last
   std::vector<std::shared_ptr<MetaObject>> values_;
 };
 
