@@ -1,5 +1,6 @@
 #include "corectl/DiskView.h"
 
+#include <algorithm>
 #include <set>
 
 #include "corectl/Splits.h"
@@ -7,9 +8,15 @@
 
 namespace Lab {
 
+using CoreCtl::Dovra::DovraUtil;
+
+const DiskView::Disk* DiskView::Find(const HostCtl::Dovra::Uuid& uuid) const {
+  const auto found = std::ranges::lower_bound(disks, uuid, {}, &Disk::uuid);
+  return found == disks.end() || found->uuid != uuid ? nullptr : &*found;
+}
+
 DiskView ReadDiskView(Store& store, const HostRow& host) {
   DiskView view;
-  view.host = host.id;
   std::set<std::int64_t> hosts = {host.id};
   if (const auto member = FindRunningMember(store, host)) {
     view.isMember = true;
@@ -17,10 +24,10 @@ DiskView ReadDiskView(Store& store, const HostRow& host) {
       hosts.insert(peer.host.id);
     }
   }
-  for (const std::int64_t id : hosts) {
-    for (DiskRow& disk : store.ListClaimedDisks(id)) {
-      view.disks.emplace(CoreCtl::Dovra::DovraUtil::StringToDovraUuid(disk.uuid), std::move(disk));
-    }
+  for (DiskRow& disk : store.ListClaimedDisks()) {
+    if (!hosts.contains(disk.host)) continue;
+    const bool isSeen = disk.host == host.id && !disk.unplugged;
+    view.disks.push_back({DovraUtil::StringToDovraUuid(disk.uuid), std::move(disk), isSeen});
   }
   return view;
 }

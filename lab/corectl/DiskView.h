@@ -1,7 +1,6 @@
 #pragma once
 
-#include <cstdint>
-#include <map>
+#include <vector>
 
 #include "platform/hostctl/DovraRecords.h"
 #include "store/Store.h"
@@ -11,12 +10,17 @@ namespace Lab {
 /// The claimed disks that a host knows of, its own and those of the hosts that it reaches in its
 /// cluster, as of one moment.
 struct DiskView {
-  std::int64_t host = 0;
-  bool isMember = false;  ///< of a cluster, in effect
-  std::map<HostCtl::Dovra::Uuid, DiskRow> disks;
+  struct Disk {
+    HostCtl::Dovra::Uuid uuid;
+    DiskRow row;
+    bool isSeen;  ///< it is there on the host; otherwise the host only hears of it
+  };
 
-  /// Whether the disk is there on the host; otherwise the host only hears of it.
-  bool IsSeen(const DiskRow& disk) const { return disk.host == host && !disk.unplugged; }
+  bool isMember = false;    ///< of a cluster, in effect
+  std::vector<Disk> disks;  ///< in the order of their UUIDs
+
+  /// Null if the host knows of no such disk.
+  const Disk* Find(const HostCtl::Dovra::Uuid& uuid) const;
 };
 
 DiskView ReadDiskView(Store& store, const HostRow& host);

@@ -108,9 +108,10 @@ void LabHost::FailIfTold(Operation operation) {
   if (const auto message = TakeFault(operation)) Refuse(*message);
 }
 
-const DiskView& LabHost::GetDiskView() {
-  if (!diskView_) diskView_ = Read(ReadDiskView);
-  return *diskView_;
+std::shared_ptr<const DiskView> LabHost::GetDiskView() {
+  auto view = diskView_.lock();
+  if (!view) diskView_ = view = std::make_shared<const DiskView>(Read(ReadDiskView));
+  return view;
 }
 
 fs::path LabHost::GetRoot() {

@@ -90,9 +90,9 @@ class LabHost {
   void FailIfTold(Operation operation);
 
   const std::string& GetName() const { return name_; }
-  /// The disks that the host knows of, as they were at the first question since the selection or
-  /// the last change.
-  const DiskView& GetDiskView();
+  /// The disks that the host knows of, for as long as whoever asked holds the view all of one
+  /// moment, unless this host changes something.
+  std::shared_ptr<const DiskView> GetDiskView();
   /// The folder that is "/" to the host.
   std::filesystem::path GetRoot();
 
@@ -116,7 +116,7 @@ class LabHost {
   Store& store_;
   std::string name_;
   std::int64_t id_;
-  std::optional<DiskView> diskView_;
+  std::weak_ptr<const DiskView> diskView_;
   bool hasFaults_;  // as of the selection; mostly none
 };
 

@@ -210,7 +210,8 @@ class Store {
 
   // Disks. Devices are unique on a host, UUIDs in the lab.
   std::vector<DiskRow> ListDisks(std::int64_t host);
-  std::vector<DiskRow> ListClaimedDisks(std::int64_t host);
+  /// Those of all hosts that are in use, in the order of their UUIDs.
+  std::vector<DiskRow> ListClaimedDisks();
   /// The disks of a group, its flash device among them.
   std::vector<DiskRow> ListGroup(std::int64_t host, std::string_view group);
   std::optional<DiskRow> FindDisk(std::int64_t host, std::string_view device);

@@ -134,8 +134,8 @@ std::vector<DiskRow> Store::ListDisks(std::int64_t host) {
   return Select<DiskRow>(*database_, "WHERE host = ? ORDER BY id", host);
 }
 
-std::vector<DiskRow> Store::ListClaimedDisks(std::int64_t host) {
-  return Select<DiskRow>(*database_, "WHERE host = ? AND uuid IS NOT NULL ORDER BY id", host);
+std::vector<DiskRow> Store::ListClaimedDisks() {
+  return Select<DiskRow>(*database_, "WHERE uuid IS NOT NULL ORDER BY uuid");
 }
 
 std::vector<DiskRow> Store::ListGroup(std::int64_t host, std::string_view group) {

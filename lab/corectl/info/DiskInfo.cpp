@@ -17,13 +17,14 @@ namespace {
 
 class LabLun final : public HostCtl::Dovra::DovraDiskLun {
  public:
-  LabLun(const Uuid& uuid, std::string device) : uuid_(uuid), device_(std::move(device)) {}
-  Uuid GetUuid() const override { return uuid_; }
-  std::string GetDeviceName() const override { return device_; }
+  LabLun(std::shared_ptr<const DiskView> view, const DiskView::Disk& disk)
+      : view_(std::move(view)), disk_(disk) {}
+  Uuid GetUuid() const override { return disk_.uuid; }
+  std::string GetDeviceName() const override { return disk_.row.device; }
 
  private:
-  Uuid uuid_;
-  std::string device_;
+  std::shared_ptr<const DiskView> view_;
+  const DiskView::Disk& disk_;
 };
 
 }  // namespace
@@ -31,15 +32,15 @@ class LabLun final : public HostCtl::Dovra::DovraDiskLun {
 }  // namespace Lab
 
 // A listing asks three times: which disks are there, which are heard of, and for each of thousands
-// what it is. All answers are of the moment of the first question.
+// what it is. All answers are of the moment of the first question, since its answer holds the view.
 
 void HostCtl::Dovra::DovraInfo::GetDovraDisks(DiskLuns& luns) {
   auto& host = Lab::LabHost::Current();
   host.FailIfTold("GetDovraDisks");
   luns.clear();
-  const Lab::DiskView& view = host.GetDiskView();
-  for (const auto& [uuid, disk] : view.disks) {
-    if (view.IsSeen(disk)) luns.push_back(std::make_shared<Lab::LabLun>(uuid, disk.device));
+  const auto view = host.GetDiskView();
+  for (const auto& disk : view->disks) {
+    if (disk.isSeen) luns.push_back(std::make_shared<Lab::LabLun>(view, disk));
   }
 }
 
@@ -48,27 +49,24 @@ namespace Lab {
 void LabInfo::GetDiskUuids(std::vector<Uuid>& disks) {
   host_.FailIfTold("GetDiskUuids");
   disks.clear();
-  const DiskView& view = host_.GetDiskView();
-  if (!view.isMember) return;
-  for (const auto& [uuid, disk] : view.disks) disks.push_back(uuid);
+  diskView_ = host_.GetDiskView();
+  if (!diskView_->isMember) return;
+  for (const auto& disk : diskView_->disks) disks.push_back(disk.uuid);
 }
 
 void LabInfo::GetDiskInfo(const Uuid& uuid, const DiskLuns&, DovraDiskInfo& info) {
   host_.FailIfTold("GetDiskInfo");
-  const DiskView& view = host_.GetDiskView();
-  const auto known = view.disks.find(uuid);
-  if (known == view.disks.end()) {
-    Refuse("There is no disk with UUID " + DovraUtil::DovraUuidToString(uuid) + ".");
-  }
-  const DiskRow& disk = known->second;
-  const bool isSeen = view.IsSeen(disk);
+  diskView_ = host_.GetDiskView();
+  const auto* const known = diskView_->Find(uuid);
+  if (!known) Refuse("There is no disk with UUID " + DovraUtil::DovraUuidToString(uuid) + ".");
+  const auto& [_, disk, isSeen] = *known;
   info.deviceName = isSeen ? disk.device : "Unknown";
   info.isFlash = disk.flash;
   info.uuid = disk.uuid;
   info.diskGroupUuid = disk.group;
   info.diskGroupName = isSeen ? disk.groupName : "Unknown";
   info.usedByThisHost = isSeen;
-  info.inTavdir = view.isMember && (disk.mounted || disk.unplugged);
+  info.inTavdir = diskView_->isMember && (disk.mounted || disk.unplugged);
   info.formatVersion = static_cast<std::int32_t>(disk.formatVersion);
   info.deduplication = disk.deduplication;
   info.checksum = disk.checksum;
