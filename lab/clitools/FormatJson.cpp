@@ -1,5 +1,5 @@
-#include <algorithm>
-#include <cstdio>
+#include <rapidjson/prettywriter.h>
+#include <rapidjson/stringbuffer.h>
 
 #include "clitools/Formatters.h"
 #include "clitools/Text.h"
@@ -12,18 +12,20 @@ namespace {
 /// tree of them is made first.
 class JsonWriter {
  public:
-  explicit JsonWriter(const Pairs& parameters) : parameters_(parameters) {}
+  explicit JsonWriter(const Pairs& parameters) : parameters_(parameters) {
+    writer_.SetIndent(' ', 2);
+  }
 
   void Write(const MetaObject& value) {
     switch (value.GetType()) {
       case MetaType::kBool:
-        text_ += static_cast<const MetaObj::MetaBool&>(value).GetValue() ? "true" : "false";
+        writer_.Bool(static_cast<const MetaObj::MetaBool&>(value).GetValue());
         break;
       case MetaType::kInt:
-        text_ += std::to_string(static_cast<const MetaObj::MetaInt&>(value).GetValue());
+        writer_.Int64(static_cast<const MetaObj::MetaInt&>(value).GetValue());
         break;
       case MetaType::kString:
-        WriteString(static_cast<const MetaObj::MetaString&>(value).GetValue());
+        WriteText(static_cast<const MetaObj::MetaString&>(value).GetValue());
         break;
       case MetaType::kStruct:
         WriteRecord(static_cast<const MetaStruct&>(value), RecordsOf(value, parameters_));
@@ -34,101 +36,39 @@ class JsonWriter {
     }
   }
 
-  const std::string& GetText() const { return text_; }
+  std::string GetText() const { return {buffer_.GetString(), buffer_.GetSize()}; }
 
  private:
+  void WriteText(const std::string& text) {
+    const std::string valid = ValidUtf8(text);
+    writer_.String(valid.data(), static_cast<rapidjson::SizeType>(valid.size()));
+  }
+
   void WriteRecord(const MetaStruct& record, const RecordSet& set) {
-    WriteItems('{', '}', set.columns, [&](const Column& column) {
+    writer_.StartObject();
+    for (const Column& column : set.columns) {
       const auto value = record.GetField(column.name);
-      if (!value) return false;
-      BeginItem();
-      WriteString(column.name);
-      text_ += ": ";
+      if (!value) continue;
+      WriteText(column.name);
       Write(*value);
-      return true;
-    });
+    }
+    writer_.EndObject();
   }
 
   void WriteList(const MetaObject& list) {
+    writer_.StartArray();
     if (HoldsRecords(list)) {
       const RecordSet set = RecordsOf(list, parameters_);
-      WriteItems('[', ']', set.records, [&](const MetaStruct* record) {
-        BeginItem();
-        WriteRecord(*record, set);
-        return true;
-      });
+      for (const MetaStruct* record : set.records) WriteRecord(*record, set);
     } else {
-      WriteItems('[', ']', ElementsOf(list), [&](const auto& element) {
-        BeginItem();
-        Write(*element);
-        return true;
-      });
+      for (const auto& element : ElementsOf(list)) Write(*element);
     }
-  }
-
-  /// `writeItem` says whether there was anything to write.
-  template <class Items, class WriteItem>
-  void WriteItems(char open, char close, const Items& items, WriteItem&& writeItem) {
-    text_ += open;
-    ++depth_;
-    isFirst_ = true;
-    for (const auto& item : items) {
-      if (writeItem(item)) isFirst_ = false;
-    }
-    --depth_;
-    if (!isFirst_) BeginLine();
-    text_ += close;
-    isFirst_ = false;
-  }
-
-  void BeginItem() {
-    if (!isFirst_) text_ += ',';
-    BeginLine();
-  }
-
-  void BeginLine() {
-    text_ += '\n';
-    text_.append(2 * depth_, ' ');
-  }
-
-  void WriteString(std::string_view value) {
-    text_ += '"';
-    if (std::ranges::all_of(value, IsPlain)) {
-      text_ += value;
-    } else {
-      ForEachCodePoint(value, [this](const CodePoint& point) { WriteCodePoint(point); });
-    }
-    text_ += '"';
-  }
-
-  /// Whether the byte is a character that stands for itself: most texts hold no other.
-  static bool IsPlain(char c) { return c >= ' ' && c <= '~' && c != '"' && c != '\\'; }
-
-  void WriteCodePoint(const CodePoint& point) {
-    if (!point.valid) {
-      text_ += kReplacement;
-    } else if (point.value == '"' || point.value == '\\') {
-      text_ += '\\';
-      text_ += point.bytes;
-    } else if (point.value == '\n') {
-      text_ += "\\n";
-    } else if (point.value == '\r') {
-      text_ += "\\r";
-    } else if (point.value == '\t') {
-      text_ += "\\t";
-    } else if (point.value < ' ') {
-      char escape[8];
-      std::snprintf(escape, sizeof escape, "\\u%04x", static_cast<unsigned>(point.value));
-      text_ += escape;
-    } else {
-      text_ += point.bytes;
-    }
+    writer_.EndArray();
   }
 
   const Pairs& parameters_;
-  std::string text_;
-  std::size_t depth_ = 0;
-  bool isFirst_ = true;
+  rapidjson::StringBuffer buffer_;
+  rapidjson::PrettyWriter<rapidjson::StringBuffer> writer_{buffer_};
 };
 
 }  // namespace
