@@ -17,14 +17,33 @@ namespace {
 
 struct Formatter {
   std::string_view name;
+  const char* description;
   std::string (*format)(const MetaObject&, const Pairs&, const Style&);
   bool showsRecordsOnly;
 };
 
 constexpr Formatter kFormatters[] = {
-    {"simple", FormatSimple, false}, {"table", FormatTable, true},
-    {"json", FormatJson, false},     {"csv", FormatCsv, true},
-    {"xml", FormatXml, false},       {"keyvalue", FormatKeyValue, false},
+    {"simple", "a line for each field of each record", FormatSimple, false},
+    {"table",
+     "a line for each record; on a terminal that is too narrow, UUIDs are cut short and the last "
+     "fields left out, which a last line tells",
+     FormatTable, true},
+    {"json",
+     "a record is an object, a list an array; numbers and booleans are such; the stable form for "
+     "scripts",
+     FormatJson, false},
+    {"csv",
+     "a heading and a line for each record; a cell with commas, quotes, line ends, or blanks at an "
+     "end is in double quotes",
+     FormatCsv, true},
+    {"xml", "an element named after its type for each value", FormatXml, false},
+    {"keyvalue",
+     "a line that a shell can evaluate for each field: Record_Field=value, with _0, _1 and so on "
+     "for "
+     "the records or texts of a list, and _ for what no name can hold; a value is quoted where it "
+     "must be, as $'...' with escapes where it holds quotes, control characters or bytes that are "
+     "not UTF-8",
+     FormatKeyValue, false},
 };
 
 bool CanShow(const Formatter& formatter, const MetaObject& value) {
@@ -63,6 +82,14 @@ std::vector<std::string> FormatterNames() {
   std::vector<std::string> names;
   for (const Formatter& formatter : kFormatters) names.emplace_back(formatter.name);
   return names;
+}
+
+Descriptions FormatterDescriptions() {
+  Descriptions descriptions;
+  for (const Formatter& formatter : kFormatters) {
+    descriptions.emplace_back(formatter.name, formatter.description);
+  }
+  return descriptions;
 }
 
 std::vector<std::string> FormattersFor(const MetaObject& rootTemplate) {

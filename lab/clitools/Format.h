@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "clitools/Text.h"
@@ -12,6 +13,10 @@ namespace CliTools {
 
 /// The formatters' names, in the order in which help lists them: those for people first.
 std::vector<std::string> FormatterNames();
+
+/// What each of them makes of a result.
+using Descriptions = std::vector<std::pair<std::string, std::string>>;
+Descriptions FormatterDescriptions();
 
 /// The names of those that can show a result of this shape (a command's output template). "table"
 /// and "csv" show records only.
@@ -28,8 +33,9 @@ bool CanShow(std::string_view formatter, const MetaObj::MetaObject& rootTemplate
 ///
 /// Every formatter but the bare value yields valid UTF-8, whatever bytes the texts hold. "simple"
 /// and "table" show control characters escaped; the other formats keep the value. Only these two
-/// heed the style: captions stand out, and a table that is too wide for the page is wrapped within
-/// its columns, or, where that would break words, shown as "simple" does.
+/// heed the page: captions stand out, and a table that is too wide is wrapped within its columns.
+/// Where that would break words, UUIDs are cut short and the last columns left out, which its last
+/// line tells; with less than two columns left, it is shown as "simple" does unless it was chosen.
 std::string Format(const MetaObj::MetaObject& root, std::string_view formatter,
                    const AutoCli::CommandSpec::Pairs& parameters, const Style& style = {});
 

@@ -1,7 +1,9 @@
 // The formatters for people: the bare value, simple, table.
 #include <algorithm>
+#include <cctype>
 #include <numeric>
 
+#include "baselibs/Text.h"
 #include "clitools/Formatters.h"
 #include "clitools/Text.h"
 
@@ -91,6 +93,44 @@ Widths FitWidths(const std::vector<Row>& rows, std::size_t page) {
   return widths;
 }
 
+bool IsUuid(std::string_view text) {
+  constexpr std::string_view kForm = "xxxxxxxx-xxxx-xxxx-xxxx-xxxxxxxxxxxx";
+  return std::ranges::equal(text, kForm, [](char c, char form) {
+    return form == '-' ? c == '-' : std::isxdigit(static_cast<unsigned char>(c)) != 0;
+  });
+}
+
+/// Whether there are UUIDs; each becomes its beginning, which as a rule tells them apart.
+bool ShortenUuids(std::vector<Row>& rows) {
+  bool found = false;
+  for (Row& row : rows) {
+    for (std::string& cell : row) {
+      if (!IsUuid(cell)) continue;
+      cell = cell.substr(0, 8) + "\u2026";
+      found = true;
+    }
+  }
+  return found;
+}
+
+/// Takes from a table what does not fit the page: of UUIDs all but their beginnings, then, from the
+/// last one on, columns up to the second. Returns what somebody who looks at it must know, as a
+/// line.
+std::string MakeFit(std::vector<Row>& rows, std::size_t page) {
+  const bool isShortened = ShortenUuids(rows);
+  std::size_t leftOut = 0;
+  for (; FitWidths(rows, page).empty() && rows.front().size() > 1; ++leftOut) {
+    for (Row& row : rows) row.pop_back();
+  }
+  std::vector<std::string> remarks;
+  if (leftOut > 0) {
+    remarks.push_back(std::to_string(leftOut) + (leftOut == 1 ? " field is" : " fields are") +
+                      " left out");
+  }
+  if (isShortened) remarks.emplace_back("UUIDs are cut short");
+  return '(' + BaseLibs::Join(remarks, ", ") + "; --fields chooses what is shown.)\n";
+}
+
 std::string TableLine(const Row& cells, const Widths& widths, const std::vector<Column>& columns) {
   std::string line;
   for (std::size_t index = 0; index < cells.size(); ++index) {
@@ -159,8 +199,14 @@ std::string FormatTable(const MetaObject& root, const Pairs& parameters, const S
       row.push_back(ShownWithUnit(record->GetField(column.name).get(), column));
     }
   }
-  const Widths widths = FitWidths(rows, style.width);
-  if (widths.empty()) return FormatSimple(root, parameters, style);
+  Widths widths = FitWidths(rows, style.width);
+  std::string remark;
+  if (widths.empty()) {
+    remark = MakeFit(rows, style.width);
+    widths = FitWidths(rows, style.width);
+    if (!style.isChosen && rows.front().size() == 1) return FormatSimple(root, parameters, style);
+    if (widths.empty()) widths = NaturalWidths(rows);
+  }
   std::string text;
   for (const Row& line : WrapCells(rows.front(), widths)) {
     text += Caption(TableLine(line, widths, set.columns), style) + '\n';
@@ -168,12 +214,16 @@ std::string FormatTable(const MetaObject& root, const Pairs& parameters, const S
   Row dashes;
   for (const std::size_t width : widths) dashes.emplace_back(width, '-');
   rows.front() = std::move(dashes);
+  if (!style.header) {
+    text.clear();
+    rows.erase(rows.begin());
+  }
   for (const Row& row : rows) {
     for (const Row& line : WrapCells(row, widths)) {
       text += TableLine(line, widths, set.columns) + '\n';
     }
   }
-  return text;
+  return text + remark;
 }
 
 }  // namespace CliTools

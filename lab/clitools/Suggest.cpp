@@ -11,14 +11,6 @@ namespace {
 
 constexpr std::size_t kMostSuggestions = 3;
 
-std::string LowerCase(std::string_view text) {
-  std::string lower(text);
-  for (char& c : lower) {
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-  }
-  return lower;
-}
-
 /// How many slips of the finger turn `from` into `to`: a character too many, too few, wrong, or
 /// two neighbours swapped.
 std::size_t EditDistance(std::string_view from, std::string_view to) {

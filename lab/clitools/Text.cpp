@@ -100,6 +100,14 @@ std::string Printable(std::string_view text) {
   return printable;
 }
 
+std::string LowerCase(std::string_view text) {
+  std::string lower(text);
+  for (char& c : lower) {
+    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+  }
+  return lower;
+}
+
 std::string Quote(std::string_view text) {
   return '"' + Printable(text) + '"';
 }

@@ -44,6 +44,9 @@ std::string ValidUtf8(std::string_view text);
 /// writing direction is escaped (\n, \x1b, \u202e); U+FFFD stands for all that is not UTF-8.
 std::string Printable(std::string_view text);
 
+/// `text` with small letters for the capital ones of ASCII.
+std::string LowerCase(std::string_view text);
+
 /// `Printable(text)` in double quotes.
 std::string Quote(std::string_view text);
 
@@ -54,6 +57,8 @@ std::size_t DisplayWidth(std::string_view text);
 struct Style {
   std::size_t width = 0;  ///< columns of the page; 0: as many as it takes
   bool bold = false;      ///< whether captions can be made to stand out
+  bool header = true;     ///< whether a table says what its columns are
+  bool isChosen = false;  ///< whether somebody asked for this form, and no other will do
 };
 
 /// The text of a caption.

@@ -24,7 +24,7 @@ wrong() { expect 2 '' "autocli: $1" "${@:2}"; }
     expect 0 $'Cluster Information\n   Local Node State: MASTER\n   Enabled: true' '' --fields "$fields" dovra cluster get
     expect 0 $'Local Node State,Enabled\nMASTER,true' '' --fields "$fields" --formatter csv dovra cluster get
     expect 0 $'{\n  "Local Node State": "MASTER",\n  "Enabled": true\n}' '' --fields "$fields" --formatter json dovra cluster get
-    expect 0 $'DovraClusterGet.Local Node State=MASTER\nDovraClusterGet.Enabled=true' '' --fields "$fields" --formatter keyvalue dovra cluster get
+    expect 0 $'DovraClusterGet_Local_Node_State=MASTER\nDovraClusterGet_Enabled=true' '' --fields "$fields" --formatter keyvalue dovra cluster get
     expect 0 $'Name\n-----\nhost1' '' --fields=Name lab host list
     wrong 'lab host list: --fields: there is no field "name"; did you mean "Name"? (known here: Name, UUID, *' --fields name lab host list
     wrong "dovra cluster leave: --fields: this command's result has no fields" --fields Name dovra cluster leave

@@ -1,8 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <nlohmann/json.hpp>
-#include <sstream>
 
+#include "baselibs/Process.h"
 #include "clitools/Format.h"
 #include "clitools/Text.h"
 #include "clitools/UsageError.h"
@@ -90,7 +91,7 @@ TEST(Format, WritesDocuments) {
             "  }\n"
             "]\n");
   EXPECT_EQ(Format(*disks, "keyvalue", {{"fields:Disk", "Size,Tags"}}),
-            "Disk[0].Size=5\nDisk[0].Tags[0]=a\nDisk[0].Tags[1]=b\nDisk[1].Size=1000\n");
+            "Disk_0_Size=5\nDisk_0_Tags_0=a\nDisk_0_Tags_1=b\nDisk_1_Size=1000\n");
   EXPECT_EQ(Format(*MakeDisk("<&>\"\r\n\t\u009b\x1b\uFFFE\xff", 1, {"a", "b"}), "xml",
                    {{"fields:Disk", "Name,Size,Tags"}}),
             "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
@@ -123,7 +124,7 @@ TEST(Format, ShowsEverythingThatIsNoRecord) {
       {texts, "simple", "a\nb\\n\n"},
       {texts, "json", "[\n  \"a\",\n  \"b\\n\"\n]\n"},
       {texts, "xml", xml + "<list><string>a</string><string>b&#10;</string></list></output>\n"},
-      {texts, "keyvalue", "result[0]=a\nresult[1]=b\\n\n"},
+      {texts, "keyvalue", "result_0=a\nresult_1=$'b\\n'\n"},
       {MakeDisks({}), "simple", ""},
       {MakeDisks({}), "table", "Name  Size  Tags  Is SSD\n----  ----  ----  ------\n"},
       {MakeDisks({}), "json", "[]\n"},
@@ -153,7 +154,7 @@ TEST(Format, SaysBeforehandWhatItCanShow) {
 TEST(Format, FitsTablesToThePage) {
   const auto disks = MakeDisks({MakeDisk("one two three", 5, {"a", "b"}), MakeDisk("漢字 x", 6)});
   const auto table = [&](std::size_t width) {
-    return Format(*disks, "table", {{"fields:Disk", "Name,Size,Tags"}}, {width, false});
+    return Format(*disks, "table", {{"fields:Disk", "Name,Size,Tags"}}, {.width = width});
   };
   EXPECT_EQ(table(25), table(0));
   EXPECT_EQ(table(24),
@@ -170,17 +171,43 @@ TEST(Format, FitsTablesToThePage) {
             "three\n"
             "漢字      6\n"
             "x\n");
-  EXPECT_EQ(table(16), Format(*disks, "simple", {{"fields:Disk", "Name,Size,Tags"}}));
+  EXPECT_EQ(table(16).substr(table(16).find('(')),
+            "(1 field is left out; --fields chooses what is shown.)\n");
+  EXPECT_EQ(table(10), Format(*disks, "simple", {{"fields:Disk", "Name,Size,Tags"}}));
+
+  const auto uuids = MakeDisks({MakeDisk("c0ffee00-1111-4222-8333-444455556666", 5)});
+  const auto page = [&](std::size_t width, bool isChosen) {
+    return Format(*uuids, "table", {{"fields:Disk", "Name,Size,Is SSD"}},
+                  {.width = width, .isChosen = isChosen});
+  };
+  EXPECT_EQ(page(30, false),
+            "Name       Size  Is SSD\n"
+            "---------  ----  ------\n"
+            "c0ffee00\u2026     5  false\n"
+            "(UUIDs are cut short; --fields chooses what is shown.)\n");
+  EXPECT_EQ(page(7, true),
+            "Name\n---------\nc0ffee00\u2026\n"
+            "(2 fields are left out, UUIDs are cut short; --fields chooses what is shown.)\n");
+}
+
+TEST(Format, LeavesTheHeadingOut) {
+  for (const auto& [formatter, expected] :
+       {std::pair("table", "   5  a\n"), std::pair("csv", "5,a\n")}) {
+    EXPECT_EQ(
+        Format(*MakeDisk("a", 5), formatter, {{"fields:Disk", "Size,Name"}}, {.header = false}),
+        expected);
+  }
 }
 
 TEST(Format, LetsCaptionsStandOut) {
   const auto disk = MakeDisk("a", 1);
   EXPECT_EQ(
-      Format(*disk, "simple", {{"header:Disk", "%Name%"}, {"fields:Disk", "Size"}}, {0, true}),
+      Format(*disk, "simple", {{"header:Disk", "%Name%"}, {"fields:Disk", "Size"}}, {.bold = true}),
       "\x1b[1ma\x1b[0m\n   Size: 1\n");
-  EXPECT_EQ(Format(*disk, "table", {{"fields:Disk", "Size"}}, {0, true}),
+  EXPECT_EQ(Format(*disk, "table", {{"fields:Disk", "Size"}}, {.bold = true}),
             "\x1b[1mSize\x1b[0m\n----\n   1\n");
-  EXPECT_EQ(Format(*disk, "csv", {{"fields:Disk", "Size"}}, {3, true}), "Size\n1\n");
+  EXPECT_EQ(Format(*disk, "csv", {{"fields:Disk", "Size"}}, {.width = 3, .bold = true}),
+            "Size\n1\n");
 }
 
 /// The table of these fields of a disk; or what was refused.
@@ -204,22 +231,6 @@ TEST(Format, SelectsFields) {
   EXPECT_EQ(Select(nullptr, {"Size"}), none);
 }
 
-/// A key-value line's value with its escapes undone.
-std::string Unescape(const std::string& line) {
-  std::string text;
-  for (std::size_t at = line.find('=') + 1; at < line.size(); ++at) {
-    if (line[at] != '\\') {
-      text += line[at];
-    } else if (const char kind = line[++at]; kind == 'x') {
-      text += static_cast<char>(std::stoi(line.substr(at + 1, 2), nullptr, 16));
-      at += 2;
-    } else {
-      text += kind == 'n' ? '\n' : kind == 'r' ? '\r' : kind;
-    }
-  }
-  return text;
-}
-
 TEST(Format, DocumentsGiveBackEveryText) {
   const AutoCli::CommandSpec::Pairs tagsOnly = {{"fields:Disk", "Tags"}};
   const auto disk = MakeDisk("", 0, kHostile);
@@ -228,11 +239,16 @@ TEST(Format, DocumentsGiveBackEveryText) {
   EXPECT_EQ(nlohmann::json::parse(Format(*disk, "json", tagsOnly)).at("Tags").get<Names>(),
             expected);
 
-  std::istringstream lines(Format(*disk, "keyvalue", tagsOnly));
-  EXPECT_EQ(ValidUtf8(lines.str()), lines.str());
-  Names read;
-  for (std::string line; std::getline(lines, line);) read.push_back(Unescape(line));
-  EXPECT_EQ(read, kHostile);
+  const std::string lines = Format(*disk, "keyvalue", tagsOnly);
+  EXPECT_EQ(ValidUtf8(lines), lines);
+  EXPECT_EQ(std::ranges::count(lines, '\n'), std::ssize(kHostile));
+  std::string inShell;
+  for (const std::string& text : kHostile) inShell += text.c_str() + "\0"s;  // no shell holds a NUL
+  EXPECT_EQ(
+      BaseLibs::RunProgram({"/bin/bash", "-c",
+                            lines + "for name in ${!Disk_@}; do printf '%s\\0' \"${!name}\"; done"})
+          .output,
+      inShell);
 }
 
 TEST(Format, ReachesRecordsWithinRecords) {
@@ -245,7 +261,7 @@ TEST(Format, ReachesRecordsWithinRecords) {
   outer->SetField("Disk", inner);
   outer->SetField("Disks", list);
   EXPECT_EQ(Format(*outer, "keyvalue", {{"fields:Disk", "Id"}}),
-            "Host.Disk.Id=1\nHost.Disks[0].Id=1\n");
+            "Host_Disk_Id=1\nHost_Disks_0_Id=1\n");
   EXPECT_EQ(nlohmann::json::parse(Format(*outer, "json", {{"fields:Disk", "Id"}})),
             nlohmann::json::parse(R"({"Disk": {"Id": 1}, "Disks": [{"Id": 1}]})"));
   EXPECT_EQ(Format(*outer, "csv", {}), "Disk,Disks\n\"Name: one,Id: 1\",\"Name: one,Id: 1\"\n");
