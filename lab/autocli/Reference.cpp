@@ -197,7 +197,7 @@ std::string Declarations(const CommandSpec& space) {
 }
 
 std::string WriteMarkdown(const Namespace& root) {
-  MarkdownPage page("Reference");
+  MarkdownPage page("Reference", "Written by script/reference; what is changed here is lost.");
   page.Paragraph("Every command of autocli, as the program itself declares it.");
   WriteProgram(page);
   page.Section("Commands");

@@ -26,6 +26,8 @@ using CliTools::UsageError;
 
 namespace {
 
+constexpr const char* kProgram = "autocli";
+
 /// The folder that holds bin, lib and share, wherever it was moved to.
 const fs::path& FindPrefix() {
   static const fs::path prefix = fs::read_symlink("/proc/self/exe").parent_path().parent_path();
@@ -77,18 +79,19 @@ std::optional<std::string> ReadProgramText(CommandTree& tree, const Options& opt
 }
 
 std::string ProgramHelp(const CommandSpec& root, const CliTools::Style& style) {
-  return OptionsHelp(style) + CliTools::ChildrenHelp(root, style) + '\n' +
+  return OptionsHelp(style) + CliTools::ChildrenHelp(kProgram, root, style) + '\n' +
          CliTools::Wrap(std::string("Exit status: ") + ExitStatusHelp(), 0, style.width);
 }
 
 std::string Help(NamespaceNode& node) {
   const CliTools::Style style = HelpStyle();
   if (auto* const command = dynamic_cast<Command*>(&node)) {
-    return CliTools::CommandHelp(*command, style) + ExamplesHelp(CliTools::PathOf(*command), style);
+    return CliTools::CommandHelp(kProgram, *command, style) +
+           ExamplesHelp(CliTools::PathOf(*command), style);
   }
   const auto& space = dynamic_cast<CommandSpec&>(node);
   return space.GetName().empty() ? ProgramHelp(space, style)
-                                 : CliTools::NamespaceHelp(space, style);
+                                 : CliTools::NamespaceHelp(kProgram, space, style);
 }
 
 /// The formatter that shows a result of this shape; refused if it cannot.
@@ -130,7 +133,8 @@ ExitStatus RunCommand(Command& command, const std::vector<std::string>& words,
   SelectLab(options);
   const auto output = CliTools::CallSpec::Output::New();
   {
-    const Spinner spinner(CliTools::PathOf(command));
+    const std::string path = CliTools::PathOf(command);
+    const Spinner spinner(path);
     command.Execute(call.input, output);
   }
   if (const auto& root = output->GetRootObject()) {

@@ -11,7 +11,7 @@
 
 namespace AutoCliProgram {
 
-bool IsDressed(int descriptor) {
+bool TakesEscapes(int descriptor) {
   if (isatty(descriptor) == 0) return false;
   const std::string terminal = BaseLibs::Environment("TERM");
   return !terminal.empty() && terminal != "dumb" && BaseLibs::Environment("NO_COLOR").empty();
@@ -27,13 +27,13 @@ std::size_t ColumnsOf(int descriptor) {
 }
 
 CliTools::Style ResultStyle() {
-  if (!IsDressed(STDOUT_FILENO)) return {};
+  if (!TakesEscapes(STDOUT_FILENO)) return {};
   return {ColumnsOf(STDOUT_FILENO), true};
 }
 
 CliTools::Style HelpStyle() {
   constexpr std::size_t kNarrowest = 40;  // help in less would be a column of single words
-  return {std::max(ColumnsOf(STDOUT_FILENO), kNarrowest), IsDressed(STDOUT_FILENO)};
+  return {std::max(ColumnsOf(STDOUT_FILENO), kNarrowest), TakesEscapes(STDOUT_FILENO)};
 }
 
 void Print(const std::string& text) {
@@ -44,9 +44,9 @@ void Print(const std::string& text) {
 }
 
 void PrintError(const std::string& text) {
-  const bool dressed = IsDressed(STDERR_FILENO);
-  std::fprintf(stderr, "%s%s%s\n", dressed ? "\x1b[31m" : "", CliTools::Printable(text).c_str(),
-               dressed ? "\x1b[0m" : "");
+  const bool red = TakesEscapes(STDERR_FILENO);
+  std::fprintf(stderr, "%s%s%s\n", red ? "\x1b[31m" : "", CliTools::Printable(text).c_str(),
+               red ? "\x1b[0m" : "");
 }
 
 }  // namespace AutoCliProgram

@@ -8,9 +8,9 @@
 
 namespace AutoCliProgram {
 
-/// Whether what is written to the descriptor may be dressed up: it is a terminal that can do more
-/// than print, and the user has not asked for plain text (NO_COLOR).
-bool IsDressed(int descriptor);
+/// Whether what is written to the descriptor may hold escape sequences: it is a terminal that acts on
+/// them, and the user has not asked for plain text (NO_COLOR).
+bool TakesEscapes(int descriptor);
 
 /// The columns of the terminal, or of a page if the descriptor is none.
 std::size_t ColumnsOf(int descriptor);

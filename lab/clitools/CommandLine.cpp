@@ -87,7 +87,7 @@ class OptionReader {
  public:
   OptionReader(const Parameters& parameters, const std::vector<std::string>& arguments)
       : parameters_(parameters), words_(arguments), given_(parameters.size()) {
-    words_.insert(words_.begin(), "autocli");
+    words_.emplace(words_.begin());  // where a program has its own name
     for (std::string& word : words_) argv_.push_back(word.data());
     argv_.push_back(nullptr);
     for (const auto& parameter : parameters) {

@@ -27,14 +27,14 @@ constexpr std::size_t kDescriptionIndent = 8;
 
 using Rows = std::vector<std::pair<std::string, std::string>>;
 
-std::string CommandLineOf(const NamespaceNode& node) {
+std::string CommandLineOf(const std::string& program, const NamespaceNode& node) {
   const std::string path = PathOf(node);
-  return path.empty() ? "autocli" : "autocli " + path;
+  return path.empty() ? program : program + ' ' + path;
 }
 
-std::string UsageLine(const NamespaceNode& node, std::vector<std::string> items,
-                      const Style& style) {
-  items.insert(items.begin(), CommandLineOf(node));
+std::string UsageLine(const std::string& program, const NamespaceNode& node,
+                      std::vector<std::string> items, const Style& style) {
+  items.insert(items.begin(), CommandLineOf(program, node));
   return WrapItems(items, kUsageIndent, style.width)
       .replace(0, kUsageIndent, Caption("Usage:", style) + ' ');
 }
@@ -167,7 +167,7 @@ std::string ColumnsHelp(const std::string& heading, const Rows& rows, const Styl
   return Columns(heading, rows, ColumnBehind(rows), style);
 }
 
-std::string ChildrenHelp(const CommandSpec& node, const Style& style) {
+std::string ChildrenHelp(const std::string& program, const CommandSpec& node, const Style& style) {
   Rows all;
   Rows namespaces;
   Rows commands;
@@ -179,24 +179,24 @@ std::string ChildrenHelp(const CommandSpec& node, const Style& style) {
   const std::size_t column = ColumnBehind(all);
   return Columns("Namespaces", namespaces, column, style) +
          Columns("Commands", commands, column, style) +
-         Paragraph("To read on: " + CommandLineOf(node) + " NAME --help", style.width);
+         Paragraph("To read on: " + CommandLineOf(program, node) + " NAME --help", style.width);
 }
 
-std::string NamespaceHelp(const CommandSpec& node, const Style& style) {
+std::string NamespaceHelp(const std::string& program, const CommandSpec& node, const Style& style) {
   std::vector<std::string> usage = {"COMMAND", "[OPTIONS]"};
   if (HasNamespaces(node)) usage.insert(usage.begin(), "[NAMESPACE...]");
-  return UsageLine(node, usage, style) + Paragraph(node.GetDescription(), style.width) +
-         ChildrenHelp(node, style);
+  return UsageLine(program, node, usage, style) + Paragraph(node.GetDescription(), style.width) +
+         ChildrenHelp(program, node, style);
 }
 
-std::string CommandHelp(Command& command, const Style& style) {
+std::string CommandHelp(const std::string& program, Command& command, const Style& style) {
   std::string parameters;
   const auto input = command.GetInputSpec();
   for (const auto& parameter : input->GetParameters()) {
     parameters += ParameterHelp(*parameter, style.width);
   }
   if (!parameters.empty()) parameters = '\n' + Caption("Parameters:", style) + '\n' + parameters;
-  return UsageLine(command, UsageItems(command), style) +
+  return UsageLine(program, command, UsageItems(command), style) +
          Paragraph(command.GetDescription(), style.width) + parameters + '\n' +
          Caption("Output:", style) + ' ' + OutputHelp(command, style.width);
 }

@@ -32,13 +32,18 @@ std::string ColumnsHelp(const std::string& heading,
                         const std::vector<std::pair<std::string, std::string>>& rows,
                         const Style& style);
 
-/// A namespace's children in registration order, and how to read on.
-std::string ChildrenHelp(const AutoCli::CommandSpec& node, const Style& style);
+// `program` is what is typed before a node's path. The style of help needs a width.
 
-/// Help for a namespace: usage, description, children. The style of help needs a width.
-std::string NamespaceHelp(const AutoCli::CommandSpec& node, const Style& style = {80});
+/// A namespace's children in registration order, and how to read on.
+std::string ChildrenHelp(const std::string& program, const AutoCli::CommandSpec& node,
+                         const Style& style);
+
+/// Help for a namespace: usage, description, children.
+std::string NamespaceHelp(const std::string& program, const AutoCli::CommandSpec& node,
+                          const Style& style = {80});
 
 /// Help for a command: usage, description, parameters, what it prints.
-std::string CommandHelp(AutoCli::Command& command, const Style& style = {80});
+std::string CommandHelp(const std::string& program, AutoCli::Command& command,
+                        const Style& style = {80});
 
 }  // namespace CliTools

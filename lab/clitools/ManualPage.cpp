@@ -13,8 +13,6 @@ using BaseLibs::Join;
 
 namespace {
 
-constexpr const char* kNotice = "Written by script/reference; what is changed here is lost.";
-
 std::vector<std::string> Lines(std::string_view text) {
   std::vector<std::string> lines;
   while (!text.empty()) {
@@ -118,8 +116,8 @@ std::string RoffBold(const std::string& text) {
 
 }  // namespace
 
-MarkdownPage::MarkdownPage(const std::string& title) {
-  text_ = "<!-- " + std::string(kNotice) + " -->\n\n# " + Markdown(title) + '\n';
+MarkdownPage::MarkdownPage(const std::string& title, const std::string& remark) {
+  text_ = "<!-- " + remark + " -->\n\n# " + Markdown(title) + '\n';
 }
 
 void MarkdownPage::Section(const std::string& title) {
@@ -169,8 +167,7 @@ RoffPage::RoffPage(const std::string& name, const std::string& program,
                    const std::string& purpose) {
   const std::size_t dot = name.find('.');
   const std::string topic = name.substr(0, dot);
-  text_ = ".\\\" " + std::string(kNotice) + "\n.TH " + Upper(topic) + ' ' + name.substr(dot + 1) +
-          " \"\" \"" + Roff(program) + "\"\n";
+  text_ = ".TH " + Upper(topic) + ' ' + name.substr(dot + 1) + " \"\" \"" + Roff(program) + "\"\n";
   // Left as it is: commands and names must not be broken or stretched.
   text_ += ".nh\n.ad l\n";
   Section("Name");

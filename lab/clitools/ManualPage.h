@@ -38,7 +38,8 @@ class ManualPage {
 
 class MarkdownPage final : public ManualPage {
  public:
-  explicit MarkdownPage(const std::string& title);
+  /// `remark` is for those who see the text of the page, and not shown.
+  MarkdownPage(const std::string& title, const std::string& remark);
   void Section(const std::string& title) override;
   void Subsection(const std::string& title) override;
   void Paragraph(const std::string& text) override;

@@ -12,8 +12,8 @@ using namespace CliTools::MetaObj;
 
 TEST(Help, ListsANamespacesChildren) {
   const Tree tree;
-  EXPECT_EQ(NamespaceHelp(*tree.disk, {40}),
-            "Usage: autocli disk [NAMESPACE...]\n"
+  EXPECT_EQ(NamespaceHelp("program", *tree.disk, {40}),
+            "Usage: program disk [NAMESPACE...]\n"
             "       COMMAND [OPTIONS]\n"
             "\nCommands for disks\n"
             "\nNamespaces:\n"
@@ -22,12 +22,12 @@ TEST(Help, ListsANamespacesChildren) {
             "  remove  Remove disks, and wait until\n"
             "          their data is elsewhere.\n"
             "  list\n"
-            "\nTo read on: autocli disk NAME --help\n");
-  EXPECT_EQ(NamespaceHelp(*tree.root),
-            "Usage: autocli [NAMESPACE...] COMMAND [OPTIONS]\n"
+            "\nTo read on: program disk NAME --help\n");
+  EXPECT_EQ(NamespaceHelp("program", *tree.root),
+            "Usage: program [NAMESPACE...] COMMAND [OPTIONS]\n"
             "\nNamespaces:\n"
             "  disk  Commands for disks\n"
-            "\nTo read on: autocli NAME --help\n");
+            "\nTo read on: program NAME --help\n");
 }
 
 TEST(Help, TellsACommandsParameters) {
@@ -47,8 +47,8 @@ TEST(Help, TellsACommandsParameters) {
   range->SetIntRange(0, 512);
   remove.Add("level", "", ParameterType::kInt, "Rate (%ENUM%).").SetConstraint(range);
   remove.Add("quiet", "q", ParameterType::kFlag, "Literal, as nothing is listed: %ENUM%");
-  EXPECT_EQ(CommandHelp(remove, {60}),
-            "Usage: autocli disk remove --disk TEXT [--disk TEXT]...\n"
+  EXPECT_EQ(CommandHelp("program", remove, {60}),
+            "Usage: program disk remove --disk TEXT [--disk TEXT]...\n"
             "       [--mode TEXT] [--level NUMBER] [--quiet]\n"
             "\nRemove disks, and wait until their data is elsewhere.\n"
             "\nParameters:\n"
@@ -84,7 +84,8 @@ TEST(Help, TellsWhatACommandPrints) {
   };
   for (const auto& [result, expected] : cases) {
     tree.list->result = result;
-    EXPECT_EQ(CommandHelp(*tree.list), "Usage: autocli disk list\n\nOutput: " + expected);
+    EXPECT_EQ(CommandHelp("program", *tree.list),
+              "Usage: program disk list\n\nOutput: " + expected);
   }
 }
 

@@ -23,7 +23,7 @@ const std::vector<ManualPage::Option> kOptions = {
 
 TEST(ManualPage, EscapesWhatMarkdownWouldActOn) {
   const auto added = [](const std::function<void(ManualPage&)>& write) {
-    return Added(MarkdownPage("T"), write);
+    return Added(MarkdownPage("T", ""), write);
   };
   const std::pair<const char*, const char*> paragraphs[] = {
       {R"(<b> & [x](y) `c` *i* _u_ a|b #1 ~~s~~ C:\d)",
