@@ -26,6 +26,13 @@ bool NamesCommand(const CommandSpec& root, const std::vector<std::string>& words
   return false;
 }
 
+/// The names of a namespace's children.
+std::vector<std::string> ChildNames(const CommandSpec& space) {
+  std::vector<std::string> names;
+  for (const auto& child : space.GetChildren()) names.push_back(child->GetName());
+  return names;
+}
+
 /// The paths of all nodes of that name below `space`.
 void CollectPaths(const CommandSpec& space, const std::string& name,
                   std::vector<std::string>& paths) {
@@ -81,10 +88,11 @@ const std::shared_ptr<Namespace>& CommandTree::GetWhole() {
   return root_;
 }
 
-std::vector<std::string> ChildNames(const CommandSpec& space) {
-  std::vector<std::string> names;
-  for (const auto& child : space.GetChildren()) names.push_back(child->GetName());
-  return names;
+std::string KnownNames(const CommandSpec& space) {
+  constexpr std::size_t kMost = 30;  // more would bury what was said before
+  const std::vector<std::string> names = ChildNames(space);
+  if (names.size() <= kMost) return BaseLibs::Join(names, ", ");
+  return std::to_string(names.size()) + " names, which --help lists";
 }
 
 void RefuseWord(const CommandSpec& space, const std::string& word) {
@@ -92,7 +100,7 @@ void RefuseWord(const CommandSpec& space, const std::string& word) {
   const std::string suggestion = CliTools::DidYouMean(WhatWasMeant(space, word));
   throw UsageError((path.empty() ? "" : path + ": ") + "there is no " + CliTools::Quote(word) +
                    (suggestion.empty() ? "" : "; " + suggestion) +
-                   " (known here: " + BaseLibs::Join(ChildNames(space), ", ") + ")");
+                   " (known here: " + KnownNames(space) + ")");
 }
 
 }  // namespace AutoCliProgram

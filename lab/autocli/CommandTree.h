@@ -37,7 +37,7 @@ class CommandTree {
 /// Throws `UsageError`: the namespace has no child called `word`.
 [[noreturn]] void RefuseWord(const CliTools::AutoCli::CommandSpec& space, const std::string& word);
 
-/// The names of a namespace's children.
-std::vector<std::string> ChildNames(const CliTools::AutoCli::CommandSpec& space);
+/// The names of a namespace's children, for an error message.
+std::string KnownNames(const CliTools::AutoCli::CommandSpec& space);
 
 }  // namespace AutoCliProgram

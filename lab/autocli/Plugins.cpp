@@ -1,6 +1,7 @@
 #include "autocli/Plugins.h"
 
 #include <dlfcn.h>
+#include <link.h>
 
 #include <algorithm>
 #include <string>
@@ -31,6 +32,21 @@ std::vector<fs::path> FindPlugins(const fs::path& folder) {
   return plugins;
 }
 
+[[noreturn]] void Refuse(const fs::path& plugin, const std::string& reason) {
+  throw LabError("the plug-in \"" + plugin.string() + "\" cannot be loaded: " + reason);
+}
+
+/// Null if the library has no such symbol, or something else under that name.
+void* FindFunction(void* library, const char* name) {
+  void* const address = dlsym(library, name);
+  Dl_info info;
+  void* entry = nullptr;
+  const bool known = address != nullptr && dladdr1(address, &info, &entry, RTLD_DL_SYMENT) != 0;
+  const auto* const symbol = static_cast<const ElfW(Sym)*>(entry);
+  return known && symbol != nullptr && ELF64_ST_TYPE(symbol->st_info) == STT_FUNC ? address
+                                                                                  : nullptr;
+}
+
 }  // namespace
 
 Plugins::Plugins(fs::path folder, std::shared_ptr<CliTools::AutoCli::Namespace> root)
@@ -50,11 +66,14 @@ void Plugins::LoadAll() {
 void Plugins::Load(const fs::path& plugin) {
   if (!loaded_.insert(plugin).second) return;
   void* const handle = dlopen(plugin.c_str(), RTLD_LAZY | RTLD_LOCAL);
-  void* const entry = handle == nullptr ? nullptr : dlsym(handle, "AutoCli_RegisterNamespaces");
-  if (entry == nullptr) {
-    throw LabError("the plug-in \"" + plugin.string() + "\" cannot be loaded: " + dlerror());
+  if (handle == nullptr) Refuse(plugin, dlerror());
+  void* const entry = FindFunction(handle, "AutoCli_RegisterNamespaces");
+  if (entry == nullptr) Refuse(plugin, "it has no function AutoCli_RegisterNamespaces");
+  try {
+    reinterpret_cast<decltype(&AutoCli_RegisterNamespaces)>(entry)(root_);
+  } catch (const std::exception& error) {
+    Refuse(plugin, error.what());
   }
-  reinterpret_cast<decltype(&AutoCli_RegisterNamespaces)>(entry)(root_);
 }
 
 }  // namespace AutoCliProgram

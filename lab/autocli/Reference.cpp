@@ -8,6 +8,7 @@
 #include "clitools/CommandLine.h"
 #include "clitools/Help.h"
 #include "clitools/ManualPage.h"
+#include "clitools/PluginError.h"
 #include "clitools/Text.h"
 
 namespace AutoCliProgram {
@@ -76,7 +77,7 @@ void WriteCommand(ManualPage& page, Command& command) {
   page.Paragraph(command.GetDescription());
   page.Code(UsageOf(command));
   std::vector<ManualPage::Option> options;
-  const auto input = command.GetInputSpec();
+  const auto input = CliTools::InputOf(command);
   for (const auto& parameter : input->GetParameters()) {
     options.push_back(OptionOf(*parameter));
   }

@@ -14,6 +14,7 @@
 #include "clitools/CommandLine.h"
 #include "clitools/Format.h"
 #include "clitools/Help.h"
+#include "clitools/PluginError.h"
 #include "clitools/Text.h"
 #include "corectl/LabHost.h"
 
@@ -115,12 +116,12 @@ struct Call {
 
 Call PrepareCall(Command& command, const std::vector<std::string>& words, const Options& options) {
   try {
-    const auto layout = command.GetOutputSpec()->GetRootObject();
+    const auto layout = CliTools::ShapeOf(command);
     Call call;
     call.formatter = ChooseFormatter(command, layout.get(), options.formatter);
     call.formatterParameters =
         ChooseFields(layout.get(), command.GetDefaultOutputParameters(), options);
-    call.input = CliTools::ParseParameters(*command.GetInputSpec(), words);
+    call.input = CliTools::ParseParameters(*CliTools::InputOf(command), words);
     return call;
   } catch (const UsageError& error) {
     throw UsageError(CliTools::PathOf(command) + ": " + error.what());
@@ -138,6 +139,7 @@ ExitStatus RunCommand(Command& command, const std::vector<std::string>& words,
     command.Execute(call.input, output);
   }
   if (const auto& root = output->GetRootObject()) {
+    CliTools::CheckResult(command, *root);
     Print(CliTools::Format(*root, call.formatter, call.formatterParameters, ResultStyle()));
   }
   for (const std::string& message : output->GetErrorMessages()) PrintError(options.place + message);
@@ -147,8 +149,8 @@ ExitStatus RunCommand(Command& command, const std::vector<std::string>& words,
 [[noreturn]] void RefuseMissingCommand(const CommandSpec& space) {
   const std::string path = CliTools::PathOf(space);
   throw UsageError((path.empty() ? "" : path + ": ") +
-                   "a command is missing; known here: " + BaseLibs::Join(ChildNames(space), ", ") +
-                   " (more: autocli " + (path.empty() ? "" : path + ' ') + "--help)");
+                   "a command is missing; known here: " + KnownNames(space) + " (more: autocli " +
+                   (path.empty() ? "" : path + ' ') + "--help)");
 }
 
 }  // namespace
@@ -192,6 +194,8 @@ ExitStatus Guard(const std::string& place, const std::function<ExitStatus()>& wo
     PrintError("autocli: " + place + error.what());
     return kWrongUse;
   } catch (const Lab::LabError& error) {
+    PrintError("autocli: " + place + error.what());
+  } catch (const CliTools::PluginError& error) {
     PrintError("autocli: " + place + error.what());
   } catch (const std::exception& error) {
     PrintError("autocli: " + place + "internal error: " + error.what());

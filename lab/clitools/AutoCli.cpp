@@ -1,6 +1,9 @@
 #include "platform/clitools/AutoCli.h"
 
 #include <algorithm>
+#include <stdexcept>
+
+#include "clitools/Text.h"
 
 namespace CliTools::AutoCli {
 
@@ -13,6 +16,15 @@ void Set(CommandSpec::Pairs& pairs, const std::string& key, std::string value) {
   } else {
     pairs.emplace_back(key, std::move(value));
   }
+}
+
+/// Whether `node` is `top` or somewhere below it.
+bool IsWithin(const NamespaceNode& node, const NamespaceNode& top) {
+  if (&node == &top) return true;
+  const auto* const space = dynamic_cast<const CommandSpec*>(&top);
+  return space != nullptr && std::ranges::any_of(space->GetChildren(), [&node](const auto& child) {
+           return IsWithin(node, *child);
+         });
 }
 
 }  // namespace
@@ -52,6 +64,10 @@ std::shared_ptr<NamespaceNode> CommandSpec::GetNamespaceNode(const std::string& 
 
 void CommandSpec::RegisterNamespaceNode(std::shared_ptr<NamespaceNode> child,
                                         const std::string& name) {
+  if (child == nullptr) throw std::invalid_argument("there is no node for the name " + Quote(name));
+  if (IsWithin(*this, *child)) {
+    throw std::invalid_argument("the node " + Quote(name) + " cannot stand below itself");
+  }
   child->name_ = name;
   child->parent_ = weak_from_this();
   const auto known = std::ranges::find(children_, name, &NamespaceNode::name_);

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "clitools/Help.h"
+#include "clitools/PluginError.h"
 
 namespace CliTools {
 
@@ -135,7 +136,7 @@ Candidates CompleteTyped(const InputSpec& programOptions, const CommandSpec& roo
     if (space == nullptr) return {};
     const auto command = std::dynamic_pointer_cast<Command>(child);
     if (!command) continue;
-    const auto spec = command->GetInputSpec();
+    const auto spec = InputOf(*command);
     OptionWords options(*spec, PathOf(*command), values);
     if (options.Take(word + 1, last) != last) return {};
     return options.AwaitsValue() ? options.Values() : options.Options(typed);

@@ -5,6 +5,7 @@
 #include "baselibs/Text.h"
 #include "clitools/CommandLine.h"
 #include "clitools/Format.h"
+#include "clitools/PluginError.h"
 #include "clitools/Text.h"
 
 namespace CliTools {
@@ -132,7 +133,7 @@ std::string DescriptionOf(const ParameterSpec& parameter) {
 
 std::vector<std::string> UsageItems(Command& command) {
   std::vector<std::string> items;
-  const auto input = command.GetInputSpec();
+  const auto input = InputOf(command);
   for (const auto& parameter : input->GetParameters()) {
     items.push_back(UsageItem(*parameter));
   }
@@ -140,7 +141,7 @@ std::vector<std::string> UsageItems(Command& command) {
 }
 
 Result ResultOf(Command& command) {
-  const auto root = command.GetOutputSpec()->GetRootObject();
+  const auto root = ShapeOf(command);
   if (!root) return {"nothing", {}};
   const auto fields = [&command](const MetaStruct& record) {
     return ShownFields(record, command.GetDefaultOutputParameters());
@@ -191,7 +192,7 @@ std::string NamespaceHelp(const std::string& program, const CommandSpec& node, c
 
 std::string CommandHelp(const std::string& program, Command& command, const Style& style) {
   std::string parameters;
-  const auto input = command.GetInputSpec();
+  const auto input = InputOf(command);
   for (const auto& parameter : input->GetParameters()) {
     parameters += ParameterHelp(*parameter, style.width);
   }
