@@ -5,8 +5,10 @@
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
+#include <string_view>
 #include <system_error>
 
+#include "autocli/Terminal.h"
 #include "clitools/Text.h"
 #include "clitools/UsageError.h"
 #include "clitools/Words.h"
@@ -37,16 +39,29 @@ class LineReader {
   bool Read(std::string& line) {
     errno = 0;
     const ssize_t length = getline(&buffer_, &capacity_, file_);
-    if (length < 0 && std::ferror(file_) != 0) Fail();
+    // A line for which there is no memory is neither the end nor a failure of the file.
+    if (length < 0 && std::feof(file_) == 0) Fail();
     if (length < 0) return false;
     line.assign(buffer_, static_cast<std::size_t>(length));
     if (line.ends_with('\n')) line.pop_back();
+    if (number_ == 0 && line.starts_with(kByteOrderMark)) line.erase(0, kByteOrderMark.size());
     ++number_;
     return true;
   }
 
-  /// "FILE:LINE: ", of the line that was read last.
-  std::string GetPlace() const { return name_ + ':' + std::to_string(number_) + ": "; }
+  /// Likewise, but lines that end in a backslash go on with the next one.
+  bool ReadWhole(std::string& line) {
+    if (!Read(line)) return false;
+    begin_ = number_;
+    for (std::string next; CliTools::GoesOn(line) && Read(next);) {
+      line.pop_back();
+      line += next;
+    }
+    return true;
+  }
+
+  /// "FILE:LINE: ", of where the line that was read last begins.
+  std::string GetPlace() const { return name_ + ':' + std::to_string(begin_) + ": "; }
 
  private:
   [[noreturn]] void Fail() const {
@@ -54,18 +69,21 @@ class LineReader {
                      " cannot be read: " + std::generic_category().message(errno));
   }
 
+  static constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
   bool isInput_;
   std::string name_;
   std::FILE* file_;
   char* buffer_ = nullptr;
   std::size_t capacity_ = 0;
   std::size_t number_ = 0;
+  std::size_t begin_ = 0;  ///< the number of the first of the lines that were read as one
 };
 
 Options ReadLineOptions(const std::vector<std::string>& words, const Options& defaults) {
   Options options = ReadOptions(words, defaults);
-  if (!options.batch.empty() || options.keepGoing) {
-    throw UsageError("--batch and --keep-going are not for the lines of a batch");
+  if (!options.batch.empty() || options.keepGoing || options.echo) {
+    throw UsageError("--batch, --keep-going and --echo are not for the lines of a batch");
   }
   if (options.pluginDir != defaults.pluginDir) {
     throw UsageError("--plugin-dir goes with --batch: all lines have the same commands");
@@ -83,21 +101,26 @@ ExitStatus RunOne(CommandTree& tree, const std::string& line, const Options& def
 }  // namespace
 
 ExitStatus RunBatch(CommandTree& tree, const Options& options) {
-  if (!options.words.empty()) {
-    throw UsageError("--batch takes its commands from the file; " +
-                     CliTools::Quote(options.words.front()) + " is one too many");
-  }
   LineReader reader(options.batch);
   Options defaults = options;
   defaults.batch.clear();
   defaults.keepGoing = false;
+  defaults.echo = false;
+  defaults.namesHost = false;  // it is only what holds for lines that name none
   ExitStatus gravest = kSuccess;
-  for (std::string line; reader.Read(line);) {
+  std::size_t failed = 0;
+  for (std::string line; reader.ReadWhole(line);) {
     defaults.place = reader.GetPlace();
+    if (options.echo) Print("> " + line + '\n');
     const ExitStatus status = Guard(defaults.place, [&] { return RunOne(tree, line, defaults); });
     gravest = std::max(gravest, status);
+    failed += status == kSuccess ? 0 : 1;
     const bool goesOn = status == kSuccess || options.keepGoing;
     if (!goesOn || std::ferror(stdout) != 0) break;  // results that nobody gets help nobody
+  }
+  if (options.keepGoing && failed > 0) {
+    PrintError("autocli: " + std::to_string(failed) + (failed == 1 ? " line" : " lines") +
+               " failed");
   }
   return gravest;
 }

@@ -167,7 +167,7 @@ constexpr Example kExamples[] = {
     {"lab resync set", "Much to resynchronise.", "autocli lab resync set --demand 800"},
     {"lab traced set", "A daemon that starts at the third attempt.",
      "autocli lab traced set --state running --fail-restarts 2"},
-    {"lab reset", "Everything from the beginning.", "autocli lab reset"},
+    {"lab reset", "Everything from the beginning.", "autocli lab reset --force"},
 };
 
 }  // namespace

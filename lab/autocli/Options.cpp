@@ -45,6 +45,7 @@ constexpr Option kOptions[] = {
      "run each line of the file, or of standard input if it is -, as a command line, up to the "
      "first that fails"},
     {"keep-going", "", "", "with --batch: up to the last line"},
+    {"echo", "", "", "with --batch: print each line before its result"},
     {"completion", "", "SHELL",
      "print what makes bash, zsh or fish complete command lines, as in: source <(autocli "
      "--completion bash)"},
@@ -128,7 +129,9 @@ Options ReadOptions(const std::vector<std::string>& arguments, Options options) 
   Take(*given, "completion", options.completion);
   Take(*given, "reference", options.reference);
   if (given->HasParameter("fields")) options.fields = SplitFields(given->GetParameter("fields"));
+  options.namesHost |= given->HasParameter("host");
   options.keepGoing = given->IsFlagSet("keep-going");
+  options.echo = given->IsFlagSet("echo");
   options.list = given->IsFlagSet("list");
   options.version = given->IsFlagSet("version");
   options.help = given->IsFlagSet("help");
@@ -168,7 +171,8 @@ std::vector<std::pair<std::string, std::string>> OptionRows() {
 
 const char* ExitStatusHelp() {
   return "0 success, 1 the command reported errors, 2 the command line is wrong, 3 the host "
-         "(plug-in, lab) cannot be used. A batch's is the highest of its lines'.";
+         "(plug-in, lab) cannot be used, 4 the command ran, but its result could not be written. A "
+         "batch's is the highest of its lines'.";
 }
 
 std::string OptionsHelp(const CliTools::Style& style) {

@@ -14,11 +14,13 @@ namespace AutoCliProgram {
 struct Options {
   std::string lab;  ///< folder; empty: the default one
   std::string host;
+  bool namesHost = false;           ///< whether the line itself says which host
   std::string formatter;            ///< empty: the command's own
   std::vector<std::string> fields;  ///< of a record, in order; empty: all
   std::string pluginDir;            ///< empty: the one that belongs to the program
   std::string batch;                ///< file of command lines, "-" for standard input; else empty
   bool keepGoing = false;
+  bool echo = false;
   std::string completion;  ///< shell; else empty
   std::string reference;   ///< part of the manual; else empty
   bool list = false;

@@ -1,7 +1,11 @@
 #include "autocli/Run.h"
 
+#include <unistd.h>
+
 #include <algorithm>
+#include <cstdio>
 #include <exception>
+#include <iostream>
 #include <optional>
 
 #include "autocli/Batch.h"
@@ -128,9 +132,39 @@ Call PrepareCall(Command& command, const std::vector<std::string>& words, const 
   }
 }
 
+/// Asks somebody at a terminal whether it is to be. Throws `UsageError` where there is nobody.
+bool IsConfirmed(const Command& command, const std::string& consequence) {
+  if (isatty(STDIN_FILENO) == 0 || isatty(STDERR_FILENO) == 0) {
+    throw UsageError(CliTools::PathOf(command) + ": " + consequence +
+                     " Nobody can be asked here; --force does it without a question");
+  }
+  std::fprintf(stderr, "%s Go on? [y/N] ", consequence.c_str());
+  std::string answer;
+  std::getline(std::cin, answer);
+  return answer == "y" || answer == "Y" || answer == "yes";
+}
+
+void PrintResult(const Command& command, const MetaObject& result, const Call& call) {
+  CliTools::CheckResult(command, result);
+  Print(CliTools::Format(result, call.formatter, call.formatterParameters, ResultStyle()));
+  const bool isEmpty = result.GetType() == MetaType::kList &&
+                       static_cast<const MetaList&>(result).GetElements().empty();
+  if (isEmpty) PrintRemark("The list is empty.");
+}
+
 ExitStatus RunCommand(Command& command, const std::vector<std::string>& words,
                       const Options& options) {
   const Call call = PrepareCall(command, words, options);
+  if (options.namesHost && command.GetMetaDataField("scope") == "lab") {
+    throw UsageError(CliTools::PathOf(command) +
+                     ": --host: this command is for the whole lab, not for one of its hosts");
+  }
+  const std::string consequence = command.GetMetaDataField("confirm");
+  if (!consequence.empty() && !call.input->IsFlagSet("force") &&
+      !IsConfirmed(command, consequence)) {
+    PrintError(options.place + "Nothing was done.");
+    return kCommandFailed;
+  }
   SelectLab(options);
   const auto output = CliTools::CallSpec::Output::New();
   {
@@ -138,12 +172,18 @@ ExitStatus RunCommand(Command& command, const std::vector<std::string>& words,
     const Spinner spinner(path);
     command.Execute(call.input, output);
   }
+  ExitStatus status = kSuccess;
   if (const auto& root = output->GetRootObject()) {
-    CliTools::CheckResult(command, *root);
-    Print(CliTools::Format(*root, call.formatter, call.formatterParameters, ResultStyle()));
+    status = Guard(options.place, [&] {
+      PrintResult(command, *root, call);
+      return kSuccess;
+    });
   }
-  for (const std::string& message : output->GetErrorMessages()) PrintError(options.place + message);
-  return output->GetErrorMessages().empty() ? kSuccess : kCommandFailed;
+  for (const std::string& message : output->GetErrorMessages()) {
+    PrintError(options.place + message);
+    status = std::max(status, kCommandFailed);
+  }
+  return status;
 }
 
 [[noreturn]] void RefuseMissingCommand(const CommandSpec& space) {
@@ -173,7 +213,14 @@ ExitStatus RunLine(CommandTree& tree, const Options& options) {
   if (options.keepGoing && options.batch.empty()) {
     throw UsageError("--keep-going goes with --batch");
   }
-  if (!options.batch.empty() && !options.help) return RunBatch(tree, options);
+  if (options.echo && options.batch.empty()) throw UsageError("--echo goes with --batch");
+  if (!options.batch.empty() && !options.help) {
+    if (!options.words.empty()) {
+      throw UsageError("--batch goes without a command; " + CliTools::Quote(options.words.front()) +
+                       " is one too many");
+    }
+    return RunBatch(tree, options);
+  }
   const Target target = tree.Resolve(options.words);
   if (options.help || std::ranges::any_of(target.arguments, IsHelp)) {
     Print(Help(*target.node));
@@ -193,6 +240,9 @@ ExitStatus Guard(const std::string& place, const std::function<ExitStatus()>& wo
   } catch (const UsageError& error) {
     PrintError("autocli: " + place + error.what());
     return kWrongUse;
+  } catch (const OutputError& error) {
+    PrintError("autocli: " + place + error.what());
+    return kResultLost;
   } catch (const Lab::LabError& error) {
     PrintError("autocli: " + place + error.what());
   } catch (const CliTools::PluginError& error) {

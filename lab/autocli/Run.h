@@ -10,7 +10,13 @@
 
 namespace AutoCliProgram {
 
-enum ExitStatus { kSuccess = 0, kCommandFailed = 1, kWrongUse = 2, kHostUnusable = 3 };
+enum ExitStatus {
+  kSuccess = 0,
+  kCommandFailed = 1,
+  kWrongUse = 2,
+  kHostUnusable = 3,
+  kResultLost = 4,  ///< the command ran, but its result could not be written
+};
 
 /// Where the plug-ins are.
 std::filesystem::path PluginFolder(const Options& options);

@@ -4,10 +4,11 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdio>
+#include <system_error>
 
 #include "baselibs/Environment.h"
-#include "store/LabError.h"
 
 namespace AutoCliProgram {
 
@@ -39,8 +40,13 @@ CliTools::Style HelpStyle() {
 void Print(const std::string& text) {
   const bool written = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
   if (!written || std::fflush(stdout) != 0) {
-    throw Lab::LabError("the result cannot be written to standard output");
+    throw OutputError("the result cannot be written to standard output: " +
+                      std::generic_category().message(errno));
   }
+}
+
+void PrintRemark(const std::string& text) {
+  if (isatty(STDOUT_FILENO) != 0) std::fprintf(stderr, "%s\n", text.c_str());
 }
 
 void PrintError(const std::string& text) {

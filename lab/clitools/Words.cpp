@@ -28,7 +28,8 @@ class Scanner {
     if (afterSlash) {
       afterSlash = false;
       // Between double quotes it escapes only what would have a meaning there.
-      if (quote == '"' && c != '"' && c != '\\') Append('\\');
+      if (quote == '"' && std::string_view("\"\\$`").find(c) == std::string_view::npos)
+        Append('\\');
       Append(c);
     } else if (c == '\\' && quote != '\'') {
       BeginWord();
@@ -76,6 +77,10 @@ std::vector<std::string> SplitWords(std::string_view line) {
   }
   if (scanner.afterSlash) throw UsageError("nothing follows the backslash at the end of the line");
   return std::move(scanner.words);
+}
+
+bool GoesOn(std::string_view line) {
+  return Scanner(line).afterSlash;
 }
 
 std::vector<std::string> SplitTyped(std::string_view line) {

@@ -13,6 +13,9 @@ namespace CliTools {
 /// has no end and a backslash that nothing follows.
 std::vector<std::string> SplitWords(std::string_view line);
 
+/// Whether the line ends in a backslash that escapes the end of the line.
+bool GoesOn(std::string_view line);
+
 /// The words of a line that somebody is still typing. The last one is where the cursor is: empty
 /// behind a blank, without the end of its quote if that is missing.
 std::vector<std::string> SplitTyped(std::string_view line);

@@ -27,7 +27,10 @@ HostRow RequireHost(Store& store, const std::string& name) {
 
 class HostAdd final : public SuccessCommand<HostAdd> {
  public:
-  HostAdd() { DescribeOperation("Add a host to the lab."); }
+  HostAdd() {
+    DescribeOperation("Add a host to the lab.");
+    SetMetaDataField("scope", "lab");
+  }
 
  private:
   InputSpecPtr GetInputSpecInternal() override {
@@ -52,6 +55,7 @@ class HostRemove final : public SuccessCommand<HostRemove> {
  public:
   HostRemove() {
     DescribeOperation("Remove a host from the lab, and from its cluster as if it had died.");
+    SetMetaDataField("scope", "lab");
   }
 
  private:
@@ -87,7 +91,10 @@ class HostList final : public ListCommand<HostList> {
       .separator = ",",
   };
 
-  HostList() { DescribeFetcher("List the lab's hosts."); }
+  HostList() {
+    DescribeFetcher("List the lab's hosts.");
+    SetMetaDataField("scope", "lab");
+  }
 
  private:
   void ExecuteInternal(const InputPtr&, const OutputPtr& output) override {
@@ -140,9 +147,18 @@ class HostReboot final : public SuccessCommand<HostReboot> {
 
 class Reset final : public SuccessCommand<Reset> {
  public:
-  Reset() { DescribeOperation("Make the lab as it was when new: every host and cluster is lost."); }
+  Reset() {
+    DescribeOperation("Make the lab as it was when new: every host and cluster is lost.");
+    SetMetaDataField("scope", "lab");
+    SetMetaDataField("confirm", "Every host and cluster of the lab will be lost.");
+  }
 
  private:
+  InputSpecPtr GetInputSpecInternal() override {
+    return MakeInputSpec({{"force", "", ParameterType::kFlag, Need::kOptional,
+                           "Do it without a question; needed where nobody can be asked."}});
+  }
+
   void ExecuteInternal(const InputPtr&, const OutputPtr& output) override {
     SucceedOrNothing(output, "Unable to reset the lab: ", [] {
       ChangeLab(ResetLab);

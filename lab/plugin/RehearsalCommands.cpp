@@ -71,6 +71,7 @@ class FaultList final : public ListCommand<FaultList> {
 
   FaultList() {
     DescribeFetcher("List the faults that wait for their calls, on every host of the lab.");
+    SetMetaDataField("scope", "lab");
   }
 
  private:

@@ -17,12 +17,26 @@ on_terminal() {
     [[ $list == "${bold}Command "* && $(tail -n +2 <<<"$list" | wc -L) -le 60 ]]
     uuid=$(host_uuid host1)
     [[ $(on_terminal '$AUTOCLI lab host list') == *"${uuid:0:8}…"*'(UUIDs are cut short; --fields chooses what is shown.)' ]]
+    [[ $(on_terminal '$AUTOCLI lab host list --fields Name,UUID') == *"$uuid" ]]
+    [[ $(on_terminal '$AUTOCLI dovra datastore list') != *' is empty'* && $(on_terminal '$AUTOCLI lab fault list') == *'The list is empty.' ]]
+    [[ $(on_terminal '$AUTOCLI lab fault list 2>/dev/null') != *' is empty'* ]]
     for plain_command in 'NO_COLOR=1 $AUTOCLI' 'TERM=dumb $AUTOCLI'; do
         [[ $(on_terminal "$plain_command lab host list") == "$(autocli lab host list)" ]]
         [[ $(on_terminal "$plain_command dovra clutser") == 'autocli: dovra: there is no'* ]]
     done
     [[ $(on_terminal 'NO_COLOR= $AUTOCLI lab disk list') == "$bold"* ]]
     [[ $(on_terminal '$AUTOCLI lab disk list | cat') == "$(autocli lab disk list)" ]]
+}
+
+@test "what cannot be undone is asked for" {
+    succeed lab host add --name host2
+    cd "$BATS_TEST_TMPDIR"
+    for answer in n $'\n' y; do
+        [[ $(autocli lab host list) == *host2* ]]
+        TERM=dumb script -qec '$AUTOCLI lab reset' /dev/null <<<"$answer" >asked || true
+        [[ $(tr -d '\r' <asked) == *'Every host and cluster of the lab will be lost. Go on? [y/N] '* ]]
+    done
+    [[ $(autocli lab host list) != *host2* ]]
 }
 
 @test "a command that takes long shows that it is at work, and leaves no trace of that" {

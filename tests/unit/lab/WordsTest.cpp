@@ -29,6 +29,7 @@ TEST(Words, AreThoseOfAShell) {
       {"'a b'\"c d\"e\\ f", "<a bc de f>"},
       {"'' \"\" a''", "<><><a>"},
       {R"('\n"\' "\"\\\n'")", R"(<\n"\><"\\n'>)"},
+      {R"("\$\`\a")", R"(<$`\a>)"},
       {"$HOME *|;>`x`", "<$HOME><*|;>`x`>"},
       {"a 'b", "the quote ' in column 3 has no end"},
       {"\"a\\\"", "the quote \" in column 1 has no end"},
