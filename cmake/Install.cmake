@@ -56,22 +56,17 @@ lab_page(dovra.7 share/man/man7)
 install(FILES ${PROJECT_BINARY_DIR}/share/man/man7/dovra.7.gz DESTINATION share/man/man7
   RENAME dovra-plugin.7.gz COMPONENT plugin)
 
-# What makes each shell complete command lines, where the shells look for it.
-function(lab_completion shell file)
+# What makes each shell complete command lines: where the shells look for it, and so does autocli.
+function(lab_completion source file)
   set(script ${PROJECT_BINARY_DIR}/share/${file})
-  get_filename_component(folder ${script} DIRECTORY)
-  add_custom_command(OUTPUT ${script}
-    COMMAND ${CMAKE_COMMAND} -E make_directory ${folder}
-    COMMAND autocli --completion ${shell} > ${script}
-    DEPENDS autocli)
-  add_custom_target(${shell}_completion ALL DEPENDS ${script})
+  configure_file(${PROJECT_SOURCE_DIR}/lab/autocli/completion/${source} ${script} COPYONLY)
   get_filename_component(destination share/${file} DIRECTORY)
   install(FILES ${script} DESTINATION ${destination} COMPONENT lab)
 endfunction()
-lab_completion(bash bash-completion/completions/autocli)
-lab_completion(zsh zsh/vendor-completions/_autocli)
-lab_completion(fish fish/vendor_completions.d/autocli.fish)
+lab_completion(autocli.bash bash-completion/completions/autocli)
+lab_completion(_autocli zsh/vendor-completions/_autocli)
+lab_completion(autocli.fish fish/vendor_completions.d/autocli.fish)
 
 # All of the above, without the tests.
 add_custom_target(installed DEPENDS
-  dovra autocli autocli.1 dovra.7 bash_completion zsh_completion fish_completion)
+  dovra autocli autocli.1 dovra.7)

@@ -1,5 +1,8 @@
 #include "autocli/CommandTree.h"
 
+#include <span>
+
+#include "autocli/Options.h"
 #include "baselibs/Text.h"
 #include "clitools/Help.h"
 #include "clitools/Suggest.h"
@@ -16,14 +19,15 @@ using CliTools::AutoCli::Namespace;
 namespace {
 
 /// Whether the words begin with the path of a command.
-bool NamesCommand(const CommandSpec& root, const std::vector<std::string>& words) {
+bool NamesCommand(const CommandSpec& root, std::span<const std::string> words) {
   const CommandSpec* node = &root;
-  for (const std::string& word : words) {
-    node = dynamic_cast<const CommandSpec*>(node->GetNamespaceNode(word).get());
-    if (node == nullptr) return false;
-    if (dynamic_cast<const Command*>(node) != nullptr) return true;
+  while (node != nullptr && dynamic_cast<const Command*>(node) == nullptr) {
+    words = words.subspan(CountOptionWords(words));
+    if (words.empty()) return false;
+    node = dynamic_cast<const CommandSpec*>(node->GetNamespaceNode(words.front()).get());
+    words = words.subspan(1);
   }
-  return false;
+  return node != nullptr;
 }
 
 /// The names of a namespace's children.
@@ -47,7 +51,6 @@ void CollectPaths(const CommandSpec& space, const std::string& name,
 /// The names in the namespace that resemble the word, else the places below it where the word
 /// stands as it is: the names that lead there were forgotten.
 std::vector<std::string> WhatWasMeant(const CommandSpec& space, const std::string& word) {
-  if (word == "help") return {"--help"};
   constexpr std::size_t kMost = 3;
   std::vector<std::string> meant = CliTools::Nearest(word, ChildNames(space));
   if (meant.empty()) CollectPaths(space, word, meant);
@@ -70,16 +73,23 @@ CommandTree::CommandTree(const std::filesystem::path& pluginFolder)
 Target CommandTree::Resolve(const std::vector<std::string>& words) {
   if (!words.empty()) plugins_.LoadCalled(words.front());
   if (!NamesCommand(*root_, words)) plugins_.LoadAll();
-  Target target{root_, words};
-  auto word = words.begin();
-  for (; word != words.end() && !word->starts_with('-'); ++word) {
-    const auto space = std::dynamic_pointer_cast<Namespace>(target.node);
-    if (!space) break;
-    auto child = space->GetNamespaceNode(*word);
-    if (!child) RefuseWord(*space, *word);
-    target.node = std::move(child);
+  Target target{root_, {}};
+  std::span<const std::string> left = words;
+  while (const auto space = std::dynamic_pointer_cast<Namespace>(target.node)) {
+    const auto options = left.first(CountOptionWords(left));
+    target.arguments.insert(target.arguments.end(), options.begin(), options.end());
+    left = left.subspan(options.size());
+    if (left.empty()) return target;
+    if (auto child = space->GetNamespaceNode(left.front())) {
+      target.node = std::move(child);
+    } else if (left.front() == "help") {
+      target.arguments.emplace_back("--help");
+    } else {
+      RefuseWord(*space, left.front());
+    }
+    left = left.subspan(1);
   }
-  target.arguments.assign(word, words.end());
+  target.arguments.insert(target.arguments.end(), left.begin(), left.end());
   return target;
 }
 

@@ -11,7 +11,8 @@
 
 namespace AutoCliProgram {
 
-/// A node and the words that are left for it.
+/// A node and the words that are left for it: options of the program that stand before the end of
+/// its path, and all words behind it.
 struct Target {
   std::shared_ptr<CliTools::AutoCli::NamespaceNode> node;
   std::vector<std::string> arguments;
@@ -22,7 +23,8 @@ class CommandTree {
  public:
   explicit CommandTree(const std::filesystem::path& pluginFolder);
 
-  /// Follows the words down the tree, as far as they name namespaces and a command. Throws
+  /// Follows the words down the tree, as far as they name namespaces and a command; "help", where
+  /// nothing is called so, stands for --help. Throws
   /// `UsageError` for a name that is not there, `LabError` when the plug-ins cannot be used.
   Target Resolve(const std::vector<std::string>& words);
 

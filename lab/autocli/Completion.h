@@ -6,9 +6,12 @@
 
 namespace AutoCliProgram {
 
-/// What makes bash, zsh or fish complete autocli's command lines: a script, which asks the autocli
-/// that is about to be run.
-const char* CompletionScript(const std::string& shell);
+/// The shells whose completion asks autocli.
+std::vector<std::string> CompletionShells();
+
+/// What makes one of them complete autocli's command lines: a script, which asks the autocli that
+/// is about to be run. Throws `LabError` when the program came without it.
+std::string CompletionScript(const std::string& shell);
 
 /// Whether these are the arguments with which the scripts call: "--complete" and the command line
 /// up to the cursor, from the program's name on, as it was typed.

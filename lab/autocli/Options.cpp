@@ -1,8 +1,10 @@
 #include "autocli/Options.h"
 
 #include <algorithm>
+#include <span>
 #include <utility>
 
+#include "autocli/Completion.h"
 #include "autocli/Reference.h"
 #include "baselibs/Environment.h"
 #include "clitools/CommandLine.h"
@@ -23,36 +25,46 @@ using CliTools::CallSpec::ParameterType;
 
 namespace {
 
+/// Whether an option says something of a command's call, or what the program is to do instead.
+enum class Use { kCall, kProgram };
+
 /// One option. `letter` is empty where there is none, `value` for a flag.
 struct Option {
-  const char* name;
-  const char* letter;
-  const char* value;
+  std::string_view name;
+  std::string_view letter;
+  std::string_view value;
+  Use use;
   const char* description;
+
+  bool IsFlag() const { return value.empty(); }
 };
 
 constexpr Option kOptions[] = {
-    {"lab", "", "DIR",
+    {"lab", "", "DIR", Use::kCall,
      "the lab's folder, made on first use; else $AUTOCLI_LAB, else a folder below the user's "
      "folder for state"},
-    {"host", "", "NAME", "the host on which the command runs; else $AUTOCLI_HOST, else host1"},
-    {"formatter", "", "NAME",
+    {"host", "H", "NAME", Use::kCall,
+     "the host on which the command runs; else $AUTOCLI_HOST, else host1"},
+    {"formatter", "f", "NAME", Use::kCall,
      "how the result is printed: simple, table, json, csv, xml or keyvalue; else as the command "
      "sees fit"},
-    {"fields", "", "A,B,...", "which fields of the result's records are printed, in this order"},
-    {"plugin-dir", "", "DIR", "where the plug-ins are; else those that came with autocli"},
-    {"batch", "", "FILE",
+    {"fields", "", "A,B,...", Use::kCall,
+     "which fields of the result's records are printed, in this order"},
+    {"no-header", "", "", Use::kCall, "tables and csv without the line that names the fields"},
+    {"plugin-dir", "", "DIR", Use::kProgram,
+     "where the plug-ins are; else those that came with autocli"},
+    {"batch", "", "FILE", Use::kProgram,
      "run each line of the file, or of standard input if it is -, as a command line, up to the "
-     "first that fails"},
-    {"keep-going", "", "", "with --batch: up to the last line"},
-    {"echo", "", "", "with --batch: print each line before its result"},
-    {"completion", "", "SHELL",
+     "first that fails; words are quoted as in a shell, and nothing is expanded"},
+    {"keep-going", "", "", Use::kProgram, "with --batch: up to the last line"},
+    {"echo", "", "", Use::kProgram, "with --batch: print each line before its result"},
+    {"completion", "", "SHELL", Use::kProgram,
      "print what makes bash, zsh or fish complete command lines, as in: source <(autocli "
      "--completion bash)"},
-    {"reference", "", "NAME", "print the manual: markdown, autocli.1 or dovra.7"},
-    {"list", "l", "", "list every command"},
-    {"version", "V", "", "print the version"},
-    {"help", "h", "", "print this, or the help of what stands before it"},
+    {"reference", "", "NAME", Use::kProgram, "print the manual: markdown, autocli.1 or dovra.7"},
+    {"list", "l", "", Use::kProgram, "list every command"},
+    {"version", "V", "", Use::kProgram, "print the version"},
+    {"help", "h", "", Use::kCall, "print this, or the help of what stands beside it"},
 };
 
 std::shared_ptr<ParameterConstraint> OneOf(const std::vector<std::string>& values) {
@@ -63,25 +75,37 @@ std::shared_ptr<ParameterConstraint> OneOf(const std::vector<std::string>& value
 
 std::shared_ptr<ParameterConstraint> ConstraintFor(std::string_view option) {
   if (option == "formatter") return OneOf(CliTools::FormatterNames());
-  if (option == "completion") return OneOf({"bash", "zsh", "fish"});
+  if (option == "completion") return OneOf(CompletionShells());
   if (option == "reference") return OneOf(ReferenceNames());
   return nullptr;
 }
 
-bool TakesNextWord(const std::string& word) {
-  const auto isIt = [&word](const Option& option) {
-    return word.starts_with("--") && word.substr(2) == option.name && *option.value != '\0';
-  };
-  return std::ranges::any_of(kOptions, isIt);
+/// Whether the value of the option that ends the word is the next word.
+bool TakesNextWord(std::string_view word) {
+  if (word.starts_with("--")) {
+    const auto* const option = std::ranges::find(kOptions, word.substr(2), &Option::name);
+    return option != std::end(kOptions) && !option->IsFlag();
+  }
+  for (std::size_t index = 1; index < word.size(); ++index) {
+    const auto* const option = std::ranges::find(kOptions, word.substr(index, 1), &Option::letter);
+    if (option == std::end(kOptions)) return false;
+    if (!option->IsFlag()) return index + 1 == word.size();
+  }
+  return false;
 }
 
-/// How many words, from the first, are options and their values.
-std::size_t CountOptionWords(const std::vector<std::string>& words) {
-  std::size_t count = 0;
-  while (count < words.size() && words[count].starts_with('-')) {
-    count += TakesNextWord(words[count]) ? 2 : 1;
+std::shared_ptr<InputSpec> MakeSpec(bool withCommand) {
+  auto spec = InputSpec::New();
+  for (const Option& option : kOptions) {
+    if (withCommand && option.use != Use::kCall) continue;
+    auto parameter = ParameterSpec::New(
+        std::string(option.name), option.IsFlag() ? ParameterType::kFlag : ParameterType::kString);
+    parameter->SetShortName(std::string(option.letter));
+    parameter->SetDescription(option.description);
+    parameter->SetConstraint(ConstraintFor(option.name));
+    spec->AddParameter(std::move(parameter));
   }
-  return std::min(count, words.size());
+  return spec;
 }
 
 /// Takes the option's value over, if it was given.
@@ -116,44 +140,71 @@ Options OptionsFromEnvironment() {
   return options;
 }
 
+std::size_t CountOptionWords(std::span<const std::string> words) {
+  std::size_t count = 0;
+  while (count < words.size() && words[count].starts_with('-')) {
+    count += TakesNextWord(words[count]) ? 2 : 1;
+  }
+  return std::min(count, words.size());
+}
+
 Options ReadOptions(const std::vector<std::string>& arguments, Options options) {
   const auto end = arguments.begin() + static_cast<std::ptrdiff_t>(CountOptionWords(arguments));
   options.words.assign(end, arguments.end());
   if (end == arguments.begin()) return options;
-  const auto given = CliTools::ParseParameters(*OptionsSpec(), {arguments.begin(), end});
-  Take(*given, "lab", options.lab);
-  Take(*given, "host", options.host);
-  Take(*given, "plugin-dir", options.pluginDir);
-  Take(*given, "formatter", options.formatter);
-  Take(*given, "batch", options.batch);
-  Take(*given, "completion", options.completion);
-  Take(*given, "reference", options.reference);
-  if (given->HasParameter("fields")) options.fields = SplitFields(given->GetParameter("fields"));
-  options.namesHost |= given->HasParameter("host");
-  options.keepGoing = given->IsFlagSet("keep-going");
-  options.echo = given->IsFlagSet("echo");
-  options.list = given->IsFlagSet("list");
-  options.version = given->IsFlagSet("version");
-  options.help = given->IsFlagSet("help");
+  return TakeOptions(*CliTools::ParseParameters(*OptionsSpec(), {arguments.begin(), end}),
+                     std::move(options));
+}
+
+Options TakeOptions(const Input& given, Options options) {
+  Take(given, "lab", options.lab);
+  Take(given, "host", options.host);
+  Take(given, "plugin-dir", options.pluginDir);
+  Take(given, "formatter", options.formatter);
+  Take(given, "batch", options.batch);
+  Take(given, "completion", options.completion);
+  Take(given, "reference", options.reference);
+  if (given.HasParameter("fields")) options.fields = SplitFields(given.GetParameter("fields"));
+  options.namesHost |= given.HasParameter("host");
+  options.noHeader |= given.IsFlagSet("no-header");
+  options.keepGoing |= given.IsFlagSet("keep-going");
+  options.echo |= given.IsFlagSet("echo");
+  options.list |= given.IsFlagSet("list");
+  options.version |= given.IsFlagSet("version");
+  options.help |= given.IsFlagSet("help");
   return options;
 }
 
+std::string ProgramTask(const Options& options) {
+  const std::pair<const char*, bool> tasks[] = {
+      {"--batch", !options.batch.empty()},
+      {"--keep-going", options.keepGoing},
+      {"--echo", options.echo},
+      {"--completion", !options.completion.empty()},
+      {"--reference", !options.reference.empty()},
+      {"--list", options.list},
+      {"--version", options.version},
+  };
+  const auto* const task = std::ranges::find(tasks, true, &std::pair<const char*, bool>::second);
+  return task == std::end(tasks) ? "" : task->first;
+}
+
 std::shared_ptr<InputSpec> OptionsSpec() {
-  auto spec = InputSpec::New();
-  for (const Option& option : kOptions) {
-    auto parameter = ParameterSpec::New(
-        option.name, *option.value == '\0' ? ParameterType::kFlag : ParameterType::kString);
-    parameter->SetShortName(option.letter);
-    parameter->SetDescription(option.description);
-    parameter->SetConstraint(ConstraintFor(option.name));
-    spec->AddParameter(std::move(parameter));
-  }
-  return spec;
+  return MakeSpec(false);
+}
+
+std::shared_ptr<InputSpec> CallOptionsSpec() {
+  return MakeSpec(true);
+}
+
+bool OptionTakesPath(std::string_view name) {
+  const auto* const option = std::ranges::find(kOptions, name, &Option::name);
+  return option != std::end(kOptions) && (option->value == "DIR" || option->value == "FILE");
 }
 
 const char* ProgramUsage() {
   return "autocli [OPTIONS] NAMESPACE... COMMAND [PARAMETERS]\n"
-         "autocli [OPTIONS] NAMESPACE... [COMMAND] --help\n"
+         "autocli help [NAMESPACE...] [COMMAND]\n"
          "autocli [OPTIONS] --batch FILE\n"
          "autocli --list | --version | --completion SHELL | --help\n";
 }
@@ -161,9 +212,9 @@ const char* ProgramUsage() {
 std::vector<std::pair<std::string, std::string>> OptionRows() {
   std::vector<std::pair<std::string, std::string>> rows;
   for (const Option& option : kOptions) {
-    std::string heading = *option.letter == '\0' ? "" : "-" + std::string(option.letter) + ", ";
+    std::string heading = option.letter.empty() ? "" : "-" + std::string(option.letter) + ", ";
     heading += "--" + std::string(option.name);
-    if (*option.value != '\0') heading += " " + std::string(option.value);
+    if (!option.IsFlag()) heading += " " + std::string(option.value);
     rows.emplace_back(std::move(heading), option.description);
   }
   return rows;

@@ -2,7 +2,9 @@
 #pragma once
 
 #include <memory>
+#include <span>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -18,7 +20,8 @@ struct Options {
   std::string formatter;            ///< empty: the command's own
   std::vector<std::string> fields;  ///< of a record, in order; empty: all
   std::string pluginDir;            ///< empty: the one that belongs to the program
-  std::string batch;                ///< file of command lines, "-" for standard input; else empty
+  bool noHeader = false;
+  std::string batch;  ///< file of command lines, "-" for standard input; else empty
   bool keepGoing = false;
   bool echo = false;
   std::string completion;  ///< shell; else empty
@@ -33,12 +36,26 @@ struct Options {
 /// What the options are if none is given.
 Options OptionsFromEnvironment();
 
-/// Reads a command line; `options` is what holds for that which it leaves open. Throws
-/// `UsageError`.
+/// How many of the words, from the first on, are options and their values.
+std::size_t CountOptionWords(std::span<const std::string> words);
+
+/// Reads the options that a command line begins with; `options` is what holds for that which it
+/// leaves open. Throws `UsageError`.
 Options ReadOptions(const std::vector<std::string>& arguments, Options options);
 
-/// The options as parameters.
+/// Likewise from what was parsed already.
+Options TakeOptions(const CliTools::CallSpec::Input& given, Options options);
+
+/// The first of the options that ask for something else than a command's call; empty if none does.
+std::string ProgramTask(const Options& options);
+
+/// The options as parameters: all, and those that say something of a command's call, which may
+/// stand anywhere among its words.
 std::shared_ptr<CliTools::CallSpec::InputSpec> OptionsSpec();
+std::shared_ptr<CliTools::CallSpec::InputSpec> CallOptionsSpec();
+
+/// Whether the value of this option is a path.
+bool OptionTakesPath(std::string_view name);
 
 /// The ways to call the program, each on a line.
 const char* ProgramUsage();

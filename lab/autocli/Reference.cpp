@@ -6,6 +6,7 @@
 #include "autocli/Options.h"
 #include "baselibs/Text.h"
 #include "clitools/CommandLine.h"
+#include "clitools/Format.h"
 #include "clitools/Help.h"
 #include "clitools/ManualPage.h"
 #include "clitools/PluginError.h"
@@ -120,10 +121,26 @@ void WriteProgram(ManualPage& page) {
       "command that fails may leave a result all the same.");
   page.Paragraph(
       "A value may stand behind its option (-u X, --uuid X) or in the same word (-uX, --uuid=X), "
-      "and may begin with a hyphen. Several values take several options. What a command does not "
-      "take is refused before it runs.");
+      "and may begin with a hyphen. Several values take several options. Options of autocli may "
+      "stand "
+      "anywhere before --, also behind the command, unless it has an option of that name. What a "
+      "command does not take is refused before it runs.");
   page.Section("Options");
   page.Definitions(OptionRows());
+  page.Section("Formats");
+  page.Definitions(CliTools::FormatterDescriptions());
+  page.Paragraph(
+      "What is not UTF-8 becomes U+FFFD, in csv and xml NUL too; simple and table show control "
+      "characters as \\n, \\x1b and the like. Only keyvalue keeps every byte.");
+  page.Section("Batches");
+  page.Paragraph(
+      "Each line is a command line of its own, with or without \"autocli\" before it. Blanks "
+      "separate words. Single quotes keep all characters; double quotes all but a backslash before "
+      "$, `, \", \\ and the end of the line; a backslash keeps the next character, and at the end "
+      "of "
+      "a line lets it go on with the next one. # at the beginning of a word makes the rest a "
+      "comment. Variables, wildcards, pipes and the like mean nothing. An option before --batch "
+      "holds for lines that do not give it.");
   page.Section("Exit status");
   page.Paragraph(ExitStatusHelp());
   page.Section("Environment");

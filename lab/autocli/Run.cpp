@@ -6,7 +6,6 @@
 #include <cstdio>
 #include <exception>
 #include <iostream>
-#include <optional>
 
 #include "autocli/Batch.h"
 #include "autocli/Completion.h"
@@ -32,16 +31,6 @@ using CliTools::UsageError;
 namespace {
 
 constexpr const char* kProgram = "autocli";
-
-/// The folder that holds bin, lib and share, wherever it was moved to.
-const fs::path& FindPrefix() {
-  static const fs::path prefix = fs::read_symlink("/proc/self/exe").parent_path().parent_path();
-  return prefix;
-}
-
-bool IsHelp(const std::string& word) {
-  return word == "--help" || word == "-h";
-}
 
 void CollectCommands(const CommandSpec& node, const std::shared_ptr<MetaStruct>& layout,
                      MetaList& list) {
@@ -74,13 +63,24 @@ std::string ListCommands(const Namespace& root, const Options& options) {
                           parameters, ResultStyle());
 }
 
-/// What the program tells of itself if the options ask for it.
-std::optional<std::string> ReadProgramText(CommandTree& tree, const Options& options) {
-  if (options.version) return "autocli " AUTOCLI_VERSION " (commit " AUTOCLI_COMMIT ")\n";
-  if (options.list) return ListCommands(*tree.GetWhole(), options);
-  if (!options.completion.empty()) return CompletionScript(options.completion);
-  if (!options.reference.empty()) return Reference(options.reference, *tree.GetWhole());
-  return std::nullopt;
+/// Does what the options ask for instead of a command's call.
+ExitStatus RunTask(CommandTree& tree, const Options& options) {
+  if (!options.batch.empty()) return RunBatch(tree, options);
+  if (options.keepGoing) throw UsageError("--keep-going goes with --batch");
+  if (options.echo) throw UsageError("--echo goes with --batch");
+  Print(options.version              ? "autocli " AUTOCLI_VERSION " (commit " AUTOCLI_COMMIT ")\n"
+        : options.list               ? ListCommands(*tree.GetWhole(), options)
+        : options.completion.empty() ? Reference(options.reference, *tree.GetWhole())
+                                     : CompletionScript(options.completion));
+  return kSuccess;
+}
+
+/// Whether help is asked for behind the path. Then it does not matter what else is there.
+bool WantsHelp(const Target& target) {
+  const auto& words = target.arguments;
+  const auto end = std::ranges::find(words, "--");
+  return std::find(words.begin(), end, "--help") != end ||
+         std::find(words.begin(), end, "-h") != end || (!words.empty() && words.front() == "help");
 }
 
 std::string ProgramHelp(const CommandSpec& root, const CliTools::Style& style) {
@@ -113,19 +113,36 @@ std::string ChooseFormatter(const Command& command, const MetaObject* layout,
 
 /// A command with all that its call needs.
 struct Call {
+  Options options;
   std::shared_ptr<CliTools::CallSpec::Input> input;
   std::string formatter;
   CommandSpec::Pairs formatterParameters;
 };
 
-Call PrepareCall(Command& command, const std::vector<std::string>& words, const Options& options) {
+/// Throws `UsageError` for options that do not go with a command.
+void CheckOptions(const Command& command, const Options& options, const Options& before) {
+  if (const std::string task = ProgramTask(options); !task.empty()) {
+    throw UsageError(task + " goes without a command");
+  }
+  if (options.pluginDir != before.pluginDir) {
+    throw UsageError("--plugin-dir goes before the command: it says which there are");
+  }
+  if (options.namesHost && command.GetMetaDataField("scope") == "lab") {
+    throw UsageError("--host: this command is for the whole lab, not for one of its hosts");
+  }
+}
+
+Call PrepareCall(Command& command, const std::vector<std::string>& words, const Options& before) {
   try {
-    const auto layout = CliTools::ShapeOf(command);
+    auto given = CliTools::ParseCommandLine(*CliTools::InputOf(command), *OptionsSpec(), words);
     Call call;
-    call.formatter = ChooseFormatter(command, layout.get(), options.formatter);
+    call.options = TakeOptions(*given.program, before);
+    call.input = std::move(given.command);
+    CheckOptions(command, call.options, before);
+    const auto layout = CliTools::ShapeOf(command);
+    call.formatter = ChooseFormatter(command, layout.get(), call.options.formatter);
     call.formatterParameters =
-        ChooseFields(layout.get(), command.GetDefaultOutputParameters(), options);
-    call.input = CliTools::ParseParameters(*CliTools::InputOf(command), words);
+        ChooseFields(layout.get(), command.GetDefaultOutputParameters(), call.options);
     return call;
   } catch (const UsageError& error) {
     throw UsageError(CliTools::PathOf(command) + ": " + error.what());
@@ -146,7 +163,10 @@ bool IsConfirmed(const Command& command, const std::string& consequence) {
 
 void PrintResult(const Command& command, const MetaObject& result, const Call& call) {
   CliTools::CheckResult(command, result);
-  Print(CliTools::Format(result, call.formatter, call.formatterParameters, ResultStyle()));
+  CliTools::Style style = ResultStyle();
+  style.header = !call.options.noHeader;
+  style.isChosen = !call.options.formatter.empty();
+  Print(CliTools::Format(result, call.formatter, call.formatterParameters, style));
   const bool isEmpty = result.GetType() == MetaType::kList &&
                        static_cast<const MetaList&>(result).GetElements().empty();
   if (isEmpty) PrintRemark("The list is empty.");
@@ -155,17 +175,13 @@ void PrintResult(const Command& command, const MetaObject& result, const Call& c
 ExitStatus RunCommand(Command& command, const std::vector<std::string>& words,
                       const Options& options) {
   const Call call = PrepareCall(command, words, options);
-  if (options.namesHost && command.GetMetaDataField("scope") == "lab") {
-    throw UsageError(CliTools::PathOf(command) +
-                     ": --host: this command is for the whole lab, not for one of its hosts");
-  }
   const std::string consequence = command.GetMetaDataField("confirm");
   if (!consequence.empty() && !call.input->IsFlagSet("force") &&
       !IsConfirmed(command, consequence)) {
     PrintError(options.place + "Nothing was done.");
     return kCommandFailed;
   }
-  SelectLab(options);
+  SelectLab(call.options);
   const auto output = CliTools::CallSpec::Output::New();
   {
     const std::string path = CliTools::PathOf(command);
@@ -195,43 +211,39 @@ ExitStatus RunCommand(Command& command, const std::vector<std::string>& words,
 
 }  // namespace
 
+const fs::path& Prefix() {
+  static const fs::path prefix = fs::read_symlink("/proc/self/exe").parent_path().parent_path();
+  return prefix;
+}
+
 fs::path PluginFolder(const Options& options) {
-  return options.pluginDir.empty() ? FindPrefix() / "lib/autocli/plugins"
-                                   : fs::path(options.pluginDir);
+  return options.pluginDir.empty() ? Prefix() / "lib/autocli/plugins" : fs::path(options.pluginDir);
 }
 
 void SelectLab(const Options& options) {
   Lab::Select({options.lab.empty() ? DefaultLab() : options.lab, options.host,
-               FindPrefix() / "share/autocli/hostroot"});
+               Prefix() / "share/autocli/hostroot"});
 }
 
 ExitStatus RunLine(CommandTree& tree, const Options& options) {
-  if (const auto text = ReadProgramText(tree, options)) {
-    Print(*text);
-    return kSuccess;
-  }
-  if (options.keepGoing && options.batch.empty()) {
-    throw UsageError("--keep-going goes with --batch");
-  }
-  if (options.echo && options.batch.empty()) throw UsageError("--echo goes with --batch");
-  if (!options.batch.empty() && !options.help) {
+  const std::string task = ProgramTask(options);
+  if (!task.empty() && !options.help) {
     if (!options.words.empty()) {
-      throw UsageError("--batch goes without a command; " + CliTools::Quote(options.words.front()) +
+      throw UsageError(task + " goes without a command; " + CliTools::Quote(options.words.front()) +
                        " is one too many");
     }
-    return RunBatch(tree, options);
+    return RunTask(tree, options);
   }
   const Target target = tree.Resolve(options.words);
-  if (options.help || std::ranges::any_of(target.arguments, IsHelp)) {
+  if (options.help || WantsHelp(target)) {
     Print(Help(*target.node));
     return kSuccess;
   }
   if (auto* const command = dynamic_cast<Command*>(target.node.get())) {
     return RunCommand(*command, target.arguments, options);
   }
-  const auto& space = dynamic_cast<const CommandSpec&>(*target.node);
-  if (!target.arguments.empty()) RefuseWord(space, target.arguments.front());
-  RefuseMissingCommand(space);
+  ReadOptions(target.arguments, options);  // what is wrong with them is told first
+  RefuseMissingCommand(dynamic_cast<const CommandSpec&>(*target.node));
 }
 
 ExitStatus Guard(const std::string& place, const std::function<ExitStatus()>& work) {

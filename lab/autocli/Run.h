@@ -18,6 +18,9 @@ enum ExitStatus {
   kResultLost = 4,  ///< the command ran, but its result could not be written
 };
 
+/// The folder that holds bin, lib and share, wherever it was moved to.
+const std::filesystem::path& Prefix();
+
 /// Where the plug-ins are.
 std::filesystem::path PluginFolder(const Options& options);
 

@@ -3,8 +3,8 @@
 #include <getopt.h>
 
 #include <algorithm>
-#include <array>
 #include <charconv>
+#include <span>
 #include <string_view>
 
 #include "baselibs/Text.h"
@@ -24,12 +24,9 @@ using CallSpec::ParameterType;
 namespace {
 
 using Parameters = std::vector<std::shared_ptr<ParameterSpec>>;
+using ParameterRange = std::span<const std::shared_ptr<ParameterSpec>>;
 /// The values given to each parameter, in the parameters' order; a flag is given as one value.
 using GivenValues = std::vector<std::vector<std::string>>;
-
-/// The program's own options, which stand before the path of the command.
-constexpr std::array<std::string_view, 5> kGlobalOptions = {"lab", "host", "formatter", "fields",
-                                                            "plugin-dir"};
 
 /// What getopt_long returns for the first parameter's long name: above every short name.
 constexpr int kFirstLongName = 256;
@@ -42,51 +39,13 @@ bool HasLongName(const Parameters& parameters, std::string_view name) {
   return std::ranges::find(parameters, name, &ParameterSpec::GetName) != parameters.end();
 }
 
-/// What there is, for somebody who gave something else.
-std::string OptionsInWords(const Parameters& parameters) {
-  if (parameters.empty()) return "there are no options here";
-  std::vector<std::string> names;
-  for (const auto& parameter : parameters) names.push_back(OptionName(*parameter));
-  return "the options are " + Join(names, ", ");
-}
-
-/// `word` is what was typed, without hyphens and value.
-[[noreturn]] void RefuseUnknownOption(const Parameters& parameters, const std::string& given,
-                                      std::string_view word) {
-  std::vector<std::string> names;
-  for (const auto& parameter : parameters) names.push_back(parameter->GetName());
-  std::vector<std::string> meant = Nearest(word, names);
-  for (std::string& name : meant) name.insert(0, "--");
-  throw UsageError("Unknown option " + given + "; " +
-                   (meant.empty() ? OptionsInWords(parameters) : DidYouMean(meant)));
-}
-
-/// Refuses a long option that is not spelt out in full, before getopt_long takes an abbreviation
-/// for the whole.
-void CheckLongName(const Parameters& parameters, std::string_view word) {
-  if (!word.starts_with("--") || word == "--") return;
-  const std::string_view name = word.substr(2, word.find('=') - 2);
-  if (HasLongName(parameters, name)) return;
-  const std::string given = "--" + std::string(name);
-  if (std::ranges::find(kGlobalOptions, name) != kGlobalOptions.end()) {
-    throw UsageError("Option " + given + " goes before the namespace, as in \"autocli " + given +
-                     " VALUE NAMESPACE... COMMAND\"");
-  }
-  RefuseUnknownOption(parameters, Quote(given), name);
-}
-
-[[noreturn]] void RefuseUnknownLetter(const Parameters& parameters, std::string_view word) {
-  const std::string letter = {'-', static_cast<char>(optopt)};
-  if (word == letter) RefuseUnknownOption(parameters, Quote(letter), "");
-  RefuseUnknownOption(parameters, Quote(letter) + " in " + Quote(word),
-                      word.substr(1, word.find('=') - 1));
-}
-
-/// getopt_long over one command's parameters.
+/// getopt_long over parameters, of which the first `own` are those that are told of. Of several
+/// with one name or letter, the first one counts.
 class OptionReader {
  public:
-  OptionReader(const Parameters& parameters, const std::vector<std::string>& arguments)
-      : parameters_(parameters), words_(arguments), given_(parameters.size()) {
+  OptionReader(const Parameters& parameters, std::size_t own,
+               const std::vector<std::string>& arguments)
+      : parameters_(parameters), own_(own), words_(arguments), given_(parameters.size()) {
     words_.emplace(words_.begin());  // where a program has its own name
     for (std::string& word : words_) argv_.push_back(word.data());
     argv_.push_back(nullptr);
@@ -114,13 +73,13 @@ class OptionReader {
   bool ReadOption() {
     const std::size_t next = std::max<std::size_t>(1, static_cast<std::size_t>(optind));
     const std::string_view word = next < words_.size() ? words_[next] : std::string_view();
-    CheckLongName(parameters_, word);
+    CheckLongName(word);
     // NOLINTNEXTLINE(concurrency-mt-unsafe): the header says so
     const int code = getopt_long(static_cast<int>(words_.size()), argv_.data(), shortNames_.c_str(),
                                  longNames_.data(), nullptr);
     if (code == -1) return false;
     const std::size_t index = IndexOf(code == '?' || code == ':' ? optopt : code);
-    if (index == parameters_.size()) RefuseUnknownLetter(parameters_, word);
+    if (index == parameters_.size()) RefuseUnknownLetter(word);
     last_ = parameters_[index].get();
     if (code == ':') {
       throw UsageError(OptionName(*last_) + " needs a value: " + ValueInWords(*last_));
@@ -132,6 +91,39 @@ class OptionReader {
     lastValue_ = optarg == nullptr ? "" : optarg;
     given_[index].push_back(lastValue_);
     return true;
+  }
+
+  /// Refuses a long option that is not spelt out in full, before getopt_long takes an abbreviation
+  /// for the whole.
+  void CheckLongName(std::string_view word) const {
+    if (!word.starts_with("--") || word == "--") return;
+    const std::string_view name = word.substr(2, word.find('=') - 2);
+    if (!HasLongName(parameters_, name)) {
+      RefuseUnknownOption(Quote("--" + std::string(name)), name);
+    }
+  }
+
+  [[noreturn]] void RefuseUnknownLetter(std::string_view word) const {
+    const std::string letter = {'-', static_cast<char>(optopt)};
+    if (word == letter) RefuseUnknownOption(Quote(letter), "");
+    RefuseUnknownOption(Quote(letter) + " in " + Quote(word), word.substr(1, word.find('=') - 1));
+  }
+
+  /// `word` is what was typed, without hyphens and value.
+  [[noreturn]] void RefuseUnknownOption(const std::string& given, std::string_view word) const {
+    std::vector<std::string> names;
+    for (const auto& parameter : parameters_) names.push_back(parameter->GetName());
+    std::vector<std::string> meant = Nearest(word, names);
+    for (std::string& name : meant) name.insert(0, "--");
+    throw UsageError("Unknown option " + given + "; " +
+                     (meant.empty() ? OptionsInWords() : DidYouMean(meant)));
+  }
+
+  /// What there is, for somebody who gave something else.
+  std::string OptionsInWords() const {
+    if (own_ == 0) return "there are no options here but the program's own";
+    return "the options are " + Join(ParameterRange(parameters_).first(own_), ", ",
+                                     [](const auto& parameter) { return OptionName(*parameter); });
   }
 
   /// The parameter for which getopt_long returned `code`; the number of parameters if none.
@@ -147,7 +139,7 @@ class OptionReader {
     const std::string_view before = words_[index - 1];
     std::string hint;
     if (last_ == nullptr) {
-      hint = OptionsInWords(parameters_);
+      hint = OptionsInWords();
     } else if (before.starts_with('-') && HasLongName(parameters_, before.substr(1))) {
       hint = DidYouMean({"-" + std::string(before)});  // "-uuid X" was read as "-u uid" and X
     } else if (last_->GetType() == ParameterType::kFlag) {
@@ -162,6 +154,7 @@ class OptionReader {
   }
 
   const Parameters& parameters_;
+  std::size_t own_;
   std::vector<std::string> words_;
   std::vector<char*> argv_;
   std::string shortNames_ = "+:";  // nothing is reordered; a missing value is told apart
@@ -203,8 +196,9 @@ std::int64_t ToInt(const ParameterSpec& parameter, const std::string& text) {
 }
 
 bool ToBool(const ParameterSpec& parameter, const std::string& text) {
-  if (text == "true" || text == "1" || text == "yes" || text == "on") return true;
-  if (text == "false" || text == "0" || text == "no" || text == "off") return false;
+  const std::string lower = LowerCase(text);
+  if (lower == "true" || lower == "1" || lower == "yes" || lower == "on") return true;
+  if (lower == "false" || lower == "0" || lower == "no" || lower == "off") return false;
   RefuseValue(parameter, text);
 }
 
@@ -224,12 +218,8 @@ Input::Value ToValue(const ParameterSpec& parameter, const std::vector<std::stri
   return given[0];
 }
 
-}  // namespace
-
-std::shared_ptr<Input> ParseParameters(const InputSpec& spec,
-                                       const std::vector<std::string>& arguments) {
-  const Parameters& parameters = spec.GetParameters();
-  const GivenValues given = OptionReader(parameters, arguments).Read();
+std::shared_ptr<Input> MakeInput(ParameterRange parameters,
+                                 std::span<const std::vector<std::string>> given) {
   auto input = Input::New();
   std::vector<std::string> missing;
   for (std::size_t index = 0; index < parameters.size(); ++index) {
@@ -244,6 +234,26 @@ std::shared_ptr<Input> ParseParameters(const InputSpec& spec,
   throw UsageError(
       (missing.size() == 1 ? "Missing required parameter " : "Missing required parameters ") +
       Join(missing, ", "));
+}
+
+}  // namespace
+
+CommandLine ParseCommandLine(const InputSpec& command, const InputSpec& program,
+                             const std::vector<std::string>& arguments) {
+  Parameters parameters = command.GetParameters();
+  const std::size_t own = parameters.size();
+  const Parameters& shared = program.GetParameters();
+  parameters.insert(parameters.end(), shared.begin(), shared.end());
+  const GivenValues given = OptionReader(parameters, own, arguments).Read();
+  const ParameterRange all = parameters;
+  const std::span values = given;
+  return {MakeInput(all.first(own), values.first(own)),
+          MakeInput(all.subspan(own), values.subspan(own))};
+}
+
+std::shared_ptr<Input> ParseParameters(const InputSpec& spec,
+                                       const std::vector<std::string>& arguments) {
+  return ParseCommandLine(spec, InputSpec(), arguments).command;
 }
 
 std::string AllowedValues(const ParameterConstraint& constraint) {

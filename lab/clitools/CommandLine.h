@@ -17,6 +17,17 @@ namespace CliTools {
 std::shared_ptr<CallSpec::Input> ParseParameters(const CallSpec::InputSpec& spec,
                                                  const std::vector<std::string>& arguments);
 
+/// What was given of a command's parameters, and of the program's own options.
+struct CommandLine {
+  std::shared_ptr<CallSpec::Input> command;
+  std::shared_ptr<CallSpec::Input> program;
+};
+
+/// Likewise where options of the program may stand among a command's. One whose name or letter the
+/// command has too is the command's.
+CommandLine ParseCommandLine(const CallSpec::InputSpec& command, const CallSpec::InputSpec& program,
+                             const std::vector<std::string>& arguments);
+
 /// What a constraint allows: "a, b" for an enumeration, "0 to 512" for a range.
 std::string AllowedValues(const CallSpec::ParameterConstraint& constraint);
 

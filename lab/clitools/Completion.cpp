@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <set>
+#include <span>
 #include <string_view>
 
 #include "clitools/Help.h"
@@ -11,18 +12,14 @@ namespace CliTools {
 
 using AutoCli::Command;
 using AutoCli::CommandSpec;
-using CallSpec::InputSpec;
 using CallSpec::ParameterSpec;
 using CallSpec::ParameterType;
 
 namespace {
 
 using Candidates = std::vector<Candidate>;
+using Parameters = std::vector<std::shared_ptr<ParameterSpec>>;
 using Word = std::vector<std::string>::const_iterator;
-
-Candidate HelpOption() {
-  return {"--help", "Tell what this is and what it takes."};
-}
 
 /// A description's first sentence: there is one line for it.
 std::string FirstSentence(const std::string& text) {
@@ -32,11 +29,21 @@ std::string FirstSentence(const std::string& text) {
   return text.substr(begin, end == std::string::npos ? end : end - begin);
 }
 
-/// Options and their values, which follow each other up to the word that is typed.
+/// Options and their values, which may stand anywhere before the word that is typed.
 class OptionWords {
  public:
-  OptionWords(const InputSpec& spec, std::string path, const ValueSource& values)
-      : spec_(spec), path_(std::move(path)), values_(values) {}
+  OptionWords(const ProgramOptions& program, const ValueSource& values)
+      : program_(program), parameters_(program.alone.GetParameters()), values_(values) {}
+
+  /// From here on, the parameters of the command at `path` can be given, and of the program's
+  /// options those that go with a command.
+  void Enter(const std::string& path, Parameters parameters) {
+    path_ = path;
+    own_ = parameters.size();
+    parameters_ = std::move(parameters);
+    const Parameters& shared = program_.withCommand.GetParameters();
+    parameters_.insert(parameters_.end(), shared.begin(), shared.end());
+  }
 
   /// Takes the words from `word` on that are options or values of them; returns where it stopped.
   Word Take(Word word, Word end) {
@@ -70,21 +77,22 @@ class OptionWords {
       }
       return candidates;
     }
-    for (const auto& option : spec_.GetParameters()) {
+    // The program's options not unasked: they would be put in behind every command that takes
+    // nothing.
+    const std::size_t offered = typed.starts_with('-') ? parameters_.size() : own_;
+    for (const auto& option : std::span(parameters_).first(offered)) {
       if (given_.contains(option->GetName()) && option->GetType() != ParameterType::kStringList) {
         continue;
       }
       candidates.push_back({"--" + option->GetName(), FirstSentence(DescriptionOf(*option))});
     }
-    // Not unasked: it would be put in behind every command that takes nothing.
-    if (!path_.empty() && typed.starts_with('-')) candidates.push_back(HelpOption());
     return candidates;
   }
 
  private:
   /// The option that the word names: "--name", "--name=...", "-x", "-x...". Null if there is none.
   const ParameterSpec* Find(std::string_view word) const {
-    for (const auto& option : spec_.GetParameters()) {
+    for (const auto& option : parameters_) {
       const bool isName = word.substr(0, word.find('=')) == "--" + option->GetName();
       const bool isLetter = !option->GetShortName().empty() && !word.starts_with("--") &&
                             word.substr(1).starts_with(option->GetShortName());
@@ -105,7 +113,9 @@ class OptionWords {
     return candidates;
   }
 
-  const InputSpec& spec_;
+  const ProgramOptions& program_;
+  Parameters parameters_;
+  std::size_t own_ = 0;  ///< how many of the parameters are the command's; they stand first
   std::string path_;
   const ValueSource& values_;
   const ParameterSpec* awaited_ = nullptr;
@@ -120,35 +130,31 @@ Candidates ChildrenOf(const CommandSpec& space) {
   return candidates;
 }
 
-Candidates CompleteTyped(const InputSpec& programOptions, const CommandSpec& root,
+Candidates CompleteTyped(const ProgramOptions& program, const CommandSpec& root,
                          const std::vector<std::string>& words, const ValueSource& values) {
   const std::string& typed = words.back();
   const Word last = words.end() - 1;
-  OptionWords before(programOptions, "", values);
-  Word word = before.Take(words.begin(), last);
-  if (before.AwaitsValue()) return before.Values();
-  if (word == last && typed.starts_with('-')) return before.Options(typed);
-
+  OptionWords options(program, values);
   const CommandSpec* space = &root;
-  for (; word != last; ++word) {
-    const auto child = space->GetNamespaceNode(*word);
+  bool inCommand = false;
+  Word word = options.Take(words.begin(), last);
+  for (; word != last; word = options.Take(word + 1, last)) {
+    const auto child = inCommand ? nullptr : space->GetNamespaceNode(*word);
     space = dynamic_cast<const CommandSpec*>(child.get());
     if (space == nullptr) return {};
     const auto command = std::dynamic_pointer_cast<Command>(child);
-    if (!command) continue;
-    const auto spec = InputOf(*command);
-    OptionWords options(*spec, PathOf(*command), values);
-    if (options.Take(word + 1, last) != last) return {};
-    return options.AwaitsValue() ? options.Values() : options.Options(typed);
+    inCommand = command != nullptr;
+    options.Enter(PathOf(*space), inCommand ? InputOf(*command)->GetParameters() : Parameters());
   }
-  return typed.starts_with('-') ? Candidates{HelpOption()} : ChildrenOf(*space);
+  if (options.AwaitsValue()) return options.Values();
+  return inCommand || typed.starts_with('-') ? options.Options(typed) : ChildrenOf(*space);
 }
 
 }  // namespace
 
-Candidates Complete(const InputSpec& programOptions, const CommandSpec& root,
+Candidates Complete(const ProgramOptions& program, const CommandSpec& root,
                     const std::vector<std::string>& words, const ValueSource& values) {
-  Candidates candidates = CompleteTyped(programOptions, root, words, values);
+  Candidates candidates = CompleteTyped(program, root, words, values);
   std::erase_if(candidates, [&words](const Candidate& candidate) {
     return !candidate.text.starts_with(words.back()) && candidate.text != kAnyPath;
   });

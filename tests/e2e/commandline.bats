@@ -19,6 +19,16 @@ unusable() { expect 3 '' "autocli: $1" "${@:2}"; }
     [[ $stderr == *'"513" for --level'*'0 to 512'* ]]
     wrong '*' lab fault add --operation LeaveClutser --message x
     [[ $stderr == *'did you mean "LeaveCluster"'* ]]
+    wrong 'dovra cluster get: --batch goes without a command' dovra cluster get --batch x
+    wrong '--version goes without a command; "dovra" is one too many' --version dovra
+    wrong 'dovra trace get: --plugin-dir goes before the command: it says which there are' dovra trace get --plugin-dir x
+    wrong '*' --completion ksh
+    [[ $stderr == *'one of bash, zsh, fish'* ]]
+    for command in 'host list' 'host add -n x' 'host remove -n x' 'fault list' 'fault clear' reset; do
+        # shellcheck disable=SC2086
+        wrong "lab ${command%% -n*}: --host: this command is for the whole lab, not for one of its hosts" --host host1 lab $command
+    done
+    wrong 'lab reset: Every host and cluster of the lab will be lost. Nobody can be asked here; --force does it without a question' lab reset
     wrong '*' --lab '' dovra cluster get
     [[ ! -e $AUTOCLI_LAB ]] # none of this made a lab
 }
@@ -40,7 +50,26 @@ unusable() { expect 3 '' "autocli: $1" "${@:2}"; }
     done
     expect 0 '*' '' dovra resync throttle set --help
     [[ $output == *'Mbps (0 to 512, 0 means'* ]]
+    for words in 'help dovra resync throttle set' 'dovra resync throttle help set' 'dovra resync throttle set help' \
+        'dovra -h resync throttle set' 'dovra resync throttle set --level --bogus -h'; do
+        # shellcheck disable=SC2086
+        [[ $(autocli $words) == "$output" ]]
+    done
     [[ ! -e $AUTOCLI_LAB ]]
+}
+
+@test "options stand anywhere before --" {
+    succeed lab host add -n host2
+    succeed dovra -H host2 cluster new
+    for words in '-f csv --fields Enabled dovra cluster get' 'dovra -fcsv cluster --fields Enabled get' \
+        'dovra cluster get --fields=Enabled --formatter csv' '-f json dovra cluster get -f csv --fields Enabled'; do
+        # shellcheck disable=SC2086
+        AUTOCLI_HOST=host1 expect 0 $'Enabled\ntrue' '' $words --host host2
+    done
+    expect 0 true '' dovra cluster get --no-header --fields Enabled --formatter csv -H host2
+    expect 2 '' 'autocli: dovra cluster get: Unexpected argument "-f"; *' dovra cluster get -- -f json
+    expect 0 '*' '' dovra network remove -f -i knic0 --help # -f is the command's
+    AUTOCLI_HOST=nope expect 0 '*' '' lab host list # not an option
 }
 
 @test "every command stands in the list, once" {
@@ -64,14 +93,22 @@ unusable() { expect 3 '' "autocli: $1" "${@:2}"; }
     new_cluster
     autocli dovra cluster get 2>"$BATS_TEST_TMPDIR/errors" >/dev/null
     [[ ! -s $BATS_TEST_TMPDIR/errors ]]
-    run bash -c '"$AUTOCLI" dovra cluster get >/dev/full'
-    [[ $status == 3 && $output == 'autocli: the result cannot be written to standard output' ]]
+    succeed lab host add -n host2
+    for lost in '/dev/full|No space left on device' '&-|Bad file descriptor'; do
+        run bash -c '"$AUTOCLI" -H host2 dovra cluster get >'"${lost%|*}"
+        [[ $status == 4 && $output == "autocli: the result cannot be written to standard output: ${lost#*|}"$'\nDovra Clustering is not enabled on this host' ]]
+    done
+    run bash -c 'printf "dovra trace get\nlab host add -n host3" | "$AUTOCLI" --keep-going --batch - >/dev/full'
+    [[ $status == 4 && $(autocli lab host list) != *host3* ]]
 }
 
 @test "it works from any directory, and moved to another" {
     cp -r "$(dirname "$(dirname "$AUTOCLI")")" "$BATS_TEST_TMPDIR/moved"
-    cd /
+    cd "$BATS_TEST_TMPDIR"
     run env -i HOME="$BATS_TEST_TMPDIR" PATH="$PATH" "$BATS_TEST_TMPDIR/moved/bin/autocli" dovra cluster new
     [[ $status == 0 && $output == true ]]
     [[ -f $BATS_TEST_TMPDIR/.local/state/autocli/lab/lab.db ]]
+    mkdir host # whose libraries have the names of the lab's
+    for library in clitools corectl corectlcore dovracorectl baselibs; do echo other >host/lib$library.so; done
+    LD_LIBRARY_PATH=$PWD/host expect 0 '*' '' dovra trace get
 }

@@ -1,15 +1,20 @@
 # Completion of command lines, as shells ask for it.
 load common
 
-# completes LINE WANTED...: what bash, with the cursor behind LINE, is offered to put in.
+# completes LINE WANTED...: what the last word of LINE can become.
 completes() {
-    run --separate-stderr bash --norc -c '
-        source <("$AUTOCLI" --completion bash)
-        COMP_LINE=$1 COMP_POINT=${#1}
-        _autocli "$AUTOCLI"
-        echo "${COMPREPLY[*]}"' bash "$1"
-    echo "$1 -> $output"
-    [[ $output == "${*:2}" && -z $stderr ]]
+    run --separate-stderr autocli --complete "$1"
+    found=$(cut -f 1 <<<"$output" | xargs)
+    echo "$1 -> $found"
+    [[ $found == "${*:2}" && -z $stderr ]]
+}
+
+# shows SHELL KEYS WANTED...: whether a terminal shows each WANTED when KEYS are typed at its prompt.
+shows() {
+    local wanted
+    output=$(PATH=$(dirname "$AUTOCLI"):$PATH "$BATS_TEST_DIRNAME/in-shell" "$1" "$2")
+    printf '%s %q:\n%s\n' "$1" "$2" "$output"
+    for wanted in "${@:3}"; do [[ $output == *"$wanted"* ]] || return 1; done
 }
 
 @test "namespaces, commands, options and values come from the tree" {
@@ -18,13 +23,16 @@ completes() {
     completes 'autocli --formatter ' simple table json csv xml keyvalue
     completes 'autocli --formatter json dovra clus' cluster
     completes 'autocli dovra cluster unicastagent ' add remove list clear
-    completes "autocli 'dovra' datastore name set --" --uuid --newname --help
+    completes "autocli 'dovra' datastore name set --" --uuid --newname --lab --host --formatter --fields --no-header --help
     completes 'autocli dovra policy setdefault -c vm' vmnamespace vmswap vmem
-    completes 'autocli dovra storage automode set --enabled=' true false
+    completes 'autocli dovra storage automode set --enabled=' --enabled=true --enabled=false
     completes 'autocli dovra network ip add --traffic-type w' witness
     completes 'autocli lab fault add --operation Leave' LeaveCluster
     completes 'autocli dovra clutser ' ''
     completes 'autocli dovra cluster get ' ''
+    completes 'autocli dovra --form' --formatter
+    completes 'autocli dovra storage automode get --fields ' Enabled
+    completes 'autocli dovra cluster get --fields=Enabled,Current' '--fields=Enabled,Current Local Time'
     [[ $("$AUTOCLI" --complete 'autocli dovra clu') == $'cluster\tCommands for Dovra host cluster configuration' ]]
 }
 
@@ -34,16 +42,13 @@ completes() {
     new_cluster host2
     succeed dovra storage add -s mpx.xhba1:C0:T1:L0 -d mpx.xhba2:C0:T2:L0
     completes 'autocli --host ' host1 host2
-    completes 'autocli --host=' host1 host2
+    completes 'autocli --host=' --host=host1 --host=host2
     completes 'autocli lab host remove --name host2' host2
     completes 'autocli --host nope lab host reboot -n ' host1 host2
     completes 'autocli dovra cluster join -u ' "$cluster"
     completes 'autocli dovra datastore name get --uuid ' "$(autocli --formatter json dovra datastore list | jq -r '.[].UUID // .[]["Datastore UUID"]')"
     completes 'autocli dovra network ip add -i k' knic0 knic1
     completes 'autocli dovra cluster unicastagent add -u ' "$(host_uuid host1)" "$(host_uuid host2)"
-    # bash breaks words at colons, and puts in what follows the last one.
-    completes 'autocli dovra storage add -s mpx.xhba1:C0:T' T0:L0
-    completes "autocli dovra storage add -s 'mpx.xhba1:C0:T" mpx.xhba1:C0:T0:L0
     completes 'autocli dovra storage remove --ssd ' mpx.xhba1:C0:T1:L0
     completes 'autocli dovra storage unmount --disk ' ''
     completes 'autocli dovra storage diskgroup unmount --disk ' mpx.xhba1:C0:T1:L0 mpx.xhba2:C0:T2:L0
@@ -58,26 +63,21 @@ completes() {
     [[ $("$AUTOCLI" --complete 'autocli --lab ') == $'/\t' ]] # any path, which the shell completes
 }
 
-@test "bash completes at its prompt" {
-    succeed lab reset
-    typed="source <($AUTOCLI --completion bash); PS1=
-$AUTOCLI dov"$'\tstora\ttag add -t cap\t-d mpx.xhba1:C0:T1\t
-exit\n'
-    output=$(script -qec 'bash --norc -i' /dev/null <<<"$typed")
-    echo "$output"
-    [[ $output == *$'\rtrue\r'* ]]
-    expect 0 '*' '' --fields Device,Kind --formatter csv lab disk list
-    [[ $output == *'mpx.xhba1:C0:T1:L0,capacityFlash'* ]]
-}
-
-@test "the scripts of the other shells are ones that they understand" {
-    for shell in zsh fish; do
-        command -v $shell >/dev/null || skip "there is no $shell to try its script"
-        "$AUTOCLI" --completion $shell >"$BATS_TEST_TMPDIR/$shell"
-        $shell -n "$BATS_TEST_TMPDIR/$shell"
+@test "bash, zsh and fish complete at their prompts, also within quotes" {
+    autocli dovra cluster new
+    autocli dovra datastore add --name 'a\b c'
+    autocli --lab "$BATS_TEST_TMPDIR/other" lab host add --name elsewhere
+    uuid=$(autocli -f json dovra datastore list | jq -r '.[] | select(.Name == "a\\b c").UUID')
+    for shell in bash zsh fish; do
+        shows $shell $'autocli dov\tstora\ttag add -t cap\t-d mpx.xhba1:C0:T1\t\n' \
+            '<dovra><storage><tag><add><-t><capacityFlash><-d><mpx.xhba1:C0:T1:L0>'
+        shows $shell $'autocli dovra cluster get --fields "Enabled,Sub-Cluster Member U\t\n' '<Enabled,Sub-Cluster Member UUIDs>'
+        shows $shell $'autocli dovra datastore remove --uuid \t\t\t' "$uuid" 'a\b c'
+        shows $shell "autocli --lab $BATS_TEST_TMPDIR/oth"$'\t\n' "<--lab><$BATS_TEST_TMPDIR/other"
     done
-    cd "$BATS_TEST_TMPDIR"
-    # shellcheck disable=SC2016
-    output=$(fish --no-config -c 'source fish; complete --do-complete "$AUTOCLI dovra storage tag add --tag c"')
-    [[ $output == $'capacityFlash\tTag for capacity flash.' ]]
+    for shell in zsh fish; do # bash keeps to itself what is set before a command
+        shows $shell "AUTOCLI_LAB=$BATS_TEST_TMPDIR/other autocli --host e"$'\t\n' '<--host><elsewhere>'
+    done
+    shows bash $'alias ac="autocli -f json"; complete -F _autocli ac\nac dovra clus\t\n' '<-f><json><dovra><cluster>'
+    [[ $(zsh -f -c 'source <("$AUTOCLI" --completion zsh)' 2>&1) == *'autoload -Uz compinit && compinit' ]]
 }

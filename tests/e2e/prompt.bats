@@ -51,20 +51,31 @@ END
     [[ $(autocli --lab "$BATS_TEST_TMPDIR/other lab" --formatter csv --fields Name lab host list) == $'Name\nhost1\nother' ]]
     [[ $(autocli lab host list) != *never* ]]
 
-    expect 1 $'true\nfalse\ntrue' 'standard input:2: *' --host host2 --keep-going --batch - <<<$'lab traced set -s stopped\ndovra maintenancemode cancel\nlab reset'
+    expect 1 $'true\nfalse\ntrue' 'standard input:2: *' --host host2 --keep-going --batch - <<<$'lab traced set -s stopped\ndovra maintenancemode cancel\nlab reset --force'
     cd "$BATS_TEST_TMPDIR"
-    lines=$'lab "host\n--host nope dovra trace get\n--batch x\nlab host list \\\ndovra clutser\n\0'
+    lines=$'lab "host\n--host nope dovra trace get\n--batch x\ndovra clutser\n\0'
     printf '%s' "$lines" >wrong
     printf '\0lab reset' >>wrong
     expect 3 '' '*' --keep-going --batch wrong
     [[ $stderr == 'autocli: wrong:1: the quote " in column 5 has no end
 autocli: wrong:2: no host "nope" in this lab; its hosts are: host1
-autocli: wrong:3: --batch and --keep-going are not for the lines of a batch
-autocli: wrong:4: nothing follows the backslash at the end of the line
-autocli: wrong:5: dovra: there is no "clutser"; did you mean "cluster"? '*'
-autocli: wrong:6: a NUL byte: this is no text' ]]
+autocli: wrong:3: --batch, --keep-going and --echo are not for the lines of a batch
+autocli: wrong:4: dovra: there is no "clutser"; did you mean "cluster"? '*'
+autocli: wrong:5: a NUL byte: this is no text
+autocli: 5 lines failed' ]]
     expect 2 '' 'autocli: wrong:1: *' --batch wrong
     wrong '--batch: "none" cannot be read: No such file or directory' --batch none
-    wrong '--batch takes its commands from the file; "dovra" is one too many' --batch wrong dovra
-    wrong '--keep-going goes with --batch' --keep-going lab reset
+    wrong '--batch goes without a command; "dovra" is one too many' --batch wrong dovra
+    wrong '--keep-going goes with --batch' --keep-going
+
+    printf '\xef\xbb\xbflab host add \\\n-n "h\\\nost5"\n# none\n-f json dovra trace ge\\\nt --fields "Number Of\\\n Files To Rotate"\nlab host \\\nlist \\' >long
+    expect 2 $'> lab host add -n "host5"\ntrue\n> # none\n> -f json dovra trace get --fields "Number Of Files To Rotate"\n{\n  "Number Of Files To Rotate": 8\n}\n> lab host list \\' \
+        'autocli: long:8: nothing follows the backslash at the end of the line' --echo --batch long
+}
+
+@test "a batch ends at a line for which there is no memory" {
+    released_only
+    run bash -c 'ulimit -v 200000; "$AUTOCLI" --batch <(echo lab host list; head -c 300M /dev/zero)'
+    echo "$status $output"
+    [[ $status == 2 && $output == *'cannot be read: Cannot allocate memory' ]]
 }

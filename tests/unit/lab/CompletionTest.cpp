@@ -25,6 +25,9 @@ TEST(Completion, OffersWhatMayFollow) {
   options->AddParameter(ParameterSpec::New("host", ParameterType::kString));
   options->AddParameter(ParameterSpec::New("lab", ParameterType::kString));
   options->AddParameter(ParameterSpec::New("list", ParameterType::kFlag));
+  const auto withCommand = InputSpec::New();
+  withCommand->AddParameter(ParameterSpec::New("host", ParameterType::kString));
+  withCommand->AddParameter(ParameterSpec::New("help", ParameterType::kFlag));
   const ValueSource values = [](const std::string& path, const std::string& parameter) {
     if (parameter == "lab") return std::vector<Candidate>{{kAnyPath, ""}};
     return std::vector<Candidate>{{path + "|" + parameter, ""}, {"x", ""}};
@@ -42,7 +45,8 @@ TEST(Completion, OffersWhatMayFollow) {
       {{"--nonsense", "d"}, "disk"},
       {{"--host", "disk", "dis"}, "disk"},
       {{"disk", ""}, "remove tag list"},
-      {{"disk", "-"}, "--help"},
+      {{"disk", "-"}, "--host --help"},
+      {{"disk", "--host", "h", "t"}, "tag"},
       {{"disk", "t"}, "tag"},
       {{"disk", "tag", ""}, ""},
       {{"disk", "gone", ""}, ""},
@@ -50,8 +54,11 @@ TEST(Completion, OffersWhatMayFollow) {
       {{"disk", "list", ""}, ""},
       {{"disk", "list", "x", ""}, ""},
       {{"disk", "remove", ""}, "--uuid --tag --wait --force --mode"},
-      {{"disk", "remove", "-u1", "-t", "a", "--mode=all", "-w", "-"}, "--tag --force --help"},
+      {{"disk", "remove", "-u1", "-t", "a", "--mode=all", "-w", "-"},
+       "--tag --force --host --help"},
       {{"disk", "remove", "--uuid", ""}, "disk remove|uuid x"},
+      {{"disk", "remove", "--host="}, "--host=disk remove|host --host=x"},
+      {{"--host", "h", "disk", "remove", "--h"}, "--help"},
       {{"disk", "remove", "-u", "x"}, "x"},
       {{"disk", "remove", "-u", "--wait", "--w"}, "--wait"},
       {{"disk", "remove", "--mode", "a"}, "all any"},
@@ -63,12 +70,13 @@ TEST(Completion, OffersWhatMayFollow) {
   };
   for (const auto& [words, expected] : cases) {
     Words texts;
-    for (auto& candidate : Complete(*options, *tree.root, words, values)) {
+    for (auto& candidate : Complete({*options, *withCommand}, *tree.root, words, values)) {
       texts.push_back(std::move(candidate.text));
     }
     EXPECT_EQ(Join(texts, " "), expected) << Join(words, " ");
   }
-  const auto described = Complete(*options, *tree.root, {"disk", "remove", "--"}, values);
+  const auto described =
+      Complete({*options, *withCommand}, *tree.root, {"disk", "remove", "--"}, values);
   EXPECT_EQ(described[0].description, "The disk.");
   EXPECT_EQ(described[1].description, "Its tags");
   EXPECT_EQ(described[4].description, "One of all, any, none.");

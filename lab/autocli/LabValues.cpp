@@ -1,0 +1,159 @@
+#include "autocli/LabValues.h"
+
+#include <algorithm>
+#include <array>
+#include <functional>
+#include <span>
+#include <string_view>
+#include <utility>
+
+#include "autocli/Run.h"
+#include "corectl/LabHost.h"
+
+namespace AutoCliProgram {
+
+using CliTools::Candidate;
+using Lab::DiskRow;
+using Lab::HostRow;
+using Lab::Store;
+
+namespace {
+
+using Candidates = std::vector<Candidate>;
+
+template <auto kText, auto kDescription>
+Candidates Hosts(Store& store, const HostRow&) {
+  Candidates candidates;
+  for (const HostRow& host : store.ListHosts()) {
+    if (!(host.*kText).empty()) candidates.push_back({host.*kText, host.*kDescription});
+  }
+  return candidates;
+}
+
+Candidates Clusters(Store& store, const HostRow&) {
+  Candidates candidates;
+  for (const HostRow& host : store.ListHosts()) {
+    const auto member = store.FindMember(host.id);
+    if (!member) continue;
+    const auto known = std::ranges::find(candidates, member->cluster, &Candidate::text);
+    if (known == candidates.end()) {
+      candidates.push_back({member->cluster, "cluster of " + host.name});
+    } else {
+      known->description += ", " + host.name;
+    }
+  }
+  return candidates;
+}
+
+Candidates Datastores(Store& store, const HostRow& host) {
+  Candidates candidates;
+  const auto member = store.FindMember(host.id);
+  if (!member) return candidates;
+  for (const auto& datastore : store.ListDatastores(member->cluster)) {
+    candidates.push_back({datastore.uuid, datastore.name});
+  }
+  return candidates;
+}
+
+Candidates Interfaces(Store& store, const HostRow& host) {
+  Candidates candidates;
+  for (auto& interface : store.ListInterfaces(host.id)) {
+    candidates.push_back({std::move(interface.name), ""});
+  }
+  return candidates;
+}
+
+template <auto kText, auto kDescription>
+Candidates Agents(Store& store, const HostRow& host) {
+  Candidates candidates;
+  for (const auto& agent : store.ListAgents(host.id)) {
+    candidates.push_back({agent.*kText, agent.*kDescription});
+  }
+  return candidates;
+}
+
+template <auto kText, auto kDescription, auto kFits>
+Candidates Disks(Store& store, const HostRow& host) {
+  Candidates candidates;
+  for (const DiskRow& disk : store.ListDisks(host.id)) {
+    if (std::invoke(kFits, disk)) candidates.push_back({disk.*kText, disk.*kDescription});
+  }
+  return candidates;
+}
+
+bool IsEmptyFlash(const DiskRow& disk) {
+  return !disk.IsClaimed() && !disk.IsCapacityKind();
+}
+
+bool IsEmptyCapacity(const DiskRow& disk) {
+  return !disk.IsClaimed() && disk.IsCapacityKind();
+}
+
+template <auto kFits>
+constexpr auto kDevices = Disks<&DiskRow::device, &DiskRow::groupName, kFits>;
+constexpr auto kDiskUuids = Disks<&DiskRow::uuid, &DiskRow::device, &DiskRow::IsClaimed>;
+constexpr auto kHostNames = Hosts<&HostRow::name, &HostRow::uuid>;
+constexpr auto kFaultDomains = Hosts<&HostRow::faultDomain, &HostRow::name>;
+using Agent = Lab::AgentRow;
+
+/// What a parameter names. Of several rows that fit, the first one counts.
+struct Rule {
+  std::string_view command;  ///< how the command's path begins
+  std::string_view parameter;
+  Candidates (*inLab)(Store&, const HostRow&);
+  std::array<const char*, 3> anywhere = {};  ///< its values in every lab
+};
+
+constexpr Rule kRules[] = {
+    {"lab host remove", "name", kHostNames},
+    {"lab host reboot", "name", kHostNames},
+    {"dovra cluster join", "cluster-uuid", Clusters},
+    {"dovra cluster join", "witness-preferred-fault-domain", kFaultDomains},
+    {"dovra cluster preferredfaultdomain", "preferred-fault-domain-name", kFaultDomains},
+    {"dovra cluster unicastagent add", "uuid", Hosts<&HostRow::uuid, &HostRow::name>},
+    {"dovra cluster unicastagent add", "bound-interface-name", Interfaces},
+    {"dovra cluster unicastagent remove", "uuid", Agents<&Agent::nodeUuid, &Agent::address>},
+    {"dovra cluster unicastagent remove", "addr", Agents<&Agent::address, &Agent::nodeUuid>},
+    {"dovra datastore name", "uuid", Datastores},
+    {"dovra datastore remove", "uuid", Datastores},
+    {"dovra network", "interface-name", Interfaces},
+    {"dovra network", "traffic-type", nullptr, {"dovra", "witness"}},
+    {"dovra storage remove",
+     "evacuation-mode",
+     nullptr,
+     {"ensureObjectAccessibility", "evacuateAllData", "noAction"}},
+    {"dovra storage add", "ssd", kDevices<IsEmptyFlash>},
+    {"dovra storage add", "disks", kDevices<IsEmptyCapacity>},
+    {"dovra storage tag", "disk", kDevices<&DiskRow::flash>},
+    {"dovra storage", "ssd", kDevices<&DiskRow::IsCache>},
+    {"dovra storage", "disk", kDevices<&DiskRow::IsClaimed>},
+    {"dovra storage", "device", kDevices<&DiskRow::IsClaimed>},
+    {"dovra storage", "uuid", kDiskUuids},
+    {"", "host", kHostNames},
+};
+
+Candidates Texts(std::span<const char* const> texts) {
+  Candidates candidates;
+  for (const char* const text : texts) {
+    if (text != nullptr) candidates.push_back({text, ""});
+  }
+  return candidates;
+}
+
+}  // namespace
+
+Candidates LabValues(const std::string& command, const std::string& parameter,
+                     const Options& options) {
+  const auto* const rule = std::ranges::find_if(kRules, [&](const Rule& candidate) {
+    return command.starts_with(candidate.command) && parameter == candidate.parameter;
+  });
+  if (rule == std::end(kRules)) return {};
+  if (rule->inLab == nullptr) return Texts(rule->anywhere);
+  SelectLab(options);
+  if (!Lab::IsMade()) return {};
+  Store& store = Lab::OpenStore();
+  // A host that is not there has nothing; what is the whole lab's can be told all the same.
+  return rule->inLab(store, store.FindHost(options.host).value_or(HostRow()));
+}
+
+}  // namespace AutoCliProgram
