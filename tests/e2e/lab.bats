@@ -46,11 +46,11 @@ as_nobody() {
     mv "$AUTOCLI_LAB/hosts" "$BATS_TEST_TMPDIR/elsewhere"
     ln -s "$BATS_TEST_TMPDIR/elsewhere" "$AUTOCLI_LAB/hosts"
     elsewhere=$(tree "$BATS_TEST_TMPDIR/elsewhere")
-    unusable "\"$AUTOCLI_LAB/hosts\" is in the way, *" lab reset
+    unusable "\"$AUTOCLI_LAB/hosts\" is in the way, *" lab reset --force
     [[ $(tree "$BATS_TEST_TMPDIR/elsewhere") == "$elsewhere" ]]
     rm "$AUTOCLI_LAB/hosts"
     mv "$BATS_TEST_TMPDIR/elsewhere" "$AUTOCLI_LAB/hosts"
-    succeed lab reset
+    succeed lab reset --force
     [[ $(tree "$AUTOCLI_LAB/hosts/mine" && tree "$BATS_TEST_TMPDIR/moved-root") == "$before" ]]
     [[ $(ls -A "$AUTOCLI_LAB/hosts") == $'host1\nhost2\nmine' ]]
 }
@@ -61,7 +61,7 @@ as_nobody() {
     succeed lab host remove --name host2
     succeed lab host add --name host2
     succeed dovra trace set --path /old
-    succeed lab reset
+    succeed lab reset --force
     succeed lab host add --name host2
     for host in host1 host2; do
         expect 0 '   DOVRA Traces Directory: /var/dovra/traces*' '' --host $host dovra trace get
@@ -101,7 +101,7 @@ as_nobody() {
 seq 9999 >"\$store"|"$store" is not a lab's store|dovra cluster get,dovra cluster leave
 truncate -s 8192 "\$store"|the lab's store "$store" is damaged: *|dovra cluster get,dovra cluster leave
 SQLPRAGMA user_version = 9|the lab's store "$store" is from a newer version of autocli (9; this one knows *|dovra cluster get
-SQLPRAGMA user_version = 1|the lab's store "$store" is from an older version of autocli (1; this one knows *|dovra cluster get,lab reset
+SQLPRAGMA user_version = 1|the lab's store "$store" is from an older version of autocli (1; this one knows *|dovra cluster get,lab reset --force
 SQLPRAGMA foreign_keys = OFF; DELETE FROM clusters|the lab's store "$store" is damaged: there is no cluster *|dovra cluster get,dovra faultdomain set -n x,dovra datastore clear
 SQLUPDATE clusters SET generation = $max|the lab's store "$store" is damaged: *|dovra faultdomain set -n x,dovra datastore add -n x
 SQLUPDATE clusters SET revision = $max|the lab's store "$store" is damaged: *|lab host reboot
