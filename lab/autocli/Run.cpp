@@ -222,7 +222,7 @@ fs::path PluginFolder(const Options& options) {
 
 void SelectLab(const Options& options) {
   Lab::Select({options.lab.empty() ? DefaultLab() : options.lab, options.host,
-               Prefix() / "share/autocli/hostroot"});
+               Prefix() / "share/autocli/hostroot", options.namesHost});
 }
 
 ExitStatus RunLine(CommandTree& tree, const Options& options) {

@@ -42,7 +42,7 @@ const char* FaultOf(const MetaObject& value, std::vector<const MetaObject*>& abo
       if (fault != nullptr) break;
     }
   } else {
-    for (const auto& [name, field] : static_cast<const MetaStruct&>(value).GetFields()) {
+    for (const auto& field : static_cast<const MetaStruct&>(value).GetValues()) {
       if (field != nullptr) fault = FaultOf(*field, above);
       if (fault != nullptr) break;
     }

@@ -37,7 +37,7 @@ std::string Fault() {
   return BaseLibs::Environment("FAULT");
 }
 
-class Odd final : public DovraCommand<Odd> {
+class Odd final : public CliTools::AutoCli::Command {
   InputSpecPtr GetInputSpecInternal() override {
     if (Fault() == "no input") return nullptr;
     auto spec = MakeInputSpec({});
@@ -82,5 +82,5 @@ extern "C" void AutoCli_RegisterNamespaces(
     space->RegisterNamespaceNode(inner, "inner");
     inner->RegisterNamespaceNode(space, "odd");
   }
-  if (!fault.empty()) root->RegisterNamespaceNode(Odd::New(), "odd");
+  if (!fault.empty()) root->RegisterNamespaceNode(std::make_shared<Odd>(), "odd");
 }

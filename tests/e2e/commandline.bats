@@ -24,7 +24,7 @@ unusable() { expect 3 '' "autocli: $1" "${@:2}"; }
     wrong 'dovra trace get: --plugin-dir goes before the command: it says which there are' dovra trace get --plugin-dir x
     wrong '*' --completion ksh
     [[ $stderr == *'one of bash, zsh, fish'* ]]
-    for command in 'host list' 'host add -n x' 'host remove -n x' 'fault list' 'fault clear' reset; do
+    for command in 'host list' 'host add -n x' 'host remove -n x' 'fault list' reset; do
         # shellcheck disable=SC2086
         wrong "lab ${command%% -n*}: --host: this command is for the whole lab, not for one of its hosts" --host host1 lab $command
     done

@@ -16,7 +16,7 @@ on_terminal() {
     list=$(on_terminal '$AUTOCLI --list')
     [[ $list == "${bold}Command "* && $(tail -n +2 <<<"$list" | wc -L) -le 60 ]]
     uuid=$(host_uuid host1)
-    [[ $(on_terminal '$AUTOCLI lab host list') == *"${uuid:0:8}…"*'(UUIDs are cut short; --fields chooses what is shown.)' ]]
+    [[ $(on_terminal '$AUTOCLI lab host list') == *"${uuid:0:8}…"*'UUIDs are cut short; --fields chooses what is shown.)' ]]
     [[ $(on_terminal '$AUTOCLI lab host list --fields Name,UUID') == *"$uuid" ]]
     [[ $(on_terminal '$AUTOCLI dovra datastore list') != *' is empty'* && $(on_terminal '$AUTOCLI lab fault list') == *'The list is empty.' ]]
     [[ $(on_terminal '$AUTOCLI lab fault list 2>/dev/null') != *' is empty'* ]]
