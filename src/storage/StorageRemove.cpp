@@ -9,14 +9,16 @@ using HostCtl::Dovra::DovraInfo;
 
 namespace {
 
-/// The control library's name of the mode, which differs from the user's in its first letter only;
-/// nothing when there is no such mode.
-std::optional<std::string> EvacuationMode(std::string mode) {
-  if (!mode.empty() && mode[0] >= 'a' && mode[0] <= 'z') {
-    mode[0] = static_cast<char>(mode[0] - 'a' + 'A');
-  }
-  for (const char* const known : {"EnsureObjectAccessibility", "EvacuateAllData", "NoAction"}) {
-    if (mode == known) return mode;
+/// The control library's name of the mode, which users may type as well as their own; nothing when
+/// there is no such mode.
+std::optional<std::string> EvacuationMode(const std::string& typed) {
+  constexpr std::pair<const char*, const char*> kModes[] = {
+      {"ensureObjectAccessibility", "EnsureObjectAccessibility"},
+      {"evacuateAllData", "EvacuateAllData"},
+      {"noAction", "NoAction"},
+  };
+  for (const auto& [users, librarys] : kModes) {
+    if (typed == users || typed == librarys) return librarys;
   }
   return std::nullopt;
 }
