@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "autocli/Calls.h"
 #include "autocli/Examples.h"
 #include "autocli/Options.h"
 #include "baselibs/Text.h"
@@ -84,6 +85,9 @@ void WriteCommand(ManualPage& page, Command& command) {
   }
   if (!options.empty()) page.Options(options);
   page.Paragraph(WhatItDoes(command));
+  if (const auto calls = CallsOf(path); !calls.empty()) {
+    page.Paragraph("Calls of the control library: " + BaseLibs::Join(calls, ", ") + '.');
+  }
   for (const Example& example : ExamplesOf(path)) {
     page.Paragraph(std::string("Example: ") + example.purpose);
     page.Code(example.line);

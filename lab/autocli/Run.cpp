@@ -8,6 +8,7 @@
 #include <iostream>
 
 #include "autocli/Batch.h"
+#include "autocli/Calls.h"
 #include "autocli/Completion.h"
 #include "autocli/Examples.h"
 #include "autocli/Reference.h"
@@ -92,6 +93,7 @@ std::string Help(NamespaceNode& node) {
   const CliTools::Style style = HelpStyle();
   if (auto* const command = dynamic_cast<Command*>(&node)) {
     return CliTools::CommandHelp(kProgram, *command, style) +
+           CallsHelp(CliTools::PathOf(*command), style) +
            ExamplesHelp(CliTools::PathOf(*command), style);
   }
   const auto& space = dynamic_cast<CommandSpec&>(node);

@@ -14,7 +14,9 @@ namespace {
 
 ConstraintPtr AnyOperation() {
   ConstraintPtr constraint = OneOf({});
-  for (const char* const operation : kOperations) constraint->AddStringEnum(operation, "");
+  for (const OperationRow& row : kOperations) {
+    constraint->AddStringEnum(std::string(row.name), std::string(row.callers));
+  }
   return constraint;
 }
 
@@ -30,7 +32,8 @@ class FaultAdd final : public SuccessCommand<FaultAdd> {
   InputSpecPtr GetInputSpecInternal() override {
     return MakeInputSpec({
         {"operation", "o", ParameterType::kString, Need::kRequired,
-         "The operation that is to fail, one of %ENUM%.", AnyOperation()},
+         "The operation that is to fail. The help of each command names those that it calls.",
+         AnyOperation()},
         {"message", "m", ParameterType::kString, Need::kRequired,
          "What the operation says when it fails."},
         {"count", "c", ParameterType::kInt, Need::kOptional,
@@ -105,7 +108,7 @@ class FaultClear final : public SuccessCommand<FaultClear> {
  private:
   InputSpecPtr GetInputSpecInternal() override {
     return MakeInputSpec({{"operation", "o", ParameterType::kString, Need::kOptional,
-                           "Only those on this operation, one of %ENUM%.", AnyOperation()}});
+                           "Only those on this operation.", AnyOperation()}});
   }
 
   void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
