@@ -8,6 +8,7 @@
 #include <charconv>
 
 #include "autocli/Terminal.h"
+#include "store/Sqlite.h"
 
 namespace AutoCliProgram {
 
@@ -15,8 +16,11 @@ namespace {
 
 // All that the alarm's handler knows stands here, as it gets nothing else.
 std::string_view name;
+std::size_t columns;
 int seconds;
 bool drawn;
+
+constexpr std::size_t kRoomForSeconds = 16;  // a line that wraps could not be erased
 
 void Write(std::string_view text) {
   // What a terminal does not take is lost; there is nothing better to do with it.
@@ -32,7 +36,13 @@ void Count(int) {
   Write(name);
   Write(" (");
   Write({digits, std::to_chars(digits, digits + sizeof digits, seconds).ptr});
-  Write(" s)\x1b[K");
+  Write(" s");
+  const std::string_view reason = Lab::WaitsFor();
+  if (!reason.empty() && name.size() + kRoomForSeconds + reason.size() < columns) {
+    Write(", ");
+    Write(reason);
+  }
+  Write(")\x1b[K");
 }
 
 void CallEvery(int interval, void (*handler)(int)) {
@@ -48,8 +58,8 @@ void CallEvery(int interval, void (*handler)(int)) {
 
 Spinner::Spinner(std::string_view command) {
   if (!TakesEscapes(STDERR_FILENO)) return;
-  constexpr std::size_t kRoomForSeconds = 16;  // a line that wraps could not be erased
-  name = command.substr(0, std::max(ColumnsOf(STDERR_FILENO), kRoomForSeconds) - kRoomForSeconds);
+  columns = ColumnsOf(STDERR_FILENO);
+  name = command.substr(0, std::max(columns, kRoomForSeconds) - kRoomForSeconds);
   seconds = 0;
   CallEvery(1, Count);
 }

@@ -19,7 +19,7 @@ constexpr std::chrono::milliseconds kPause(1);
 // Long enough for any queue of commands; whoever waits longer has met a process that hangs.
 constexpr std::chrono::seconds kLongestWait(60);
 
-std::atomic<const char*> waitsFor = nullptr;
+std::atomic<const char*> waitsFor = "";
 
 /// What went wrong, and where the system refused to open, read or write, why it did.
 std::string Reason(sqlite3* handle) {
@@ -84,7 +84,7 @@ void Query::Bind(std::string_view value) {
 
 bool Query::Step() {
   const int result = sqlite3_step(statement_);
-  waitsFor = nullptr;
+  waitsFor = "";
   switch (result) {
     case SQLITE_ROW:
       return true;
@@ -116,7 +116,7 @@ int Database::WaitForOthers(void* self, int pauses) {
   auto& since = static_cast<Database*>(self)->waitsSince_;
   if (pauses == 0) since = now;
   if (now - since >= kLongestWait) return 0;
-  waitsFor = "another process works on the lab";
+  waitsFor = "waits for another process";
   std::this_thread::sleep_for(kPause);
   return 1;
 }

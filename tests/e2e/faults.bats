@@ -14,6 +14,10 @@ faults() { autocli --formatter json lab fault list | jq -c 'map([.Host, .Operati
     [[ $(faults) == '[["host1","GetFaultDomainName",0,1],["host1","AddDatastore",0,1]]' ]]
     succeed lab fault clear --operation GetFaultDomainName
     [[ $(faults) == '[["host1","AddDatastore",0,1]]' ]]
+    succeed lab host add --name host2
+    succeed --host host2 $add LeaveCluster
+    succeed --host host1 lab fault clear
+    [[ $(faults) == '[["host2","LeaveCluster",0,1]]' ]]
     succeed lab fault clear
     [[ $(faults) == '[]' ]]
 }

@@ -53,8 +53,8 @@ time.sleep(4)' "$AUTOCLI_LAB/lab.db"; }
     on_terminal '$AUTOCLI lab host add --name host1' >bad &
     on_terminal 'NO_COLOR=1 $AUTOCLI lab host add --name host3' >plain &
     wait
-    [[ $(cat good) == *'lab host add (1 s)'*"$erase"true && $(cat good) == *'(2 s)'* ]]
-    [[ $(cat bad) == *'lab host add (1 s)'*"$erase${red}Unable to add host: "*"$plain" ]]
+    [[ $(cat good) == *'lab host add (1 s, waits for another process)'*"$erase"true && $(cat good) == *'(2 s, '* ]]
+    [[ $(cat bad) == *'lab host add (1 s, '*"$erase${red}Unable to add host: "*"$plain" ]]
     [[ $(cat plain) == true ]]
     [[ $(autocli --formatter csv --fields Name lab host list | sort | xargs) == 'Name host1 host2 host3' ]]
 }
