@@ -35,8 +35,8 @@ std::string Lines(const MetaStruct& record, const RecordSet& set, const Style& s
   std::string lines;
   if (!set.caption.empty()) lines += Caption(CaptionOf(record, set.caption), style) + '\n';
   for (const Column& column : set.columns) {
-    const auto value = record.GetField(column.name);
-    if (value) lines += "   " + column.name + ": " + ShownWithUnit(value.get(), column) + '\n';
+    const auto* const value = set.ValueOf(record, column);
+    if (value) lines += "   " + column.name + ": " + ShownWithUnit(value, column) + '\n';
   }
   return lines;
 }
@@ -196,7 +196,7 @@ std::string FormatTable(const MetaObject& root, const Pairs& parameters, const S
   for (const MetaStruct* record : set.records) {
     Row& row = rows.emplace_back();
     for (const Column& column : set.columns) {
-      row.push_back(ShownWithUnit(record->GetField(column.name).get(), column));
+      row.push_back(ShownWithUnit(set.ValueOf(*record, column), column));
     }
   }
   Widths widths = FitWidths(rows, style.width);

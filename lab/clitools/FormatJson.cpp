@@ -1,3 +1,6 @@
+#ifdef __SSE2__
+#define RAPIDJSON_SSE2  // looks at sixteen characters of a text at once
+#endif
 #include <rapidjson/prettywriter.h>
 #include <rapidjson/stringbuffer.h>
 
@@ -40,14 +43,18 @@ class JsonWriter {
 
  private:
   void WriteText(const std::string& text) {
-    const std::string valid = ValidUtf8(text);
-    writer_.String(valid.data(), static_cast<rapidjson::SizeType>(valid.size()));
+    if (IsPlain(text)) return WriteValid(text);
+    WriteValid(ValidUtf8(text));
+  }
+
+  void WriteValid(const std::string& text) {
+    writer_.String(text.data(), static_cast<rapidjson::SizeType>(text.size()));
   }
 
   void WriteRecord(const MetaStruct& record, const RecordSet& set) {
     writer_.StartObject();
     for (const Column& column : set.columns) {
-      const auto value = record.GetField(column.name);
+      const auto* const value = set.ValueOf(record, column);
       if (!value) continue;
       WriteText(column.name);
       Write(*value);

@@ -67,7 +67,7 @@ void Append(std::string& text, const std::string& name, const MetaObject& value,
     for (std::size_t index = 0; index < set.records.size(); ++index) {
       const std::string record = isList ? name + '_' + std::to_string(index) : name;
       for (const Column& column : set.columns) {
-        const auto field = set.records[index]->GetField(column.name);
+        const auto* const field = set.ValueOf(*set.records[index], column);
         if (field) Append(text, record + '_' + Name(column.name), *field, parameters);
       }
     }

@@ -40,7 +40,7 @@ void AppendRecords(std::string& text, const RecordSet& set, const Pairs& paramet
   for (const MetaStruct* record : set.records) {
     text += "\n<structure name=\"" + Escape(set.name) + "\">\n";
     for (const Column& column : set.columns) {
-      const auto value = record->GetField(column.name);
+      const auto* const value = set.ValueOf(*record, column);
       if (!value) continue;
       text += "<field name=\"" + Escape(column.name) + "\">";
       Append(text, *value, parameters);

@@ -10,12 +10,6 @@ namespace CliTools {
 
 namespace {
 
-/// Whether every byte is a character of its own, of one column: most texts, so they take a short
-/// way.
-bool IsPlain(std::string_view text) {
-  return std::ranges::all_of(text, [](char c) { return c >= ' ' && c <= '~'; });
-}
-
 /// Direction marks and Unicode's line ends: a value that holds them can reorder or break the line
 /// in which it is shown.
 bool MisleadsReader(char32_t value) {
@@ -75,6 +69,10 @@ CodePoint DecodeUtf8(std::string_view text) {
     high = 0xBF;
   }
   return {value, text.substr(0, length), true};
+}
+
+bool IsPlain(std::string_view text) {
+  return std::ranges::all_of(text, [](char c) { return c >= ' ' && c <= '~'; });
 }
 
 std::string ValidUtf8(std::string_view text) {

@@ -37,6 +37,10 @@ constexpr bool IsControl(char32_t value) {
   return value < 0x20 || (value >= 0x7F && value < 0xA0);
 }
 
+/// Whether every byte is a character of its own, of one column: most texts, so they take short
+/// ways.
+bool IsPlain(std::string_view text);
+
 /// `text` with U+FFFD for all that is not UTF-8.
 std::string ValidUtf8(std::string_view text);
 
