@@ -47,7 +47,7 @@ std::optional<MemberRow> FindRunningMember(Store& store, const HostRow& host) {
 
 MemberRow RequireRunningMember(Store& store, const HostRow& host) {
   auto member = FindRunningMember(store, host);
-  if (!member) Refuse("This host is not in a Dovra cluster.");
+  if (!member) Refuse(kNoMember);
   return *member;
 }
 

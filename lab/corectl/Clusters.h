@@ -19,6 +19,9 @@ struct Member {
 /// Every host of the cluster, running or not, in the order of their places.
 std::vector<Member> ListMembers(Store& store, const std::string& cluster);
 
+/// What is said of a host outside any cluster.
+inline constexpr const char* kNoMember = "This host is not in a Dovra cluster.";
+
 /// The host's membership as far as it is in effect; nothing on a host outside any cluster and on
 /// one that has restarted and not restored it yet.
 std::optional<MemberRow> FindRunningMember(Store& store, const HostRow& host);

@@ -5,7 +5,6 @@
 
 #include "baselibs/Process.h"
 #include "baselibs/Text.h"
-#include "corectl/Clusters.h"
 #include "corectl/Hosts.h"
 #include "corectl/LabHost.h"
 #include "corectl/Splits.h"
@@ -25,35 +24,30 @@ void DovraUtil::GetInfoFromTavdir(std::vector<DovraMemberInfo>& members,
                                   std::uint64_t& membershipEntryRevision,
                                   std::string& membershipUuid, std::string& masterUuid,
                                   std::string& backupUuid, std::string& maintenanceModeState) {
-  LabHost::Current().Read("GetInfoFromTavdir", [&](Store& store, const HostRow& host) {
-    const std::string uuid = Lab::RequireRunningMember(store, host).cluster;
-    const Lab::ClusterRow cluster = Lab::RequireCluster(store, uuid);
-    const Lab::Side side = Lab::SideOf(store, host, uuid);
-    const Lab::Membership membership = Lab::MembershipOf(side.members);
-    members.clear();
-    for (const Lab::Member& member : membership.members) members.push_back({member.host.uuid});
-    localNodeUuid = host.uuid;
-    localNodeState = host.uuid == membership.masterUuid   ? "MASTER"
-                     : host.uuid == membership.backupUuid ? "BACKUP"
-                                                          : "AGENT";
-    localNodeHealthState = !side.isSplit        ? "HEALTHY"
-                           : side.HasMajority() ? "HEALTHY (network split, majority)"
-                                                : "UNHEALTHY (network split, no majority)";
-    membershipEntryRevision = static_cast<std::uint64_t>(cluster.revision);
-    // Each side of a split has a membership of its own.
-    membershipUuid = side.isSplit ? Lab::UuidOfName(cluster.membershipUuid + members.front().uuid)
-                                  : cluster.membershipUuid;
-    masterUuid = membership.masterUuid;
-    backupUuid = membership.backupUuid;
-    maintenanceModeState = host.enteringMaintenance ? "ENTERING" : "OFF";
-  });
+  const Lab::ClusterView& view = LabHost::Current().GetClusterView("GetInfoFromTavdir");
+  view.RequireMember();
+  const Lab::Side side = Lab::SideOf(view.members, view.host);
+  const Lab::Membership membership = Lab::MembershipOf(side.members);
+  members.clear();
+  for (const Lab::Member& member : membership.members) members.push_back({member.host.uuid});
+  localNodeUuid = view.host.uuid;
+  localNodeState = localNodeUuid == membership.masterUuid   ? "MASTER"
+                   : localNodeUuid == membership.backupUuid ? "BACKUP"
+                                                            : "AGENT";
+  localNodeHealthState = !side.isSplit        ? "HEALTHY"
+                         : side.HasMajority() ? "HEALTHY (network split, majority)"
+                                              : "UNHEALTHY (network split, no majority)";
+  membershipEntryRevision = static_cast<std::uint64_t>(view.cluster.revision);
+  // Each side of a split has a membership of its own.
+  membershipUuid = view.cluster.membershipUuid;
+  if (side.isSplit) membershipUuid = Lab::UuidOfName(membershipUuid + members.front().uuid);
+  masterUuid = membership.masterUuid;
+  backupUuid = membership.backupUuid;
+  maintenanceModeState = view.host.enteringMaintenance ? "ENTERING" : "OFF";
 }
 
 void DovraUtil::GetUnicastMode(bool& enabled) {
-  // Peers that are told of each other one by one are reached that way.
-  enabled = LabHost::Current().Read("GetUnicastMode", [](Store& store, const HostRow& host) {
-    return !store.ListAgents(host.id).empty();
-  });
+  enabled = LabHost::Current().GetClusterView("GetUnicastMode").usesUnicast;
 }
 
 std::string DovraUtil::GetFormattedSystemDateTime() {
@@ -66,37 +60,30 @@ std::string DovraUtil::GetFormattedSystemDateTime() {
 }
 
 bool DovraUtil::IsWitnessNode() {
-  return LabHost::Current().Read("IsWitnessNode", [](Store& store, const HostRow& host) {
-    const auto member = Lab::FindRunningMember(store, host);
-    return member && member->witness;
-  });
+  const auto& member = LabHost::Current().GetClusterView("IsWitnessNode").member;
+  return member && member->witness;
 }
 
 bool DovraUtil::IsInStretchedCluster() {
-  return LabHost::Current().Read("IsInStretchedCluster", [](Store& store, const HostRow& host) {
-    const auto member = Lab::FindRunningMember(store, host);
-    return member && !Lab::SitesOf(Lab::ListMembers(store, member->cluster)).empty();
-  });
+  return !Lab::SitesOf(LabHost::Current().GetClusterView("IsInStretchedCluster").members).empty();
 }
 
 std::string DovraUtil::GetFaultDomainId() {
-  return LabHost::Current().Read("GetFaultDomainId", [](Store&, const HostRow& host) {
-    // A host in none is one of its own.
-    return host.faultDomain.empty() ? host.uuid : Lab::FaultDomainId(host.faultDomain);
-  });
+  const HostRow& host = LabHost::Current().GetClusterView("GetFaultDomainId").host;
+  // A host in none is one of its own.
+  return host.faultDomain.empty() ? host.uuid : Lab::FaultDomainId(host.faultDomain);
 }
 
 void DovraUtil::GetPreferredFaultDomainInfo(std::string& id, std::string& name) {
-  LabHost::Current().Read("GetPreferredFaultDomainInfo", [&](Store& store, const HostRow& host) {
-    const auto members = Lab::ListMembers(store, Lab::RequireRunningMember(store, host).cluster);
-    name = Lab::PreferredFaultDomain(members);
-    id = Lab::FaultDomainId(name);
-    const auto sites = Lab::SitesOf(members);
-    if (!sites.empty() && std::ranges::find(sites, name) == sites.end()) {
-      Lab::Refuse("The witness prefers \"" + name + "\", but the data sites are \"" +
-                  BaseLibs::Join(sites, "\" and \"") + "\" now.");
-    }
-  });
+  const auto& view = LabHost::Current().GetClusterView("GetPreferredFaultDomainInfo");
+  view.RequireMember();
+  name = Lab::PreferredFaultDomain(view.members);
+  id = Lab::FaultDomainId(name);
+  const auto sites = Lab::SitesOf(view.members);
+  if (!sites.empty() && std::ranges::find(sites, name) == sites.end()) {
+    Lab::Refuse("The witness prefers \"" + name + "\", but the data sites are \"" +
+                BaseLibs::Join(sites, "\" and \"") + "\" now.");
+  }
 }
 
 void DovraUtil::DecomCancel() {

@@ -108,6 +108,12 @@ void LabHost::FailIfTold(Operation operation) {
   if (const auto message = TakeFault(operation)) Refuse(*message);
 }
 
+const ClusterView& LabHost::GetClusterView(Operation operation) {
+  FailIfTold(operation);
+  if (!clusterView_) clusterView_ = Read(ReadClusterView);
+  return *clusterView_;
+}
+
 std::shared_ptr<const DiskView> LabHost::GetDiskView() {
   auto view = diskView_.lock();
   if (!view) diskView_ = view = std::make_shared<const DiskView>(Read(ReadDiskView));

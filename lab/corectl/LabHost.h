@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "corectl/ClusterView.h"
 #include "corectl/DiskView.h"
 #include "corectl/Operations.h"
 #include "platform/hostctl/DovraCtlException.h"
@@ -80,6 +81,7 @@ class LabHost {
   }
   template <class Work>
   auto Change(Work&& work) {
+    clusterView_.reset();
     diskView_.reset();
     return Run(Store::Transaction::Kind::kWrite, std::forward<Work>(work));
   }
@@ -90,6 +92,9 @@ class LabHost {
   void FailIfTold(Operation operation);
 
   const std::string& GetName() const { return name_; }
+  /// What the host knows of its cluster, for an operation that reads of it. All operations of a
+  /// selection are of one moment, up to the host's next change.
+  const ClusterView& GetClusterView(Operation operation);
   /// The disks that the host knows of, for as long as whoever asked holds the view all of one
   /// moment, unless this host changes something.
   std::shared_ptr<const DiskView> GetDiskView();
@@ -116,6 +121,7 @@ class LabHost {
   Store& store_;
   std::string name_;
   std::int64_t id_;
+  std::optional<ClusterView> clusterView_;
   std::weak_ptr<const DiskView> diskView_;
   bool hasFaults_;  // as of the selection; mostly none
 };

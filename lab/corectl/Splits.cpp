@@ -71,13 +71,16 @@ Side SideOf(std::vector<Member> members, std::int64_t networkGroup) {
   return side;
 }
 
-Side SideOf(Store& store, const HostRow& host, const std::string& cluster) {
-  auto members = ListMembers(store, cluster);
-  std::int64_t group = host.networkGroup;
+Side SideOf(std::vector<Member> members, const HostRow& host) {
   const auto self =
-      std::ranges::find(members, host.id, [](const Member& member) { return member.host.id; });
-  if (self != members.end() && self->row.witness) group = GroupOfWitness(members, *self);
+      std::ranges::find(members, host.id, [](const Member& member) { return member.row.host; });
+  const bool isWitness = self != members.end() && self->row.witness;
+  const std::int64_t group = isWitness ? GroupOfWitness(members, *self) : host.networkGroup;
   return SideOf(std::move(members), group);
+}
+
+Side SideOf(Store& store, const HostRow& host, const std::string& cluster) {
+  return SideOf(ListMembers(store, cluster), host);
 }
 
 void RequireMajority(Store& store, const HostRow& host, const std::string& cluster) {

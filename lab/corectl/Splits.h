@@ -24,6 +24,7 @@ struct Side {
 /// the site that it prefers; in a group without any data host it is cut off from both.
 Side SideOf(std::vector<Member> members, std::int64_t networkGroup);
 /// The side of this host, in its cluster or in one that it would join.
+Side SideOf(std::vector<Member> members, const HostRow& host);
 Side SideOf(Store& store, const HostRow& host, const std::string& cluster);
 
 /// Refuses a change of what the cluster shares on a side without the majority.

@@ -68,26 +68,20 @@ void MoveToFaultDomain(Store& store, HostRow& host, const std::string& name) {
 }  // namespace
 
 const DovraClusterConfig& LabInfo::GetClusterConfig() {
-  config_ = host_.Read("GetClusterConfig", [](Store& store, const HostRow& host) {
-    const auto member = FindRunningMember(store, host);
-    return member ? DovraClusterConfig{true, member->cluster} : DovraClusterConfig{};
-  });
+  const auto& member = host_.GetClusterView("GetClusterConfig").member;
+  config_ = member ? DovraClusterConfig{true, member->cluster} : DovraClusterConfig{};
   return config_;
 }
 
 bool LabInfo::IsLocalNodeWitness() {
-  return host_.Read("IsLocalNodeWitness", [](Store& store, const HostRow& host) {
-    return RequireRunningMember(store, host).witness;
-  });
+  return host_.GetClusterView("IsLocalNodeWitness").RequireMember().witness;
 }
 
 DovraConfigGeneration LabInfo::GetConfigGeneration() {
-  return host_.Read("GetConfigGeneration", [](Store& store, const HostRow& host) {
-    const ClusterRow cluster = RequireCluster(store, RequireRunningMember(store, host).cluster);
-    return DovraConfigGeneration{cluster.generationUuid,
-                                 static_cast<std::uint64_t>(cluster.generation),
-                                 static_cast<std::uint64_t>(cluster.generationTime)};
-  });
+  const ClusterView& view = host_.GetClusterView("GetConfigGeneration");
+  view.RequireMember();
+  return {view.cluster.generationUuid, static_cast<std::uint64_t>(view.cluster.generation),
+          static_cast<std::uint64_t>(view.cluster.generationTime)};
 }
 
 void LabInfo::CreateCluster(const std::string& uuid, bool, bool) {
@@ -158,8 +152,7 @@ void LabInfo::ResetFaultDomain() {
 }
 
 std::string LabInfo::GetFaultDomainName() {
-  return host_.Read("GetFaultDomainName",
-                    [](Store&, const HostRow& host) { return host.faultDomain; });
+  return host_.GetClusterView("GetFaultDomainName").host.faultDomain;
 }
 
 void LabInfo::SetPreferredFaultDomain(const std::string& name) {

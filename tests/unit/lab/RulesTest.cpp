@@ -63,6 +63,14 @@ class Rules : public testing::Test {
     LabHost::Current().Change(std::forward<Work>(work));
   }
 
+  /// Another process takes everything away.
+  void ClearBehindItsBack() {
+    Store other(folder_ / "lab", {});
+    Store::Transaction transaction(other, Store::Transaction::Kind::kWrite);
+    other.Clear();
+    transaction.Commit();
+  }
+
   void AddAgent(bool isWitness, const DovraIpAddress& address) {
     info_->AddUnicastAgent(isWitness ? "00000000-0000-0000-0000-000000000000" : kNode, isWitness,
                            true, address, 1, false, "", "");
@@ -196,17 +204,26 @@ TEST_F(Rules, ALostDiskIsOutOfUseUntilItIsBack) {
   EXPECT_EQ(Refusal([&] { lose(Replace, one); }), "Disk \"" + one + "\" has not failed.");
 }
 
+TEST_F(Rules, WhatIsReadOfAClusterIsOfOneMoment) {
+  info_->CreateCluster(kNode, true, false);
+  EXPECT_TRUE(info_->GetClusterConfig().enabled);
+  ClearBehindItsBack();
+  EXPECT_FALSE(info_->IsLocalNodeWitness());
+  EXPECT_EQ(info_->GetConfigGeneration().generation, 1U);
+  std::vector<HostCtl::Dovra::DovraMemberInfo> members;
+  std::string text[7];
+  std::uint64_t revision = 0;
+  DovraUtil::GetInfoFromTavdir(members, text[0], text[1], text[2], revision, text[3], text[4],
+                               text[5], text[6]);
+  EXPECT_EQ(members.size(), 1U);
+}
+
 TEST_F(Rules, AListingIsOfOneMoment) {
   info_->CreateCluster(kNode, true, false);
   info_->AddDisks("mpx.xhba1:C0:T0:L0", {"mpx.xhba2:C0:T0:L0"});
   DovraInfo::DiskLuns luns;
   DovraInfo::GetDovraDisks(luns);
-  {
-    Store other(folder_ / "lab", {});
-    Store::Transaction transaction(other, Store::Transaction::Kind::kWrite);
-    other.Clear();
-    transaction.Commit();
-  }
+  ClearBehindItsBack();
   std::vector<HostCtl::Dovra::Uuid> uuids;
   info_->GetDiskUuids(uuids);
   EXPECT_EQ(uuids.size(), 2U);
