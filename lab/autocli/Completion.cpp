@@ -4,9 +4,9 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cstdio>
 #include <cstdlib>
-#include <fstream>
-#include <sstream>
+#include <memory>
 #include <string_view>
 
 #include "autocli/CommandTree.h"
@@ -93,11 +93,15 @@ std::vector<std::string> CompletionShells() {
 std::string CompletionScript(const std::string& shell) {
   const auto* const script = std::ranges::find(kScripts, shell, &Script::shell);
   const auto path = Prefix() / "share" / script->path;
-  std::ifstream file(path);
-  std::ostringstream text;
-  text << file.rdbuf();
-  if (!file || !text) throw Lab::LabError("\"" + path.string() + "\" cannot be read");
-  return text.str();
+  // Not with streams: the program would look up their symbols at every start.
+  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "re"),
+                                                             std::fclose);
+  std::string text;
+  for (int c = 0; file != nullptr && (c = std::fgetc(file.get())) != EOF;) {
+    text += static_cast<char>(c);
+  }
+  if (text.empty()) throw Lab::LabError("\"" + path.string() + "\" cannot be read");
+  return text;
 }
 
 bool IsCompletionRequest(const std::vector<std::string>& arguments) {

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <cstdio>
 #include <exception>
-#include <iostream>
 
 #include "autocli/Batch.h"
 #include "autocli/Calls.h"
@@ -158,9 +157,8 @@ bool IsConfirmed(const Command& command, const std::string& consequence) {
                      " Nobody can be asked here; --force does it without a question");
   }
   std::fprintf(stderr, "%s Go on? [y/N] ", consequence.c_str());
-  std::string answer;
-  std::getline(std::cin, answer);
-  return answer == "y" || answer == "Y" || answer == "yes";
+  const int answer = std::getchar();
+  return answer == 'y' || answer == 'Y';
 }
 
 void PrintResult(const Command& command, const MetaObject& result, const Call& call) {

@@ -32,7 +32,8 @@ Session& CurrentSession() {
 std::string UnknownHostMessage(Store& store, const std::string& name) {
   const std::string names = BaseLibs::Join(store.ListHosts(), ", ", &HostRow::name);
   return "no host \"" + name + "\" in this lab; " +
-         (names.empty() ? "it has none" : "its hosts are: " + names);
+         (names.empty() ? "it has none (add one: lab host add --name NAME)"
+                        : "its hosts are: " + names);
 }
 
 namespace {

@@ -102,7 +102,11 @@ std::optional<Input::Value> ValueOf(const ParameterSpec& parameter, const String
     const std::map<std::string, bool> known = {{"true", true}, {"1", true},      {"yes", true},
                                                {"on", true},   {"false", false}, {"0", false},
                                                {"no", false},  {"off", false}};
-    const auto found = known.find(texts[0]);
+    std::string lower = texts[0];
+    for (char& c : lower) {
+      if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+    }
+    const auto found = known.find(lower);
     return found == known.end() ? std::nullopt : std::optional(found->second);
   }
   if (type == ParameterType::kInt) {

@@ -167,6 +167,15 @@ Json ParseCsv(const std::string& text) {
   return rows;
 }
 
+/// With U+FFFD also for NUL, which no CSV file holds.
+std::string CsvText(const std::string& text) {
+  std::string held = Utf8(text);
+  for (std::size_t at = 0; (at = held.find('\0', at)) != std::string::npos;) {
+    held.replace(at, 1, "\uFFFD");
+  }
+  return held;
+}
+
 /// A value as a cell of CSV shows it.
 std::string Flat(const Json& value) {
   if (value.is_string()) return value;
@@ -185,9 +194,10 @@ Json Table(const Json& records) {
   for (const Json& record : records) {
     Json& row = rows.emplace_back(Json::array());
     for (const std::string name : rows[0]) {
-      row.push_back(record.contains(name) ? Utf8(Flat(record[name])) : "");
+      row.push_back(record.contains(name) ? CsvText(Flat(record[name])) : "");
     }
   }
+  for (Json& name : rows[0]) name = CsvText(name);
   return rows;
 }
 
