@@ -55,8 +55,7 @@ class ClusterUnicastAgentList final : public ListCommand<ClusterUnicastAgentList
         output->AddErrorMessage(
             "Unable to list unicast agent, this host is a witness node which doesn't support "
             "listing unicast agent.");
-        output->SetRootObject(list);
-        return;
+        return output->SetRootObject(list);  // empty, beside the refusal
       }
       std::vector<std::string> agents;
       library->GetUnicastAgents(agents);

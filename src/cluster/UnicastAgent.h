@@ -15,7 +15,7 @@ inline const Parameter kAgentAddressParameter = {
 inline const Parameter kAgentPortParameter = {"port", "p", ParameterType::kInt, Need::kOptional,
                                               "Port the unicast agent is listening on."};
 
-/// The port given, whatever it is, else the default one.
+/// The port given, or the nearest 32-bit number, whether it is a port or not; else the default one.
 std::int32_t ReadAgentPort(const InputPtr& input);
 
 /// An agent as the control library lists it: six fields, each but the last ended by a ";". The last

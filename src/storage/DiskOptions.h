@@ -31,7 +31,8 @@ bool ActOnNamed(const InputPtr& input, const ControlLibrary& library, Operation 
 
 inline constexpr const char* kOnlyOneDiskMessage = "Specify only one of --ssd, --disk or --uuid.";
 
-/// The tag and the disk of the tag commands.
+/// The tag and the disk of the tag commands. There is but one tag, and the framework refuses any
+/// other, so that the commands only read the disk.
 inline InputSpecPtr MakeTagInputSpec(const char* tagDescription, const char* diskDescription) {
   return MakeInputSpec({
       {"tag", "t", ParameterType::kString, Need::kRequired, tagDescription,

@@ -9,7 +9,7 @@ class StorageAutoModeSet final : public SuccessCommand<StorageAutoModeSet> {
  private:
   InputSpecPtr GetInputSpecInternal() override {
     return MakeInputSpec({
-        // Required: left out, it would read as false and turn the mode off.
+        // Required: there is no mode that it could mean when left out.
         {"enabled", "", ParameterType::kBool, Need::kRequired,
          "Changing this value to true will result in enabling auto disk claim mode. Disks will be "
          "claimed by the Dovra service in next storage event, e.g.: adapter rescan and disk "

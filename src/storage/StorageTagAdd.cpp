@@ -13,7 +13,6 @@ class StorageTagAdd final : public SuccessCommand<StorageTagAdd> {
                             "Name of the disk to which the tag should be added.");
   }
 
-  // There is but one tag, and the framework has refused any other.
   void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
     SucceedOrNothing(output, "Unable to add tag to disk: ", [&](const ControlLibrary& library) {
       library->AddCapacityFlashTag(input->GetParameter("disk"));

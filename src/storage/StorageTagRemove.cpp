@@ -13,7 +13,6 @@ class StorageTagRemove final : public SuccessCommand<StorageTagRemove> {
                             "Name of the disk from which the tag should be removed.");
   }
 
-  // There is but one tag, and the framework has refused any other.
   void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
     SucceedOrNothing(output, "Unable to remove tag for disk: ", [&](const ControlLibrary& library) {
       library->RemoveCapacityFlashTag(input->GetParameter("disk"));
