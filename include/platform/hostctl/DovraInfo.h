@@ -39,8 +39,8 @@ class DovraInfo {
   /// The same for one disk.
   virtual void MountDisk(const std::string& disk) = 0;
   /// Takes one capacity disk from the cluster; what is still on it is lost. The mode says what is
-  /// moved to other disks first: "NoAction", "EnsureObjectAccessibility" or "EvacuateAllData"; empty
-  /// for the library's default.
+  /// moved to other disks first: "NoAction", "EnsureObjectAccessibility" or "EvacuateAllData";
+  /// empty for the library's default.
   virtual void RemoveDisk(const std::string& disk, const std::string& evacuationMode) = 0;
   /// The same for a flash device and every capacity disk behind it.
   virtual void RemoveDiskGroup(const std::string& ssd, const std::string& evacuationMode) = 0;
