@@ -79,7 +79,6 @@ class Lab:
     def __init__(self, folder):
         self.folder = Path(folder)
         self.store = self.folder / "lab.db"
-        self.journal = self.folder / "lab.db-journal"
 
     def start(self, words, prefix=(), **options):
         process = subprocess.Popen(

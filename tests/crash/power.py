@@ -104,7 +104,8 @@ class Recording:
             for call in filter(None, map(CALL.match, trace)):
                 self.take(call[1], call[2], int(call[3]))
             self.now.put(Path(replayed))
-            subprocess.run(["diff", "-r", replayed, root], check=True)
+            # What the programs write that a command starts is not recorded.
+            subprocess.run(["diff", "-r", "--exclude=var", replayed, root], check=True)
 
     def take(self, call, arguments, value):
         texts = [unhex(text) for text in re.findall(r'"([^"]*)"', arguments)]
