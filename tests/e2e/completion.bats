@@ -19,18 +19,11 @@ shows() {
 
 @test "namespaces, commands, options and values come from the tree" {
     completes 'autocli ' dovra lab
-    completes 'autocli --hos' --host
     completes 'autocli --formatter ' simple table json csv xml keyvalue
-    completes 'autocli --formatter json dovra clus' cluster
-    completes 'autocli dovra cluster unicastagent ' add remove list clear
     completes "autocli 'dovra' datastore name set --" --uuid --newname --lab --host --formatter --fields --no-header --help
     completes 'autocli dovra policy setdefault -c vm' vmnamespace vmswap vmem
-    completes 'autocli dovra storage automode set --enabled=' --enabled=true --enabled=false
     completes 'autocli dovra network ip add --traffic-type w' witness
     completes 'autocli lab fault add --operation Leave' LeaveCluster
-    completes 'autocli dovra clutser ' ''
-    completes 'autocli dovra cluster get ' ''
-    completes 'autocli dovra --form' --formatter
     completes 'autocli dovra storage automode get --fields ' Enabled
     completes 'autocli dovra cluster get --fields=Enabled,Current' '--fields=Enabled,Current Local Time'
     [[ $("$AUTOCLI" --complete 'autocli dovra clu') == $'cluster\tCommands for Dovra host cluster configuration' ]]

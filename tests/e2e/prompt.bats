@@ -1,22 +1,7 @@
-# What is at hand to somebody at the prompt or with a script: examples, chosen fields, batches.
+# What is at hand to somebody at the prompt or with a script: chosen fields, batches.
 load common
 
 wrong() { expect 2 '' "autocli: $1" "${@:2}"; }
-
-@test "every command has examples, and all of them are right" {
-    succeed lab host add --name host2
-    while read -r command; do
-        examples=$(autocli $command --help | sed -n '/^Examples\{0,1\}:$/,$ s/^  autocli //p')
-        [[ -n $examples ]] || { echo "none: $command"; return 1; }
-        while read -r line; do
-            [[ " $line " == *" $command "* ]] || { echo "$command: $line"; return 1; }
-        done <<<"$examples"
-        printf '%s\n' "$examples" >>"$BATS_TEST_TMPDIR/examples"
-    done < <(autocli --formatter csv --fields Command --list | sed 1d)
-    run --separate-stderr autocli --keep-going --batch "$BATS_TEST_TMPDIR/examples"
-    echo "$stderr"
-    [[ $status -le 1 ]] # none is a wrong command line; some do not suit the state of the lab
-}
 
 @test "fields are chosen and ordered, in every format" {
     new_cluster
@@ -25,7 +10,6 @@ wrong() { expect 2 '' "autocli: $1" "${@:2}"; }
     expect 0 $'Local Node State,Enabled\nMASTER,true' '' --fields "$fields" --formatter csv dovra cluster get
     expect 0 $'{\n  "Local Node State": "MASTER",\n  "Enabled": true\n}' '' --fields "$fields" --formatter json dovra cluster get
     expect 0 $'DovraClusterGet_Local_Node_State=MASTER\nDovraClusterGet_Enabled=true' '' --fields "$fields" --formatter keyvalue dovra cluster get
-    expect 0 $'Name\n-----\nhost1' '' --fields=Name lab host list
     wrong 'lab host list: --fields: there is no field "name"; did you mean "Name"? (known here: Name, UUID, *' --fields name lab host list
     wrong "dovra cluster leave: --fields: this command's result has no fields" --fields Name dovra cluster leave
     wrong '--fields: a name is empty' --fields 'Name,' lab host list

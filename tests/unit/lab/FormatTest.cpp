@@ -138,19 +138,6 @@ TEST(Format, ShowsEverythingThatIsNoRecord) {
   }
 }
 
-TEST(Format, SaysBeforehandWhatItCanShow) {
-  const Names all = {"simple", "table", "json", "csv", "xml", "keyvalue"};
-  const Names bare = {"simple", "json", "xml", "keyvalue"};
-  EXPECT_EQ(FormatterNames(), all);
-  EXPECT_EQ(FormattersFor(*MakeDisks({})), all);
-  EXPECT_EQ(FormattersFor(*MetaBool::New()), bare);
-  EXPECT_EQ(FormattersFor(*MetaList::New(MetaType::kString)), bare);
-  EXPECT_TRUE(CanShow("csv", *MakeDisk()));
-  EXPECT_FALSE(CanShow("csv", *MetaBool::New()));
-  EXPECT_FALSE(CanShow("Json", *MakeDisk()));
-  EXPECT_THROW(Format(*MakeDisk(), "Json", {}), std::invalid_argument);
-}
-
 TEST(Format, FitsTablesToThePage) {
   const auto disks = MakeDisks({MakeDisk("one two three", 5, {"a", "b"}), MakeDisk("漢字 x", 6)});
   const auto table = [&](std::size_t width) {

@@ -67,26 +67,4 @@ TEST(Help, TellsACommandsParameters) {
             "\nOutput: true on success\n");
 }
 
-TEST(Help, TellsWhatACommandPrints) {
-  const Tree tree;
-  const auto record = MetaStruct::New("Disk");
-  for (const char* field : {"Size", "Name", "Secret"}) record->SetField(field, "");
-  tree.list->SetDefaultOutputParameter("fields:Disk", "Name, Size");
-  const std::vector<std::pair<std::shared_ptr<MetaObject>, std::string>> cases = {
-      {record, "one record with the fields\n  Name, Size\n"},
-      {MetaList::New(MetaType::kStruct, record),
-       "a list of records with the fields\n  Name, Size\n"},
-      {MetaList::New(MetaType::kStruct), "a list of records\n"},
-      {MetaList::New(MetaType::kString), "a list of texts\n"},
-      {MetaString::New(), "a text\n"},
-      {MetaInt::New(), "a whole number\n"},
-      {nullptr, "nothing\n"},
-  };
-  for (const auto& [result, expected] : cases) {
-    tree.list->result = result;
-    EXPECT_EQ(CommandHelp("program", *tree.list),
-              "Usage: program disk list\n\nOutput: " + expected);
-  }
-}
-
 }  // namespace
