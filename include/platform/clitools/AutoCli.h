@@ -59,8 +59,8 @@ class CommandSpec : public NamespaceNode {
   bool HasNamespaceNode(const std::string& name) const;
   /// Null if there is no such child.
   std::shared_ptr<NamespaceNode> GetNamespaceNode(const std::string& name) const;
-  /// Adds `child` under `name` and becomes its parent. A child that had the name is replaced. Throws
-  /// `std::invalid_argument` when there is no child, or this node is the child or below it.
+  /// Adds `child` under `name` and becomes its parent. A child that had the name is replaced.
+  /// Throws `std::invalid_argument` when there is no child, or this node is the child or below it.
   void RegisterNamespaceNode(std::shared_ptr<NamespaceNode> child, const std::string& name);
 
   /// In the order of registration.
