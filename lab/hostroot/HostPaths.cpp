@@ -1,6 +1,7 @@
 #include "frame/HostPaths.h"
 
 #include "corectl/LabHost.h"
+#include "store/LabFolder.h"
 
 // The stand-in host's files: the real host's paths, below the folder that is "/" to it.
 namespace OrvaneCli::DovraNamespace::HostPaths {
@@ -8,7 +9,10 @@ namespace OrvaneCli::DovraNamespace::HostPaths {
 namespace {
 
 std::string Below(const char* path) {
-  return (Lab::LabHost::Current().GetRoot() / path).string();
+  const auto file = Lab::LabHost::Current().GetRoot() / path;
+  const auto& lab = Lab::OpenStore().GetFolder();
+  Lab::RequireTrusted(lab, file.lexically_relative(lab));
+  return file.string();
 }
 
 }  // namespace

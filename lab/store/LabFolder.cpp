@@ -57,6 +57,19 @@ bool MayBeLab(const fs::path& folder) {
   return names.empty();
 }
 
+/// Throws when somebody else owns the file, or the symlink that leads to it. What is not there is
+/// nobody's.
+void RequireOwn(const fs::path& path) {
+  for (const auto status : {lstat, stat}) {
+    struct stat found {};
+    if (status(path.c_str(), &found) != 0 || found.st_uid == geteuid()) continue;
+    const passwd* const owner = getpwuid(found.st_uid);
+    throw LabError("\"" + path.string() + "\" belongs to " +
+                   (owner == nullptr ? "user " + std::to_string(found.st_uid) : owner->pw_name) +
+                   "; root does not use another user's lab, since it holds programs that are run");
+  }
+}
+
 }  // namespace
 
 void PrepareLabFolder(const fs::path& folder) {
@@ -72,16 +85,11 @@ void PrepareLabFolder(const fs::path& folder) {
   }
 }
 
-void RequireTrusted(const fs::path& folder) {
+void RequireTrusted(const fs::path& folder, const fs::path& below) {
   if (geteuid() != 0) return;
-  for (const fs::path& path : {folder, folder / kStoreFile, folder / kHostsFolder}) {
-    struct stat found {};
-    if (lstat(path.c_str(), &found) != 0 || found.st_uid == 0) continue;
-    const passwd* const owner = getpwuid(found.st_uid);
-    throw LabError("\"" + path.string() + "\" belongs to " +
-                   (owner == nullptr ? "user " + std::to_string(found.st_uid) : owner->pw_name) +
-                   "; root does not use another user's lab, since it holds programs that are run");
-  }
+  fs::path path = folder;
+  RequireOwn(path);
+  for (const fs::path& part : below) RequireOwn(path /= part);
 }
 
 void SyncFolder(const fs::path& folder) {

@@ -18,9 +18,9 @@ inline constexpr const char* kStoreDraft = "lab.db.new";
 /// Makes the folder if it is not there. Throws `LabError` when it holds something and is no lab.
 void PrepareLabFolder(const std::filesystem::path& folder);
 
-/// A lab holds programs that are run: throws `LabError` when it belongs to another user and this
-/// one is root.
-void RequireTrusted(const std::filesystem::path& folder);
+/// A lab holds programs that are run: throws `LabError` when this user is root and the lab's folder
+/// or anything on the way from it to `below` belongs to another user.
+void RequireTrusted(const std::filesystem::path& folder, const std::filesystem::path& below);
 
 /// Makes the folder's entries outlast a loss of power. Throws `filesystem_error`.
 void SyncFolder(const std::filesystem::path& folder);

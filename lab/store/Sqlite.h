@@ -43,8 +43,8 @@ class Query {
   int place_ = 0;
 };
 
-/// What the process waits for at this moment, to be shown to somebody who waits with it; empty if it
-/// does not wait. May be called at any time, also by a signal's handler.
+/// What the process waits for at this moment, to be shown to somebody who waits with it; empty if
+/// it does not wait. May be called at any time, also by a signal's handler.
 const char* WaitsFor();
 
 /// A connection. Statements are compiled once and kept.

@@ -56,7 +56,8 @@ Store::Store(const fs::path& folder, const NewLab& newLab) : folder_(fs::absolut
   std::error_code ignored;
   const bool isNew = !fs::exists(file, ignored);
   if (isNew) PrepareLabFolder(folder_);
-  RequireTrusted(folder_);
+  RequireTrusted(folder_, kStoreFile);
+  RequireTrusted(folder_, kHostsFolder);
   if (isNew) Make(newLab);
   database_.emplace(file.string());
   {

@@ -151,6 +151,11 @@ EOF
     expect 0 true '' dovra cluster leave
     autocli() { "$AUTOCLI" "$@"; }
     unusable "\"$AUTOCLI_LAB\" belongs to *" dovra trace get
+    for part in hosts/host1 hosts/host1/etc/init.d/dovratraced; do
+        chown -R 0:0 "$AUTOCLI_LAB"
+        chown 65534:65534 "$AUTOCLI_LAB/$part"
+        unusable "\"$AUTOCLI_LAB/$part\" belongs to *" dovra trace get
+    done
 }
 
 @test "who reads does not wait for who writes" {
