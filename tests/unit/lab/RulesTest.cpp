@@ -125,7 +125,7 @@ TEST_F(Rules, NamesAreCountedInCharacters) {
     return Refusal([&] { info_->AddDatastore({NewUuid(), name, false}); });
   };
   std::string characters;
-  for (int i = 0; i < 128; ++i) characters += "\u20ac";
+  for (int i = 0; i < 32; ++i) characters += "e\u00e9\u20ac\U0001f4be";
   EXPECT_EQ(add(characters), "");
   for (const std::string& name : {std::string(), characters + "x", std::string(129, '\x80'),
                                   std::string(129, '\xff'), std::string(129, '\xe2')}) {
@@ -140,6 +140,7 @@ TEST_F(Rules, DisksTakeTheStateOfTheirGroup) {
   info_->SetAutoClaimMode(true);
   Change([](Store& store, const HostRow& host) {
     SetCapacityTag(store, host, "mpx.xhba1:C0:T1:L0", true);
+    Fail(store, host, "mpx.xhba2:C0:T2:L0");  // is passed over
     PlugIn(store, host, "new", false);
     for (const DiskRow& disk : store.ListDisks(host.id)) EXPECT_FALSE(disk.mounted) << disk.device;
   });
@@ -205,6 +206,7 @@ TEST_F(Rules, ALostDiskIsOutOfUseUntilItIsBack) {
 }
 
 TEST_F(Rules, WhatIsReadOfAClusterIsOfOneMoment) {
+  EXPECT_FALSE(info_->GetClusterConfig().enabled);
   info_->CreateCluster(kNode, true, false);
   EXPECT_TRUE(info_->GetClusterConfig().enabled);
   ClearBehindItsBack();
