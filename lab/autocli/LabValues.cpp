@@ -81,6 +81,10 @@ Candidates Disks(Store& store, const HostRow& host) {
   return candidates;
 }
 
+bool IsAny(const DiskRow&) {
+  return true;
+}
+
 bool IsEmptyFlash(const DiskRow& disk) {
   return !disk.IsClaimed() && !disk.IsCapacityKind();
 }
@@ -107,6 +111,9 @@ struct Rule {
 constexpr Rule kRules[] = {
     {"lab host remove", "name", kHostNames},
     {"lab host reboot", "name", kHostNames},
+    {"lab network split", "name", kHostNames},
+    {"lab disk add", "device", nullptr},  // a new one's
+    {"lab disk", "device", kDevices<IsAny>},
     {"dovra cluster join", "cluster-uuid", Clusters},
     {"dovra cluster join", "witness-preferred-fault-domain", kFaultDomains},
     {"dovra cluster preferredfaultdomain", "preferred-fault-domain-name", kFaultDomains},

@@ -131,10 +131,10 @@ class DiskList final : public ListCommand<DiskList> {
               {"Device", MetaType::kString},
               {"Kind", MetaType::kString},
               {"Use", MetaType::kString},
-              {"Disk Group", MetaType::kString},
-              {"UUID", MetaType::kString},
               {"Mounted", MetaType::kBool},
               {"State", MetaType::kString},
+              {"Disk Group", MetaType::kString},  // what a narrow terminal can do without is last
+              {"UUID", MetaType::kString},
           },
       .formatter = "table",
       .separator = ",",

@@ -40,6 +40,8 @@ check() { run --separate-stderr "$BATS_TEST_DIRNAME/../../script/check-plugin" "
     [[ $status == 1 && $stderr == *'needs libclitools.so, which is not in .'* ]]
     check "$BATS_TEST_FILENAME"
     [[ $status == 1 && $stderr == *'is not a shared library' ]]
+    check gone.so
+    [[ $status == 1 && $stderr == 'gone.so: is no file' ]]
 }
 
 @test "it goes to the host's real files, and the lab's copy does not" {
