@@ -1,6 +1,4 @@
-#ifdef __SSE2__
-#define RAPIDJSON_SSE2  // looks at sixteen characters of a text at once
-#endif
+// Without RAPIDJSON_SSE2: its search of many characters at once takes U+001A to U+001F for plain.
 #include <rapidjson/prettywriter.h>
 #include <rapidjson/stringbuffer.h>
 

@@ -123,6 +123,9 @@ TEST(Format, ShowsEverythingThatIsNoRecord) {
       {texts, "", "a\nb\n\n"},
       {texts, "simple", "a\nb\\n\n"},
       {texts, "json", "[\n  \"a\",\n  \"b\\n\"\n]\n"},
+      // Long enough for an escape to be behind what is searched a block at a time.
+      {MetaString::New(std::string(40, 'x') + '\x1f'), "json",
+       '"' + std::string(40, 'x') + "\\u001F\"\n"},
       {texts, "xml", xml + "<list><string>a</string><string>b&#10;</string></list></output>\n"},
       {texts, "keyvalue", "result_0=a\nresult_1=$'b\\n'\n"},
       {MakeDisks({}), "simple", ""},
