@@ -43,9 +43,16 @@ std::string ReadMark(const std::string& lab, const fs::path& root) {
   return mark.starts_with(lab + ' ') ? mark : std::string();
 }
 
-/// Deletes a root that the lab made. The mark goes last: what a killed process or a loss of power
-/// leaves of the root is still known as the lab's.
-void DeleteRoot(const fs::path& root) {
+/// Deletes a root that the lab made. Its name goes first: a program of the host that is still
+/// running finds no folder to write to. The mark goes last: what a killed process or a loss of
+/// power leaves of the root is still known as the lab's.
+void DeleteRoot(const std::string& lab, fs::path root) {
+  if (const std::string name = root.filename(); !name.starts_with('.')) {
+    const fs::path gone = root.parent_path() / ("." + name);
+    if (!ReadMark(lab, gone).empty()) DeleteRoot(lab, gone);
+    fs::rename(root, gone);
+    root = gone;
+  }
   for (const auto& entry : fs::directory_iterator(root)) {
     if (entry.path().filename() != kMark) fs::remove_all(entry.path());
   }
@@ -64,7 +71,7 @@ void SettleRoot(const std::string& lab, const fs::path& hosts, const HostRow& ho
   const fs::path draft = DraftOf(hosts, host);
   if (ReadMark(lab, draft).empty()) return;
   const fs::path root = hosts / host.name;
-  if (!ReadMark(lab, root).empty()) DeleteRoot(root);
+  if (!ReadMark(lab, root).empty()) DeleteRoot(lab, root);
   fs::rename(draft, root);
 }
 
@@ -123,7 +130,7 @@ void SettleRoots(Store& store) {
     for (const HostRow& host : store.ListHosts()) SettleRoot(lab, hosts, host);
     for (const auto& entry : fs::directory_iterator(hosts)) {
       const std::string mark = ReadMark(lab, entry.path());
-      if (!mark.empty() && !marks.contains(mark)) DeleteRoot(entry.path());
+      if (!mark.empty() && !marks.contains(mark)) DeleteRoot(lab, entry.path());
     }
     SyncFolder(hosts);
   } catch (const fs::filesystem_error&) {  // what cannot be settled now is so the next time
