@@ -12,7 +12,7 @@ autocli() { "$AUTOCLI" "$@"; }
 platform() { (cd "$(dirname "$AUTOCLI")/../lib/autocli/platform" && pwd); }
 
 # released_only: skips a test of what ships, which is never what was built with sanitizers.
-released_only() { ! readelf -d "$PLUGIN" | grep -q libasan || skip "built with sanitizers"; }
+released_only() { ! nm -D "$PLUGIN" | grep -q __asan || skip "built with sanitizers"; }
 
 # matches TEXT WANTED: whether they are equal, or TEXT begins as WANTED does up to a "*" at its end.
 matches() {

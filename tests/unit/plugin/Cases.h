@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <source_location>
 #include <string>
 #include <vector>
 
@@ -31,9 +30,9 @@ inline Outcome Failed(const std::string& message, const std::string& root = "non
 }
 
 inline void Check(const std::string& command, const SetUp& setUp, const Given& given,
-                  const Strings& calls, const Outcome& outcome,
-                  std::source_location where = std::source_location::current()) {
-  const testing::ScopedTrace trace(where.file_name(), static_cast<int>(where.line()), "");
+                  const Strings& calls, const Outcome& outcome, const char* file = __builtin_FILE(),
+                  int line = __builtin_LINE()) {
+  const testing::ScopedTrace trace(file, line, "");
   RecordingLibrary library;
   if (setUp) setUp(library);
   EXPECT_EQ(Testing::Run(command, given), outcome);

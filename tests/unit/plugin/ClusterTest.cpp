@@ -128,7 +128,7 @@ TEST(ClusterNew, CreatesUnderANewUuidEachTime) {
   library.config.enabled = false;
   for (int time = 0; time < 2; ++time) EXPECT_EQ(Testing::Run("cluster new"), kTrue);
   const std::regex uuid("[0-9a-f]{8}(-[0-9a-f]{4}){3}-[0-9a-f]{12}");
-  for (const std::size_t call : {3, 7}) {
+  for (const std::size_t call : {3u, 7u}) {
     EXPECT_EQ(std::regex_replace(library.calls.at(call), uuid, "UUID"),
               "CreateCluster(UUID, true, false)");
   }

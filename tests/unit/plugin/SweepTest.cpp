@@ -185,7 +185,9 @@ void CheckBroken(Command& command, const Given& given, unsigned state, const Str
     EXPECT_EQ(failure, nullptr);
     EXPECT_EQ(std::current_exception(), exception) << "another one than was thrown";
   }
-  EXPECT_EQ(Names(library.calls), Names({calls.begin(), calls.begin() + place + 1}));
+  EXPECT_EQ(
+      Names(library.calls),
+      Names({calls.begin(), std::next(calls.begin(), static_cast<std::ptrdiff_t>(place + 1))}));
 }
 
 /// Runs the call with a library that hands out no information object.
