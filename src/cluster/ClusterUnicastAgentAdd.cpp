@@ -59,12 +59,13 @@ class ClusterUnicastAgentAdd final : public SuccessCommand<ClusterUnicastAgentAd
       const bool isWitness =
           Given<std::string>(input, "type").value_or(kWitnessType) == kWitnessType;
       const auto uuid = Given<std::string>(input, "uuid");
-      const auto supportsUnicast = Given<bool>(input, "supports-unicast");
+      const bool tellsSupport = input->HasParameter("supports-unicast");
+      const bool supportsUnicast = tellsSupport && input->GetParameterBool("supports-unicast");
       const auto interface = Given<std::string>(input, "bound-interface-name");
       if (!isWitness && !uuid) {
         return output->AddErrorMessage("Can not add unicastagent without specifying node-uuid");
       }
-      if (!isWitness && !supportsUnicast) {
+      if (!isWitness && !tellsSupport) {
         return output->AddErrorMessage(
             "Can not add unicastagent without specifying unicast support");
       }
@@ -76,9 +77,9 @@ class ClusterUnicastAgentAdd final : public SuccessCommand<ClusterUnicastAgentAd
         library->GetUnicastWitnesses(witnesses);
         if (!witnesses.empty()) return output->AddErrorMessage(DescribeConfigured(witnesses));
       }
-      library->AddUnicastAgent(uuid.value_or(kNilUuid), isWitness, supportsUnicast.value_or(false),
-                               *address, ReadAgentPort(input), interface.has_value(),
-                               interface.value_or(""), "");
+      library->AddUnicastAgent(uuid.value_or(kNilUuid), isWitness, supportsUnicast, *address,
+                               ReadAgentPort(input), interface.has_value(), interface.value_or(""),
+                               "");
       if (!isWitness) library->RefreshUnicastAgents();
       output->SetRootObject(MetaBool::New(true));
     } catch (const DovraCtlException& failure) {
