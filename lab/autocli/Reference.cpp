@@ -35,7 +35,7 @@ constexpr const char* kMarkdown = "markdown";
 constexpr const char* kProgramPage = "autocli.1";
 constexpr const char* kProductPage = "dovra.7";
 constexpr const char* kProduct = "dovra";
-constexpr const char* kProgram = "autocli " AUTOCLI_VERSION;
+constexpr const char* kProgramVersion = "autocli " AUTOCLI_VERSION;
 
 /// What the option's value is. If the description names the allowed ones, they are not told twice.
 std::string ValueOf(const ParameterSpec& parameter) {
@@ -235,7 +235,7 @@ std::string WriteMarkdown(const Namespace& root) {
 
 /// The program and the commands that it has of its own.
 std::string WriteProgramPage(const Namespace& root) {
-  RoffPage page(kProgramPage, kProgram, "run Dovra commands on stand-in hosts");
+  RoffPage page(kProgramPage, kProgramVersion, "run Dovra commands on stand-in hosts");
   WriteProgram(page);
   for (const auto& child : root.GetChildren()) {
     if (child->GetName() != kProduct) WriteNode(page, *child);
@@ -246,7 +246,7 @@ std::string WriteProgramPage(const Namespace& root) {
 }
 
 std::string WriteProductPage(const Namespace& root) {
-  RoffPage page(kProductPage, kProgram,
+  RoffPage page(kProductPage, kProgramVersion,
                 "commands to configure and inspect a host's part in a Dovra cluster");
   page.Section("Synopsis");
   page.Code(std::string("autocli [OPTIONS] ") + kProduct + " NAMESPACE... COMMAND [PARAMETERS]");

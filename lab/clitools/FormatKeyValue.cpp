@@ -53,7 +53,7 @@ std::string Escape(std::string_view text) {
 
 /// The text as a word: as it is, in quotes, or, where it would not be one line of UTF-8 or holds a
 /// quote, in $'...'.
-std::string Word(const std::string& text) {
+std::string ShellWord(const std::string& text) {
   if (std::ranges::all_of(text, IsPlain)) return text;
   const std::string escaped = Escape(text);
   return (escaped == text ? "'" : "$'") + escaped + '\'';
@@ -77,7 +77,7 @@ void Append(std::string& text, const std::string& name, const MetaObject& value,
       Append(text, name + '_' + std::to_string(index), *elements[index], parameters);
     }
   } else {
-    text += name + '=' + Word(PlainText(&value, "")) + '\n';
+    text += name + '=' + ShellWord(PlainText(&value, "")) + '\n';
   }
 }
 

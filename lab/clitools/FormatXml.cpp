@@ -9,7 +9,7 @@ namespace {
 
 /// A text as content or in double quotes. What XML cannot hold becomes U+FFFD; control characters
 /// that it can hold are references, as a parser would otherwise turn them into blanks.
-std::string Escape(std::string_view text) {
+std::string EscapeXml(std::string_view text) {
   std::string escaped;
   escaped.reserve(text.size());
   ForEachCodePoint(text, [&](const CodePoint& point) {
@@ -38,11 +38,11 @@ void Append(std::string& text, const MetaObject& value, const Pairs& parameters)
 
 void AppendRecords(std::string& text, const RecordSet& set, const Pairs& parameters) {
   for (const MetaStruct* record : set.records) {
-    text += "\n<structure name=\"" + Escape(set.name) + "\">\n";
+    text += "\n<structure name=\"" + EscapeXml(set.name) + "\">\n";
     for (const Column& column : set.columns) {
       const auto* const value = set.ValueOf(*record, column);
       if (!value) continue;
-      text += "<field name=\"" + Escape(column.name) + "\">";
+      text += "<field name=\"" + EscapeXml(column.name) + "\">";
       Append(text, *value, parameters);
       text += "</field>\n";
     }
@@ -55,7 +55,7 @@ void AppendElement(std::string& text, std::string_view tag, const MetaObject& va
   text += '<';
   text += tag;
   text += '>';
-  text += Escape(PlainText(&value, ""));
+  text += EscapeXml(PlainText(&value, ""));
   text += "</";
   text += tag;
   text += '>';

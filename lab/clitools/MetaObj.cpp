@@ -37,6 +37,7 @@ const std::shared_ptr<MetaStruct::Layout>& MetaStruct::SharedLayout(const std::s
 
 MetaStruct::MetaStruct(const std::string& name)
     : MetaObject(MetaType::kStruct), layout_(SharedLayout(name)) {}
+// NOLINTNEXTLINE(performance-unnecessary-value-param): the platform declares it so
 std::shared_ptr<MetaStruct> MetaStruct::New(std::string name) {
   return std::make_shared<MetaStruct>(name);
 }

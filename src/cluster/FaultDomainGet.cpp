@@ -22,7 +22,7 @@ class FaultDomainGet final : public RecordCommand<FaultDomainGet> {
   void ExecuteInternal(const InputPtr&, const OutputPtr& output) override {
     SucceedOrNothing(
         output, "Unable to get fault domain name: ", [](const ControlLibrary& library) {
-          const StructPtr record = GetOutputStructure();
+          StructPtr record = GetOutputStructure();
           record->SetField("faultDomainName", library->GetFaultDomainName());
           if (library->GetClusterConfig().enabled) {  // outside a cluster the name has no id
             record->SetField("faultDomainId", DovraUtil::GetFaultDomainId());

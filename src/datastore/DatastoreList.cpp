@@ -26,7 +26,7 @@ class DatastoreList final : public ListCommand<DatastoreList> {
     SucceedOrNothing(output, kUnableToAddDatastore, [](const ControlLibrary& library) {
       DovraInfo::Datastores datastores;
       library->GetDatastores(datastores);
-      const ListPtr list = MakeList();
+      ListPtr list = MakeList();
       list->Reserve(datastores.size());
       for (const auto& datastore : datastores) {
         const StructPtr row = GetOutputStructure();

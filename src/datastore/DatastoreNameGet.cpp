@@ -23,7 +23,7 @@ class DatastoreNameGet final : public RecordCommand<DatastoreNameGet> {
     SucceedOrNothing(output,
                      "Unable to get Dovra datastore name: ", [&](const ControlLibrary& library) {
                        const std::string uuid = Given<std::string>(input, "uuid").value_or("");
-                       const StructPtr record = GetOutputStructure();
+                       StructPtr record = GetOutputStructure();
                        record->SetField("Name", library->GetDatastoreName(uuid));
                        return record;
                      });

@@ -44,7 +44,7 @@ class PolicyGetDefault final : public ListCommand<PolicyGetDefault> {
 
   void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
     SucceedOrNothing(output, "", [&](const ControlLibrary& library) {
-      const ListPtr list = MakeList();
+      ListPtr list = MakeList();
       for (const auto policyClass : SelectClasses(Given<std::string>(input, "policy-class"))) {
         const std::string name = DovraUtil::DovraPolicyClassToString(policyClass);
         const StructPtr row = GetOutputStructure();

@@ -18,7 +18,7 @@ class ResyncBandwidthGet final : public RecordCommand<ResyncBandwidthGet> {
  private:
   void ExecuteInternal(const InputPtr&, const OutputPtr& output) override {
     SucceedOrNothing(output, "", [](const ControlLibrary& library) {
-      const StructPtr record = GetOutputStructure();
+      StructPtr record = GetOutputStructure();
       record->SetField("Rate", MetaInt::New(library->GetResyncBandwidth()));
       return record;
     });

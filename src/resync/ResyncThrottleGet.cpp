@@ -14,7 +14,7 @@ class ResyncThrottleGet final : public RecordCommand<ResyncThrottleGet> {
  private:
   void ExecuteInternal(const InputPtr&, const OutputPtr& output) override {
     SucceedOrNothing(output, "", [](const ControlLibrary& library) {
-      const StructPtr record = GetOutputStructure();
+      StructPtr record = GetOutputStructure();
       record->SetField("Level", MetaInt::New(library->GetResyncThrottle()));
       return record;
     });

@@ -15,7 +15,7 @@ class StorageAutoModeGet final : public RecordCommand<StorageAutoModeGet> {
   void ExecuteInternal(const InputPtr&, const OutputPtr& output) override {
     SucceedOrNothing(
         output, "Unable to get Dovra storage auto claim mode: ", [](const ControlLibrary& library) {
-          const StructPtr record = GetOutputStructure();
+          StructPtr record = GetOutputStructure();
           record->SetField("Enabled", MetaBool::New(library->GetAutoClaimMode()));
           return record;
         });
