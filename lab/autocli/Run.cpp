@@ -166,7 +166,7 @@ void PrintResult(const Command& command, const MetaObject& result, const Call& c
   CliTools::Style style = ResultStyle();
   style.header = !call.options.noHeader;
   style.isChosen = !call.options.formatter.empty();
-  Print(CliTools::Format(result, call.formatter, call.formatterParameters, style));
+  CliTools::Format(result, call.formatter, call.formatterParameters, style, Print);
   const bool isEmpty = result.GetType() == MetaType::kList &&
                        static_cast<const MetaList&>(result).GetElements().empty();
   if (isEmpty) PrintRemark("The list is empty.");

@@ -37,7 +37,7 @@ CliTools::Style HelpStyle() {
   return {std::max(ColumnsOf(STDOUT_FILENO), kNarrowest), TakesEscapes(STDOUT_FILENO)};
 }
 
-void Print(const std::string& text) {
+void Print(std::string_view text) {
   const bool written = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
   if (!written || std::fflush(stdout) != 0) {
     throw OutputError("the result cannot be written to standard output: " +

@@ -4,6 +4,7 @@
 
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 #include "clitools/Text.h"
 
@@ -27,7 +28,7 @@ class OutputError : public std::runtime_error {
 };
 
 /// Writes to standard output. Throws `OutputError` when not all of it could be written.
-void Print(const std::string& text);
+void Print(std::string_view text);
 
 /// Tells somebody who sees standard output something on standard error that is no part of a result.
 /// Nothing where it is no terminal.

@@ -18,16 +18,22 @@ namespace {
 struct Formatter {
   std::string_view name;
   const char* description;
-  std::string (*format)(const MetaObject&, const Pairs&, const Style&);
+  void (*format)(const MetaObject&, const Pairs&, const Style&, const Sink&);
   bool showsRecordsOnly;
 };
 
+/// Hands over in one what `kFormat` returns.
+template <auto kFormat>
+void Whole(const MetaObject& root, const Pairs& parameters, const Style& style, const Sink& sink) {
+  sink(kFormat(root, parameters, style));
+}
+
 constexpr Formatter kFormatters[] = {
-    {"simple", "a line for each field of each record", FormatSimple, false},
+    {"simple", "a line for each field of each record", Whole<FormatSimple>, false},
     {"table",
      "a line for each record; on a terminal that is too narrow, UUIDs are cut short and the last "
      "fields left out, which a last line tells",
-     FormatTable, true},
+     Whole<FormatTable>, true},
     {"json",
      "a record is an object, a list an array; numbers and booleans are such; the stable form for "
      "scripts",
@@ -35,15 +41,15 @@ constexpr Formatter kFormatters[] = {
     {"csv",
      "a heading and a line for each record; a cell with commas, quotes, line ends, or blanks at an "
      "end is in double quotes",
-     FormatCsv, true},
-    {"xml", "an element named after its type for each value", FormatXml, false},
+     Whole<FormatCsv>, true},
+    {"xml", "an element named after its type for each value", Whole<FormatXml>, false},
     {"keyvalue",
      "a line that a shell can evaluate for each field: Record_Field=value, with _0, _1 and so on "
      "for "
      "the records or texts of a list, and _ for what no name can hold; a value is quoted where it "
      "must be, as $'...' with escapes where it holds quotes, control characters or bytes that are "
      "not UTF-8",
-     FormatKeyValue, false},
+     Whole<FormatKeyValue>, false},
 };
 
 bool CanShow(const Formatter& formatter, const MetaObject& value) {
@@ -105,15 +111,22 @@ bool CanShow(std::string_view formatter, const MetaObject& rootTemplate) {
   return known != std::end(kFormatters) && CanShow(*known, rootTemplate);
 }
 
-std::string Format(const MetaObject& root, std::string_view formatter, const Pairs& parameters,
-                   const Style& style) {
-  if (formatter.empty()) return FormatBare(root, parameters, style);
+void Format(const MetaObject& root, std::string_view formatter, const Pairs& parameters,
+            const Style& style, const Sink& sink) {
+  if (formatter.empty()) return Whole<FormatBare>(root, parameters, style, sink);
   const auto known = std::ranges::find(kFormatters, formatter, &Formatter::name);
   if (known == std::end(kFormatters)) {
     throw std::invalid_argument("no formatter " + Quote(formatter));
   }
-  if (!CanShow(*known, root)) return FormatSimple(root, parameters, style);
-  return known->format(root, parameters, style);
+  if (!CanShow(*known, root)) return Whole<FormatSimple>(root, parameters, style, sink);
+  known->format(root, parameters, style, sink);
+}
+
+std::string Format(const MetaObject& root, std::string_view formatter, const Pairs& parameters,
+                   const Style& style) {
+  std::string text;
+  Format(root, formatter, parameters, style, [&text](std::string_view part) { text += part; });
+  return text;
 }
 
 std::vector<std::string> ShownFields(const MetaStruct& record, const Pairs& parameters) {

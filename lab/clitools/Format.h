@@ -1,6 +1,7 @@
 // How a result is shown.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -25,7 +26,11 @@ std::vector<std::string> FormattersFor(const MetaObj::MetaObject& rootTemplate);
 /// Whether `formatter` is one of `FormattersFor(rootTemplate)`.
 bool CanShow(std::string_view formatter, const MetaObj::MetaObject& rootTemplate);
 
-/// The whole text of a result, ended by a newline unless it is empty. `parameters` are the
+/// Takes the parts of a text, one after the other.
+using Sink = std::function<void(std::string_view)>;
+
+/// Hands the text of a result to `sink`, ended by a newline unless it is empty; the JSON of a long
+/// list in parts, so that it need not be in memory as a whole. `parameters` are the
 /// command's ("header:", "fields:", "units:"). The empty formatter name means the bare value: a
 /// text, number or truth value as it is. A result that the formatter cannot show, such as a failed
 /// command may leave, is shown by "simple". Throws `std::invalid_argument` for a name that is not
@@ -36,6 +41,10 @@ bool CanShow(std::string_view formatter, const MetaObj::MetaObject& rootTemplate
 /// heed the page: captions stand out, and a table that is too wide is wrapped within its columns.
 /// Where that would break words, UUIDs are cut short and the last columns left out, which its last
 /// line tells; with less than two columns left, it is shown as "simple" does unless it was chosen.
+void Format(const MetaObj::MetaObject& root, std::string_view formatter,
+            const AutoCli::CommandSpec::Pairs& parameters, const Style& style, const Sink& sink);
+
+/// The whole text.
 std::string Format(const MetaObj::MetaObject& root, std::string_view formatter,
                    const AutoCli::CommandSpec::Pairs& parameters, const Style& style = {});
 

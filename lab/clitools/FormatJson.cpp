@@ -9,14 +9,21 @@ namespace CliTools {
 
 namespace {
 
-/// Writes a document from its beginning to its end. Lists may hold many thousands of records, so no
-/// tree of them is made first.
+/// Writes a document from its beginning to its end. Lists may hold many thousands of records, so
+/// neither a tree of them nor the whole text is made first.
 class JsonWriter {
  public:
-  explicit JsonWriter(const Pairs& parameters) : parameters_(parameters) {
+  JsonWriter(const Pairs& parameters, const Sink& sink) : parameters_(parameters), sink_(sink) {
     writer_.SetIndent(' ', 2);
   }
 
+  void WriteDocument(const MetaObject& root) {
+    Write(root);
+    buffer_.Put('\n');
+    HandOver();
+  }
+
+ private:
   void Write(const MetaObject& value) {
     switch (value.GetType()) {
       case MetaType::kBool:
@@ -29,7 +36,7 @@ class JsonWriter {
         WriteText(static_cast<const MetaObj::MetaString&>(value).GetValue());
         break;
       case MetaType::kStruct:
-        WriteRecord(static_cast<const MetaStruct&>(value), RecordsOf(value, parameters_));
+        WriteRecords(value);
         break;
       case MetaType::kList:
         WriteList(value);
@@ -37,9 +44,6 @@ class JsonWriter {
     }
   }
 
-  std::string GetText() const { return {buffer_.GetString(), buffer_.GetSize()}; }
-
- private:
   void WriteText(const std::string& text) {
     if (IsPlain(text)) return WriteValid(text);
     WriteValid(ValidUtf8(text));
@@ -49,39 +53,65 @@ class JsonWriter {
     writer_.String(text.data(), static_cast<rapidjson::SizeType>(text.size()));
   }
 
-  void WriteRecord(const MetaStruct& record, const RecordSet& set) {
+  /// One record, or all of a list.
+  void WriteRecords(const MetaObject& value) {
+    const RecordSet set = RecordsOf(value, parameters_);
+    std::vector<std::string> keys;
+    for (const Column& column : set.columns) keys.push_back(Escaped(column.name));
+    for (const MetaStruct* record : set.records) {
+      WriteRecord(*record, set, keys);
+      if (buffer_.GetSize() >= kPart) HandOver();
+    }
+  }
+
+  /// `keys` are the columns' names, escaped once for all records.
+  void WriteRecord(const MetaStruct& record, const RecordSet& set,
+                   const std::vector<std::string>& keys) {
     writer_.StartObject();
-    for (const Column& column : set.columns) {
-      const auto* const value = set.ValueOf(record, column);
+    for (std::size_t column = 0; column < keys.size(); ++column) {
+      const auto* const value = set.ValueOf(record, set.columns[column]);
       if (!value) continue;
-      WriteText(column.name);
+      writer_.RawValue(keys[column].data(), keys[column].size(), rapidjson::kStringType);
       Write(*value);
     }
     writer_.EndObject();
   }
 
+  static std::string Escaped(const std::string& text) {
+    rapidjson::StringBuffer buffer;
+    const std::string valid = ValidUtf8(text);
+    rapidjson::Writer<rapidjson::StringBuffer>(buffer).String(
+        valid.data(), static_cast<rapidjson::SizeType>(valid.size()));
+    return buffer.GetString();
+  }
+
   void WriteList(const MetaObject& list) {
     writer_.StartArray();
     if (HoldsRecords(list)) {
-      const RecordSet set = RecordsOf(list, parameters_);
-      for (const MetaStruct* record : set.records) WriteRecord(*record, set);
+      WriteRecords(list);
     } else {
       for (const auto& element : ElementsOf(list)) Write(*element);
     }
     writer_.EndArray();
   }
 
+  void HandOver() {
+    sink_({buffer_.GetString(), buffer_.GetSize()});
+    buffer_.Clear();
+  }
+
+  static constexpr std::size_t kPart = 64 * 1024;  // bytes
+
   const Pairs& parameters_;
+  const Sink& sink_;
   rapidjson::StringBuffer buffer_;
   rapidjson::PrettyWriter<rapidjson::StringBuffer> writer_{buffer_};
 };
 
 }  // namespace
 
-std::string FormatJson(const MetaObject& root, const Pairs& parameters, const Style&) {
-  JsonWriter writer(parameters);
-  writer.Write(root);
-  return writer.GetText() + '\n';
+void FormatJson(const MetaObject& root, const Pairs& parameters, const Style&, const Sink& sink) {
+  JsonWriter(parameters, sink).WriteDocument(root);
 }
 
 }  // namespace CliTools

@@ -54,7 +54,9 @@ std::string FormatBare(const MetaObject& root, const Pairs& parameters, const St
 std::string FormatSimple(const MetaObject& root, const Pairs& parameters, const Style& style);
 /// `root` must hold records.
 std::string FormatTable(const MetaObject& root, const Pairs& parameters, const Style& style);
-std::string FormatJson(const MetaObject& root, const Pairs& parameters, const Style& style);
+/// Hands over a long list in parts.
+void FormatJson(const MetaObject& root, const Pairs& parameters, const Style& style,
+                const Sink& sink);
 /// `root` must hold records.
 std::string FormatCsv(const MetaObject& root, const Pairs& parameters, const Style& style);
 std::string FormatXml(const MetaObject& root, const Pairs& parameters, const Style& style);
