@@ -10,6 +10,9 @@ namespace Lab {
 
 using CoreCtl::Dovra::DovraUtil;
 
+DiskView::Disk::Disk(DiskRow disk, bool isThere)
+    : uuid(DovraUtil::StringToDovraUuid(disk.uuid)), row(std::move(disk)), isSeen(isThere) {}
+
 const DiskView::Disk* DiskView::Find(const HostCtl::Dovra::Uuid& uuid) const {
   const auto found = std::ranges::lower_bound(disks, uuid, {}, &Disk::uuid);
   return found == disks.end() || found->uuid != uuid ? nullptr : &*found;
@@ -24,10 +27,12 @@ DiskView ReadDiskView(Store& store, const HostRow& host) {
       hosts.insert(peer.host.id);
     }
   }
-  for (DiskRow& disk : store.ListClaimedDisks()) {
+  auto rows = store.ListClaimedDisks();
+  view.disks.reserve(rows.size());
+  for (DiskRow& disk : rows) {
     if (!hosts.contains(disk.host)) continue;
     const bool isSeen = disk.host == host.id && !disk.unplugged;
-    view.disks.push_back({DovraUtil::StringToDovraUuid(disk.uuid), std::move(disk), isSeen});
+    view.disks.emplace_back(std::move(disk), isSeen);
   }
   return view;
 }

@@ -10,7 +10,11 @@ namespace Lab {
 /// The claimed disks that a host knows of, its own and those of the hosts that it reaches in its
 /// cluster, as of one moment.
 struct DiskView {
-  struct Disk {
+  struct Disk final : HostCtl::Dovra::DovraDiskLun {
+    Disk(DiskRow disk, bool isThere);
+    HostCtl::Dovra::Uuid GetUuid() const override { return uuid; }
+    std::string GetDeviceName() const override { return row.device; }
+
     HostCtl::Dovra::Uuid uuid;
     DiskRow row;
     bool isSeen;  ///< it is there on the host; otherwise the host only hears of it

@@ -115,9 +115,9 @@ const ClusterView& LabHost::GetClusterView(Operation operation) {
   return *clusterView_;
 }
 
-std::shared_ptr<const DiskView> LabHost::GetDiskView() {
+std::shared_ptr<DiskView> LabHost::GetDiskView() {
   auto view = diskView_.lock();
-  if (!view) diskView_ = view = std::make_shared<const DiskView>(Read(ReadDiskView));
+  if (!view) diskView_ = view = std::make_shared<DiskView>(Read(ReadDiskView));
   return view;
 }
 

@@ -97,7 +97,7 @@ class LabHost {
   const ClusterView& GetClusterView(Operation operation);
   /// The disks that the host knows of, for as long as whoever asked holds the view all of one
   /// moment, unless this host changes something.
-  std::shared_ptr<const DiskView> GetDiskView();
+  std::shared_ptr<DiskView> GetDiskView();
   /// The folder that is "/" to the host.
   std::filesystem::path GetRoot();
 
@@ -122,7 +122,7 @@ class LabHost {
   std::string name_;
   std::int64_t id_;
   std::optional<ClusterView> clusterView_;
-  std::weak_ptr<const DiskView> diskView_;
+  std::weak_ptr<DiskView> diskView_;
   bool hasFaults_;  // as of the selection; mostly none
 };
 

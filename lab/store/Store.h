@@ -105,15 +105,16 @@ struct DiskRow {
   std::int64_t id = 0;
   std::int64_t host = 0;
   std::string device;
+  std::string uuid;   ///< empty while the disk is not claimed
+  std::string group;  ///< UUID of the disk group's flash device
+  std::string groupName;
+  std::string checksum;
+  std::int64_t formatVersion = 0;
+  // Together, since listings hold many thousands of rows.
   bool flash = false;
   bool capacityTag = false;  ///< flash that serves as a capacity disk
-  std::string uuid;          ///< empty while the disk is not claimed
-  std::string group;         ///< UUID of the disk group's flash device
-  std::string groupName;
   bool mounted = false;
-  std::int64_t formatVersion = 0;
   bool deduplication = false;
-  std::string checksum;
   bool checksumOk = true;
   bool encryption = false;
   bool keyLoaded = false;

@@ -7,30 +7,6 @@
 #include "corectl/info/LabInfo.h"
 #include "platform/corectl/DovraUtil.h"
 
-namespace Lab {
-
-using CoreCtl::Dovra::DovraUtil;
-using HostCtl::Dovra::DovraDiskInfo;
-using HostCtl::Dovra::Uuid;
-
-namespace {
-
-class LabLun final : public HostCtl::Dovra::DovraDiskLun {
- public:
-  LabLun(std::shared_ptr<const DiskView> view, const DiskView::Disk& disk)
-      : view_(std::move(view)), disk_(disk) {}
-  Uuid GetUuid() const override { return disk_.uuid; }
-  std::string GetDeviceName() const override { return disk_.row.device; }
-
- private:
-  std::shared_ptr<const DiskView> view_;
-  const DiskView::Disk& disk_;
-};
-
-}  // namespace
-
-}  // namespace Lab
-
 // A listing asks three times: which disks are there, which are heard of, and for each of thousands
 // what it is. All answers are of the moment of the first question, since its answer holds the view.
 
@@ -39,12 +15,16 @@ void HostCtl::Dovra::DovraInfo::GetDovraDisks(DiskLuns& luns) {
   host.FailIfTold("GetDovraDisks");
   luns.clear();
   const auto view = host.GetDiskView();
-  for (const auto& disk : view->disks) {
-    if (disk.isSeen) luns.push_back(std::make_shared<Lab::LabLun>(view, disk));
+  for (auto& disk : view->disks) {
+    if (disk.isSeen) luns.emplace_back(view, &disk);
   }
 }
 
 namespace Lab {
+
+using CoreCtl::Dovra::DovraUtil;
+using HostCtl::Dovra::DovraDiskInfo;
+using HostCtl::Dovra::Uuid;
 
 void LabInfo::GetDiskUuids(std::vector<Uuid>& disks) {
   host_.FailIfTold("GetDiskUuids");
@@ -59,7 +39,8 @@ void LabInfo::GetDiskInfo(const Uuid& uuid, const DiskLuns&, DovraDiskInfo& info
   diskView_ = host_.GetDiskView();
   const auto* const known = diskView_->Find(uuid);
   if (!known) Refuse("There is no disk with UUID " + DovraUtil::DovraUuidToString(uuid) + ".");
-  const auto& [_, disk, isSeen] = *known;
+  const DiskRow& disk = known->row;
+  const bool isSeen = known->isSeen;
   info.deviceName = isSeen ? disk.device : "Unknown";
   info.isFlash = disk.flash;
   info.uuid = disk.uuid;

@@ -83,7 +83,7 @@ class LabInfo : public virtual HostCtl::Dovra::DovraInfo {
               void (*rule)(Store&, const HostRow&, const DiskRow&));
 
   HostCtl::Dovra::DovraClusterConfig config_;
-  std::shared_ptr<const DiskView> diskView_;  // of the listing that goes on
+  std::shared_ptr<DiskView> diskView_;  // of the listing that goes on
 };
 
 class LabInfo2 final : public LabInfo, public HostCtl::Dovra::DovraInfo2 {
