@@ -91,8 +91,9 @@ class StorageList final : public ListCommand<StorageList> {
 
   static StructPtr MakeRow(const DovraDiskInfo& disk) {
     StructPtr row = GetOutputStructure();
-    row->SetField("Device", disk.deviceName);
-    row->SetField("Display Name", disk.deviceName);  // a disk has no other name
+    const auto name = MetaString::New(disk.deviceName);
+    row->SetField("Device", name);
+    row->SetField("Display Name", name);  // a disk has no other
     row->SetField("Is SSD", MetaBool::New(disk.isFlash));
     row->SetField("DOVRA UUID", disk.uuid);
     row->SetField("DOVRA Disk Group UUID", disk.diskGroupUuid);
@@ -131,7 +132,7 @@ class StorageList final : public ListCommand<StorageList> {
         for (const Uuid& disk : serviceDisks) texts.push_back(DovraUtil::DovraUuidToString(disk));
       }
       // The service knows local disks too; each is listed once.
-      std::ranges::sort(texts);
+      std::ranges::stable_sort(texts);  // which merges what comes in order, as both lists mostly do
       texts.erase(std::unique(texts.begin(), texts.end()), texts.end());
 
       list->Reserve(texts.size());
