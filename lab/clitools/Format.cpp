@@ -31,8 +31,9 @@ void Whole(const MetaObject& root, const Pairs& parameters, const Style& style, 
 constexpr Formatter kFormatters[] = {
     {"simple", "a line for each field of each record", Whole<FormatSimple>, false},
     {"table",
-     "a line for each record; on a terminal that is too narrow, UUIDs are cut short and the last "
-     "fields left out, which a last line tells",
+     "a line for each record; on a terminal that is too narrow, UUIDs are cut short and fields "
+     "left out, those that repeat another and the widest before the others, which a last line "
+     "tells",
      Whole<FormatTable>, true},
     {"json",
      "a record is an object, a list an array; numbers and booleans are such; the stable form for "
@@ -68,9 +69,10 @@ std::string_view Trim(std::string_view text) {
   return text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
-bool IsNumber(const MetaStruct& record, const std::string& field) {
+/// A text if the record does not say what the field is.
+MetaType TypeOf(const MetaStruct& record, const std::string& field) {
   const auto value = record.GetField(field);
-  return value && value->GetType() == MetaType::kInt;
+  return value ? value->GetType() : MetaType::kString;
 }
 
 /// The record that shows how all of them look; null if there is none.
@@ -189,11 +191,11 @@ RecordSet RecordsOf(const MetaObject& value, const Pairs& parameters) {
     set.caption = Lookup(parameters, "header:" + set.name);
     for (std::string& field : ShownFields(*pattern, parameters)) {
       std::string unit(Lookup(parameters, "units:" + set.name + "." + field));
-      const bool isNumber = IsNumber(*pattern, field);
+      const MetaType type = TypeOf(*pattern, field);
       const auto names = pattern->GetFieldNames();
       const auto position = std::ranges::find(names, field) - names.begin();
       set.columns.push_back(
-          {std::move(field), std::move(unit), isNumber, static_cast<std::size_t>(position)});
+          {std::move(field), std::move(unit), type, static_cast<std::size_t>(position)});
     }
   }
   if (value.GetType() == MetaType::kStruct) {

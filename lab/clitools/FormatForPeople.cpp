@@ -113,21 +113,44 @@ bool ShortenUuids(std::vector<Row>& rows) {
   return found;
 }
 
-/// Takes from a table what does not fit the page: of UUIDs all but their beginnings, then, from the
-/// last one on, columns up to the second. Returns what somebody who looks at it must know, as a
-/// line.
-std::string MakeFit(std::vector<Row>& rows, std::size_t page) {
-  const bool isShortened = ShortenUuids(rows);
+/// Whether the column's texts are all those of one before it.
+bool Repeats(const std::vector<Row>& rows, std::size_t column) {
+  for (std::size_t before = 0; before < column; ++before) {
+    const auto isSame = [=](const Row& row) { return row[before] == row[column]; };
+    if (std::all_of(rows.begin() + 1, rows.end(), isSame)) return true;
+  }
+  return false;
+}
+
+/// Takes from a table what does not fit the page: of UUIDs all but their beginnings, then columns
+/// but the first, texts that repeat another column's before the others, wider ones before narrower
+/// ones. Returns what somebody who looks at it must know, as a line.
+std::string MakeFit(std::vector<Row>& rows, std::vector<Column>& columns, std::size_t page) {
+  Widths dispensable = LeastWidths(rows);
+  for (std::size_t index = 1; index < columns.size(); ++index) {
+    // Numbers and truth values are the same by chance.
+    if (columns[index].type == MetaType::kString && Repeats(rows, index)) {
+      dispensable[index] = std::string::npos;
+    }
+  }
+  std::vector<Row> shortened = rows;
+  ShortenUuids(shortened);
+  Widths least = LeastWidths(shortened);
   std::size_t leftOut = 0;
-  for (; FitWidths(rows, page).empty() && rows.front().size() > 1; ++leftOut) {
-    for (Row& row : rows) row.pop_back();
+  for (; LineWidth(least) > page && least.size() > 1; ++leftOut) {
+    const auto widest = std::max_element(dispensable.rbegin(), dispensable.rend() - 1);
+    const auto place = dispensable.rend() - widest - 1;
+    for (Row& row : rows) row.erase(row.begin() + place);
+    columns.erase(columns.begin() + place);
+    least.erase(least.begin() + place);
+    dispensable.erase(dispensable.begin() + place);
   }
   std::vector<std::string> remarks;
   if (leftOut > 0) {
     remarks.push_back(std::to_string(leftOut) + (leftOut == 1 ? " field is" : " fields are") +
                       " left out");
   }
-  if (isShortened) remarks.emplace_back("UUIDs are cut short");
+  if (ShortenUuids(rows)) remarks.emplace_back("UUIDs are cut short");
   return '(' + BaseLibs::Join(remarks, ", ") + "; --fields chooses what is shown.)\n";
 }
 
@@ -136,9 +159,10 @@ std::string TableLine(const Row& cells, const Widths& widths, const std::vector<
   for (std::size_t index = 0; index < cells.size(); ++index) {
     const std::size_t padding = widths[index] - DisplayWidth(cells[index]);
     if (index > 0) line += kColumnGap;
-    if (columns[index].isNumber) line.append(padding, ' ');
+    const bool isNumber = columns[index].type == MetaType::kInt;
+    if (isNumber) line.append(padding, ' ');
     line += cells[index];
-    if (!columns[index].isNumber) line.append(padding, ' ');
+    if (!isNumber) line.append(padding, ' ');
   }
   line.resize(line.find_last_not_of(' ') + 1);
   return line;
@@ -189,7 +213,7 @@ std::string FormatSimple(const MetaObject& root, const Pairs& parameters, const 
 }
 
 std::string FormatTable(const MetaObject& root, const Pairs& parameters, const Style& style) {
-  const RecordSet set = RecordsOf(root, parameters);
+  RecordSet set = RecordsOf(root, parameters);
   if (set.columns.empty()) return {};
   std::vector<Row> rows(1);
   for (const Column& column : set.columns) rows[0].push_back(column.name);
@@ -202,9 +226,12 @@ std::string FormatTable(const MetaObject& root, const Pairs& parameters, const S
   Widths widths = FitWidths(rows, style.width);
   std::string remark;
   if (widths.empty()) {
-    remark = MakeFit(rows, style.width);
+    remark = MakeFit(rows, set.columns, style.width);
     widths = FitWidths(rows, style.width);
-    if (!style.isChosen && rows.front().size() == 1) return FormatSimple(root, parameters, style);
+    if (!style.isChosen && rows.front().size() == 1) {
+      return FormatSimple(root, parameters, style) +
+             "(This is too narrow for a table; --fields chooses what is shown.)\n";
+    }
     if (widths.empty()) widths = NaturalWidths(rows);
   }
   std::string text;

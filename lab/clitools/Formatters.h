@@ -21,7 +21,7 @@ using Pairs = AutoCli::CommandSpec::Pairs;
 struct Column {
   std::string name;
   std::string unit;  ///< empty if there is none
-  bool isNumber;
+  MetaType type;
   std::size_t position;  ///< of the field in the pattern
 };
 

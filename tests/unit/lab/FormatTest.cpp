@@ -163,7 +163,17 @@ TEST(Format, FitsTablesToThePage) {
             "x\n");
   EXPECT_EQ(table(16).substr(table(16).find('(')),
             "(1 field is left out; --fields chooses what is shown.)\n");
-  EXPECT_EQ(table(10), Format(*disks, "simple", {{"fields:Disk", "Name,Size,Tags"}}));
+  EXPECT_EQ(table(10), Format(*disks, "simple", {{"fields:Disk", "Name,Size,Tags"}}) +
+                           "(This is too narrow for a table; --fields chooses what is shown.)\n");
+
+  const auto same = MakeDisks({MakeDisk("not in fields:", 5, {"widest-of-all"})});
+  const auto without = [&](std::size_t width) {
+    const AutoCli::CommandSpec::Pairs fields = {{"fields:Disk", "Hidden,Name,Size,Tags,Is SSD"}};
+    const std::string text = Format(*same, "table", fields, {.width = width});
+    return text.substr(0, text.find('\n'));
+  };
+  EXPECT_EQ(without(36), "Hidden   Size  Tags           Is SSD");
+  EXPECT_EQ(without(34), "Hidden          Size  Is SSD");
 
   const auto uuids = MakeDisks({MakeDisk("c0ffee00-1111-4222-8333-444455556666", 5)});
   const auto page = [&](std::size_t width, bool isChosen) {
