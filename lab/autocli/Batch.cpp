@@ -12,6 +12,7 @@
 #include "clitools/Text.h"
 #include "clitools/UsageError.h"
 #include "clitools/Words.h"
+#include "store/LabError.h"
 
 namespace AutoCliProgram {
 
@@ -65,8 +66,11 @@ class LineReader {
 
  private:
   [[noreturn]] void Fail() const {
-    throw UsageError("--batch: " + CliTools::Quote(name_) +
-                     " cannot be read: " + std::generic_category().message(errno));
+    const int reason = errno;
+    const std::string text = "--batch: " + CliTools::Quote(name_) +
+                             " cannot be read: " + std::generic_category().message(reason);
+    if (reason == ENOMEM) throw Lab::LabError(text);  // that is nobody's mistake
+    throw UsageError(text);
   }
 
   static constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";

@@ -178,15 +178,21 @@ Options TakeOptions(const Input& given, Options options) {
 std::string ProgramTask(const Options& options) {
   const std::pair<const char*, bool> tasks[] = {
       {"--batch", !options.batch.empty()},
-      {"--keep-going", options.keepGoing},
-      {"--echo", options.echo},
       {"--completion", !options.completion.empty()},
       {"--reference", !options.reference.empty()},
       {"--list", options.list},
       {"--version", options.version},
   };
-  const auto* const task = std::ranges::find(tasks, true, &std::pair<const char*, bool>::second);
-  return task == std::end(tasks) ? "" : task->first;
+  std::string task;
+  for (const auto& [name, isGiven] : tasks) {
+    if (!isGiven) continue;
+    if (!task.empty()) throw UsageError(task + " and " + name + " do not go together");
+    task = name;
+  }
+  if (options.batch.empty() && options.keepGoing)
+    throw UsageError("--keep-going goes with --batch");
+  if (options.batch.empty() && options.echo) throw UsageError("--echo goes with --batch");
+  return task;
 }
 
 std::shared_ptr<InputSpec> OptionsSpec() {

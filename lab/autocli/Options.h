@@ -46,7 +46,8 @@ Options ReadOptions(const std::vector<std::string>& arguments, Options options);
 /// Likewise from what was parsed already.
 Options TakeOptions(const CliTools::CallSpec::Input& given, Options options);
 
-/// The first of the options that ask for something else than a command's call; empty if none does.
+/// The option that asks for something else than a command's call; empty if none does. Throws
+/// `UsageError` for several, and for one that goes with such an option alone.
 std::string ProgramTask(const Options& options);
 
 /// The options as parameters: all, and those that say something of a command's call, which may

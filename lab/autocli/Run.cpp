@@ -66,8 +66,6 @@ std::string ListCommands(const Namespace& root, const Options& options) {
 /// Does what the options ask for instead of a command's call.
 ExitStatus RunTask(CommandTree& tree, const Options& options) {
   if (!options.batch.empty()) return RunBatch(tree, options);
-  if (options.keepGoing) throw UsageError("--keep-going goes with --batch");
-  if (options.echo) throw UsageError("--echo goes with --batch");
   Print(options.version              ? "autocli " AUTOCLI_VERSION " (commit " AUTOCLI_COMMIT ")\n"
         : options.list               ? ListCommands(*tree.GetWhole(), options)
         : options.completion.empty() ? Reference(options.reference, *tree.GetWhole())
@@ -226,8 +224,8 @@ void SelectLab(const Options& options) {
 }
 
 ExitStatus RunLine(CommandTree& tree, const Options& options) {
-  const std::string task = ProgramTask(options);
-  if (!task.empty() && !options.help) {
+  const std::string task = options.help ? "" : ProgramTask(options);
+  if (!task.empty()) {
     if (!options.words.empty()) {
       throw UsageError(task + " goes without a command; " + CliTools::Quote(options.words.front()) +
                        " is one too many");

@@ -179,7 +179,9 @@ void CheckText(const ParameterSpec& parameter, const std::string& text) {
   std::vector<std::string> allowed;
   for (const auto& [value, description] : constraint->GetStringEnums()) allowed.push_back(value);
   if (std::ranges::find(allowed, text) != allowed.end()) return;
-  RefuseValue(parameter, text, DidYouMean(Nearest(text, allowed)));
+  constexpr std::size_t kSeenAtAGlance = 3;
+  const bool isLong = allowed.size() > kSeenAtAGlance;
+  RefuseValue(parameter, text, isLong ? DidYouMean(Nearest(text, allowed)) : "");
 }
 
 std::int64_t ToInt(const ParameterSpec& parameter, const std::string& text) {

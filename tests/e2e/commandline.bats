@@ -23,7 +23,10 @@ unusable() { expect 3 '' "autocli: $1" "${@:2}"; }
     wrong '--version goes without a command; "dovra" is one too many' --version dovra
     wrong 'dovra trace get: --plugin-dir goes before the command: it says which there are' dovra trace get --plugin-dir x
     wrong '*' --completion ksh
-    [[ $stderr == *'one of bash, zsh, fish'* ]]
+    [[ $stderr == 'autocli: Invalid value "ksh" for --completion: expected one of bash, zsh, fish' ]]
+    wrong '--batch and --list do not go together' --list --batch x
+    wrong '--list and --version do not go together' --version --list
+    wrong 'dovra cluster get: --echo goes with --batch' dovra cluster get --echo
     for command in 'host list' 'host add -n x' 'host remove -n x' 'fault list' reset; do
         # shellcheck disable=SC2086
         wrong "lab ${command%% -n*}: --host: this command is for the whole lab, not for one of its hosts" --host host1 lab $command
