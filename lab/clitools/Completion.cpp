@@ -140,6 +140,7 @@ Candidates CompleteTyped(const ProgramOptions& program, const CommandSpec& root,
   Word word = options.Take(words.begin(), last);
   for (; word != last; word = options.Take(word + 1, last)) {
     const auto child = inCommand ? nullptr : space->GetNamespaceNode(*word);
+    if (!inCommand && !child && *word == "help") continue;  // help is asked for what follows
     space = dynamic_cast<const CommandSpec*>(child.get());
     if (space == nullptr) return {};
     const auto command = std::dynamic_pointer_cast<Command>(child);

@@ -51,6 +51,7 @@ TEST(Completion, OffersWhatMayFollow) {
       {{"disk", "tag", ""}, ""},
       {{"disk", "gone", ""}, ""},
       {{"gone", "disk", ""}, ""},
+      {{"help", "disk", "help", "t"}, "tag"},
       {{"disk", "list", ""}, ""},
       {{"disk", "list", "x", ""}, ""},
       {{"disk", "remove", ""}, "--uuid --tag --wait --force --mode"},
