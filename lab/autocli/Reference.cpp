@@ -241,7 +241,9 @@ std::string WriteProgramPage(const Namespace& root) {
     if (child->GetName() != kProduct) WriteNode(page, *child);
   }
   page.Section("See also");
-  page.Paragraph("dovra(7)");
+  page.Paragraph(
+      "dovra(7); in /usr/share/doc/dovra-lab, where the package puts them, lab.md, recipes for "
+      "rehearsals, and reference.md, both manual pages as one.");
   return page.GetText();
 }
 
@@ -256,7 +258,9 @@ std::string WriteProductPage(const Namespace& root) {
       "command prints beside its errors differs from command to command.");
   if (const auto product = root.GetNamespaceNode(kProduct)) WriteNode(page, *product);
   page.Section("See also");
-  page.Paragraph("autocli(1)");
+  page.Paragraph(
+      "autocli(1); /usr/share/doc/dovra-lab/lab.md for rehearsals on stand-in hosts, "
+      "/usr/share/doc/dovra-plugin/deploy.md for hosts, as the packages put them.");
   return page.GetText();
 }
 

@@ -32,6 +32,8 @@ works() {
     works usr/bin/autocli
     "$BATS_TEST_DIRNAME/../../script/check-plugin" usr/lib/orvane/autocli/plugins/libdovra.so usr/lib/autocli/platform
     [[ $(man -M usr/share/man -w autocli dovra dovra-plugin | wc -l) == 3 ]]
+    named=$(MANWIDTH=500 man -M usr/share/man autocli dovra | grep -o 'usr/share/doc/[a-z/.-]*[a-z]' | sort -u)
+    [[ $(wc -l <<<"$named") == 3 && -z $(xargs ls -d <<<"$named" 2>&1 >/dev/null) ]]
     [[ -s usr/share/bash-completion/completions/autocli ]]
     # None of the lab's libraries is where a loader would take it for a host's.
     [[ -z $(find usr/lib -maxdepth 1 -name '*.so') && -z $(find . -perm /022 ! -type l ! -path './var/*' ! -path .) ]]
