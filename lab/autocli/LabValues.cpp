@@ -63,6 +63,16 @@ Candidates Interfaces(Store& store, const HostRow& host) {
   return candidates;
 }
 
+Candidates Faults(Store& store, const HostRow&) {
+  Candidates candidates;
+  for (const HostRow& host : store.ListHosts()) {
+    for (auto& fault : store.ListFaults(host.id)) {
+      candidates.push_back({std::move(fault.message), fault.operation + " on " + host.name});
+    }
+  }
+  return candidates;
+}
+
 template <auto kText, auto kDescription>
 Candidates Agents(Store& store, const HostRow& host) {
   Candidates candidates;
@@ -112,6 +122,7 @@ constexpr Rule kRules[] = {
     {"lab host remove", "name", kHostNames},
     {"lab host reboot", "name", kHostNames},
     {"lab network split", "name", kHostNames},
+    {"lab fault clear", "message", Faults},
     {"lab disk add", "device", nullptr},  // a new one's
     {"lab disk", "device", kDevices<IsAny>},
     {"dovra cluster join", "cluster-uuid", Clusters},

@@ -40,9 +40,11 @@ constexpr const char* kProgramVersion = "autocli " AUTOCLI_VERSION;
 /// What the option's value is. If the description names the allowed ones, they are not told twice.
 std::string ValueOf(const ParameterSpec& parameter) {
   const bool isTold = CliTools::DescriptionOf(parameter) != parameter.GetDescription();
-  std::string value = !isTold ? CliTools::ValueInWords(parameter)
-                      : parameter.GetType() == ParameterType::kInt ? "a whole number"
-                                                                   : "text";
+  const bool isNumber = parameter.GetType() == ParameterType::kInt;
+  std::string value = isTold ? (isNumber ? "a whole number" : "text")
+                      : parameter.GetConstraint() && !isNumber
+                          ? "one of " + CliTools::AllowedValues(*parameter.GetConstraint())
+                          : CliTools::ValueInWords(parameter);
   if (parameter.GetType() == ParameterType::kStringList) value += "; may be repeated";
   return value;
 }

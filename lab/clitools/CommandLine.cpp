@@ -278,8 +278,13 @@ std::string ValueInWords(const ParameterSpec& parameter) {
       return constraint ? "a whole number from " + AllowedValues(*constraint)
                         : "a whole number of at most 64 bits";
     default:
-      return constraint ? "one of " + AllowedValues(*constraint) : "text";
+      break;
   }
+  if (!constraint) return "text";
+  constexpr std::size_t kMost = 20;  // more would bury all that stands around them
+  const std::size_t count = constraint->GetStringEnums().size();
+  return "one of " + (count > kMost ? std::to_string(count) + " names, which the manual lists"
+                                    : AllowedValues(*constraint));
 }
 
 }  // namespace CliTools

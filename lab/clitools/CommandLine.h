@@ -32,7 +32,7 @@ CommandLine ParseCommandLine(const CallSpec::InputSpec& command, const CallSpec:
 std::string AllowedValues(const CallSpec::ParameterConstraint& constraint);
 
 /// What one value of a parameter is, in words: "text", "one of a, b", "a whole number from 0 to
-/// 512". Empty for a flag, which has none.
+/// 512". Of a long enumeration no more than that. Empty for a flag, which has none.
 std::string ValueInWords(const CallSpec::ParameterSpec& parameter);
 
 }  // namespace CliTools

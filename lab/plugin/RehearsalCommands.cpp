@@ -32,7 +32,8 @@ class FaultAdd final : public SuccessCommand<FaultAdd> {
   InputSpecPtr GetInputSpecInternal() override {
     return MakeInputSpec({
         {"operation", "o", ParameterType::kString, Need::kRequired,
-         "The operation that is to fail. The help of each command names those that it calls.",
+         "The operation that is to fail, e.g. LeaveCluster. The help of each command names those "
+         "that it calls, and the shell completes them.",
          AnyOperation()},
         {"message", "m", ParameterType::kString, Need::kRequired,
          "What the operation says when it fails."},
@@ -47,7 +48,8 @@ class FaultAdd final : public SuccessCommand<FaultAdd> {
     SucceedOrNothing(output, "Unable to add fault: ", [&] {
       LabHost::Current().Change([&](Store& store, const HostRow& host) {
         const std::string message = input->GetParameter("message");
-        if (message.empty()) Refuse("A fault needs a message.");
+        const bool isBlank = message.find_first_not_of(" \t\r\n") == std::string::npos;
+        if (isBlank) Refuse("A fault needs a message.");
         store.Save(FaultRow{0, host.id, input->GetParameter("operation"), message,
                             Given<std::int64_t>(input, "after").value_or(0),
                             Given<std::int64_t>(input, "count").value_or(1)});
@@ -73,16 +75,15 @@ class FaultList final : public ListCommand<FaultList> {
   };
 
   FaultList() {
-    DescribeFetcher("List the faults that wait for their calls, on every host of the lab.");
-    SetMetaDataField("scope", "lab");
+    DescribeFetcher(
+        "List the faults that wait for their calls, on every host of the lab, or with autocli's "
+        "--host on one host.");
   }
 
  private:
   void ExecuteInternal(const InputPtr&, const OutputPtr& output) override {
     const ListPtr list = MakeList();
-    Store& store = OpenStore();
-    const Store::Transaction transaction(store, Store::Transaction::Kind::kRead);
-    for (const HostRow& host : store.ListHosts()) {
+    const auto show = [&](Store& store, const HostRow& host) {
       for (const FaultRow& fault : store.ListFaults(host.id)) {
         const StructPtr row = GetOutputStructure();
         row->SetField("Host", host.name);
@@ -92,6 +93,13 @@ class FaultList final : public ListCommand<FaultList> {
         row->SetField("Remaining", MetaInt::New(fault.remaining));
         list->Add(row);
       }
+    };
+    if (Selected().namesHost) {
+      LabHost::Current().Read(show);
+    } else {
+      Store& store = OpenStore();
+      const Store::Transaction transaction(store, Store::Transaction::Kind::kRead);
+      for (const HostRow& host : store.ListHosts()) show(store, host);
     }
     output->SetRootObject(list);
   }
@@ -107,15 +115,21 @@ class FaultClear final : public SuccessCommand<FaultClear> {
 
  private:
   InputSpecPtr GetInputSpecInternal() override {
-    return MakeInputSpec({{"operation", "o", ParameterType::kString, Need::kOptional,
-                           "Only those on this operation.", AnyOperation()}});
+    return MakeInputSpec({
+        {"operation", "o", ParameterType::kString, Need::kOptional, "Only those on this operation.",
+         AnyOperation()},
+        {"message", "m", ParameterType::kString, Need::kOptional,
+         "Only those that say this, as \"lab fault list\" shows it."},
+    });
   }
 
   void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
     const auto operation = Given<std::string>(input, "operation");
+    const auto message = Given<std::string>(input, "message");
     const auto clear = [&](Store& store, const HostRow& host) {
       for (const FaultRow& fault : store.ListFaults(host.id)) {
-        if (!operation || fault.operation == *operation) store.RemoveFault(fault.id);
+        if (operation.value_or(fault.operation) != fault.operation) continue;
+        if (message.value_or(fault.message) == fault.message) store.RemoveFault(fault.id);
       }
     };
     SucceedOrNothing(output, "Unable to clear faults: ", [&] {

@@ -27,7 +27,7 @@ unusable() { expect 3 '' "autocli: $1" "${@:2}"; }
     wrong '--batch and --list do not go together' --list --batch x
     wrong '--list and --version do not go together' --version --list
     wrong 'dovra cluster get: --echo goes with --batch' dovra cluster get --echo
-    for command in 'host list' 'host add -n x' 'host remove -n x' 'fault list' reset; do
+    for command in 'host list' 'host add -n x' 'host remove -n x' reset; do
         # shellcheck disable=SC2086
         wrong "lab ${command%% -n*}: --host: this command is for the whole lab, not for one of its hosts" --host host1 lab $command
     done
