@@ -1,13 +1,12 @@
 #include "autocli/LabValues.h"
 
 #include <algorithm>
-#include <array>
 #include <functional>
-#include <span>
 #include <string_view>
 #include <utility>
 
 #include "autocli/Run.h"
+#include "corectl/Disks.h"
 #include "corectl/LabHost.h"
 
 namespace AutoCliProgram {
@@ -110,12 +109,25 @@ constexpr auto kHostNames = Hosts<&HostRow::name, &HostRow::uuid>;
 constexpr auto kFaultDomains = Hosts<&HostRow::faultDomain, &HostRow::name>;
 using Agent = Lab::AgentRow;
 
+Candidates EvacuationModes() {
+  Candidates candidates;
+  for (const std::string_view mode : Lab::kEvacuationModes) {
+    candidates.push_back({std::string(mode), ""});
+    candidates.back().text.front() += 'a' - 'A';  // as users write it
+  }
+  return candidates;
+}
+
+Candidates TrafficTypes() {
+  return {{"dovra", ""}, {"witness", ""}};
+}
+
 /// What a parameter names. Of several rows that fit, the first one counts.
 struct Rule {
   std::string_view command;  ///< how the command's path begins
   std::string_view parameter;
   Candidates (*inLab)(Store&, const HostRow&);
-  std::array<const char*, 3> anywhere = {};  ///< its values in every lab
+  Candidates (*inEveryLab)() = nullptr;
 };
 
 constexpr Rule kRules[] = {
@@ -135,11 +147,8 @@ constexpr Rule kRules[] = {
     {"dovra datastore name", "uuid", Datastores},
     {"dovra datastore remove", "uuid", Datastores},
     {"dovra network", "interface-name", Interfaces},
-    {"dovra network", "traffic-type", nullptr, {"dovra", "witness"}},
-    {"dovra storage remove",
-     "evacuation-mode",
-     nullptr,
-     {"ensureObjectAccessibility", "evacuateAllData", "noAction"}},
+    {"dovra network", "traffic-type", nullptr, TrafficTypes},
+    {"dovra storage remove", "evacuation-mode", nullptr, EvacuationModes},
     {"dovra storage add", "ssd", kDevices<IsEmptyFlash>},
     {"dovra storage add", "disks", kDevices<IsEmptyCapacity>},
     {"dovra storage tag", "disk", kDevices<&DiskRow::flash>},
@@ -150,14 +159,6 @@ constexpr Rule kRules[] = {
     {"", "host", kHostNames},
 };
 
-Candidates Texts(std::span<const char* const> texts) {
-  Candidates candidates;
-  for (const char* const text : texts) {
-    if (text != nullptr) candidates.push_back({text, ""});
-  }
-  return candidates;
-}
-
 }  // namespace
 
 Candidates LabValues(const std::string& command, const std::string& parameter,
@@ -166,7 +167,8 @@ Candidates LabValues(const std::string& command, const std::string& parameter,
     return command.starts_with(candidate.command) && parameter == candidate.parameter;
   });
   if (rule == std::end(kRules)) return {};
-  if (rule->inLab == nullptr) return Texts(rule->anywhere);
+  if (rule->inEveryLab != nullptr) return rule->inEveryLab();
+  if (rule->inLab == nullptr) return {};
   SelectLab(options);
   if (!Lab::IsMade()) return {};
   Store& store = Lab::OpenStore();

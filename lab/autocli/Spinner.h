@@ -5,8 +5,8 @@
 namespace AutoCliProgram {
 
 /// Tells somebody at a terminal that a command is still at work: a line on standard error that
-/// counts the seconds. It is gone before the object is, and before an interrupt ends the process.
-/// One at a time, which takes the alarm signal for itself; `command` must outlive it.
+/// counts the seconds, and is gone before the object is. One at a time, which takes the alarm
+/// signal for itself; `command` must outlive it.
 class Spinner {
  public:
   explicit Spinner(std::string_view command);

@@ -5,6 +5,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "store/Store.h"
@@ -20,6 +21,10 @@ void AddDisks(Store& store, const HostRow& host, const std::string& ssd,
 DiskRow RequireClaimedDisk(Store& store, const HostRow& host, const std::string& device);
 DiskRow RequireGroupDisk(Store& store, const HostRow& host, const std::string& ssd);
 DiskRow RequireDiskByUuid(Store& store, const HostRow& host, const std::string& uuid);
+
+/// What may be done with the data of a disk before it is released.
+inline constexpr std::string_view kEvacuationModes[] = {"NoAction", "EnsureObjectAccessibility",
+                                                        "EvacuateAllData"};
 
 /// Releases one capacity disk, but not the last one of its group.
 void RemoveCapacityDisk(Store& store, const HostRow& host, const DiskRow& disk);

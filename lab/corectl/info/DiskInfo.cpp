@@ -67,11 +67,9 @@ namespace {
 
 /// The empty mode is the default.
 void CheckEvacuationMode(const std::string& mode) {
-  static constexpr std::string_view kModes[] = {"NoAction", "EnsureObjectAccessibility",
-                                                "EvacuateAllData"};
-  if (mode.empty() || std::ranges::find(kModes, mode) != std::end(kModes)) return;
-  Refuse("Unknown evacuation mode \"" + mode + "\"; the modes are " + BaseLibs::Join(kModes, ", ") +
-         ".");
+  if (mode.empty() || std::ranges::count(kEvacuationModes, mode) != 0) return;
+  Refuse("Unknown evacuation mode \"" + mode + "\"; the modes are " +
+         BaseLibs::Join(kEvacuationModes, ", ") + ".");
 }
 
 }  // namespace
