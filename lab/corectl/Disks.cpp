@@ -270,6 +270,9 @@ void Fail(Store& store, const HostRow& host, const std::string& device) {
 }
 
 void Unplug(Store& store, const HostRow& host, const std::string& device) {
+  if (store.FindDisk(host.id, device).value_or(DiskRow()).unplugged) {
+    Refuse("Disk " + Quoted(device) + " is unplugged already.");
+  }
   DiskRow disk = RequireDevice(store, host, device);
   disk.unplugged = true;
   Lose(store, disk);

@@ -100,6 +100,10 @@ void SplitNetwork(Store& store, const std::vector<std::string>& hosts) {
     host->networkGroup = group + 1;
     store.Save(*host);
   }
+  const auto isNamed = [=](const HostRow& host) { return host.networkGroup == group + 1; };
+  if (std::ranges::all_of(store.ListHosts(), isNamed)) {
+    Refuse("No host is left to be cut off from; name some of the lab's hosts, not all.");
+  }
   MoveMemberships(store);
 }
 

@@ -104,7 +104,9 @@ class DiskReplace final : public DiskEvent<DiskReplace, Replace> {
 class DiskGenerate final : public SuccessCommand<DiskGenerate> {
  public:
   DiskGenerate() {
-    DescribeOperation("Add many disks to this host, claimed in disk groups of up to eight.");
+    DescribeOperation(
+        "Add many disks to this host, claimed in disk groups: a flash disk and up to seven "
+        "capacity disks behind it, then the next flash disk.");
   }
 
  private:

@@ -1,5 +1,6 @@
 // `lab host` and `lab reset`.
 
+#include "corectl/Clusters.h"
 #include "corectl/Hosts.h"
 #include "corectl/LabHost.h"
 #include "frame/Frame.h"
@@ -106,7 +107,7 @@ class HostList final : public ListCommand<HostList> {
       row->SetField("Name", host.name);
       row->SetField("UUID", host.uuid);
       if (const auto member = store.FindMember(host.id)) {
-        row->SetField("Cluster UUID", member->cluster);
+        row->SetField("Cluster UUID", RequireCluster(store, member->cluster).uuid);
         row->SetField("Membership", std::string(member->witness ? "witness" : "data") +
                                         (member->running ? "" : ", not restored"));
       }

@@ -102,7 +102,7 @@ seq 9999 >"\$store"|"$store" is not a lab's store|dovra cluster get,dovra cluste
 truncate -s 8192 "\$store"|the lab's store "$store" is damaged: *|dovra cluster get,dovra cluster leave
 SQLPRAGMA user_version = 9|the lab's store "$store" is from a newer version of autocli (9; this one knows *|dovra cluster get
 SQLPRAGMA user_version = 1|the lab's store "$store" is from an older version of autocli (1; this one knows *|dovra cluster get,lab reset --force
-SQLPRAGMA foreign_keys = OFF; DELETE FROM clusters|the lab's store "$store" is damaged: there is no cluster *|dovra cluster get,dovra faultdomain set -n x,dovra datastore clear
+SQLPRAGMA foreign_keys = OFF; DELETE FROM clusters|the lab's store "$store" is damaged: there is no cluster *|dovra cluster get,dovra faultdomain set -n x,dovra datastore clear,dovra datastore list,lab host list
 SQLUPDATE clusters SET generation = $max|the lab's store "$store" is damaged: *|dovra faultdomain set -n x,dovra datastore add -n x
 SQLUPDATE clusters SET revision = $max|the lab's store "$store" is damaged: *|lab host reboot
 SQLUPDATE clusters SET generation_time = -1|the lab's store "$store" is damaged: *|dovra cluster get

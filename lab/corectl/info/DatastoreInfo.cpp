@@ -45,7 +45,8 @@ void LabInfo::GetDatastores(Datastores& datastores) {
     datastores.clear();
     const auto member = FindRunningMember(store, host);
     if (!member) return;
-    for (const DatastoreRow& row : store.ListDatastores(member->cluster)) {
+    const ClusterRow cluster = RequireCluster(store, member->cluster);
+    for (const DatastoreRow& row : store.ListDatastores(cluster.uuid)) {
       datastores.push_back(std::make_shared<DovraDatastore>(row.uuid, row.name, row.isDefault));
     }
   });

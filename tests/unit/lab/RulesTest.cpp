@@ -169,6 +169,7 @@ TEST_F(Rules, ALostDiskIsOutOfUseUntilItIsBack) {
   EXPECT_THAT(ListDisks(),
               ElementsAre("Unknown unmounted away known", ssd + " known", two + " known"));
   EXPECT_EQ(Refusal([&] { info_->MountDisk(one); }), "Host host1 has no disk \"" + one + "\".");
+  EXPECT_EQ(Refusal([&] { lose(Unplug, one); }), "Disk \"" + one + "\" is unplugged already.");
   lose(Replug, one);
   EXPECT_EQ(ListDisks(), healthy);
   lose(Unplug, ssd);
@@ -245,6 +246,7 @@ TEST_F(Rules, WithoutTheMajorityOnlyTheHostsOwnGoesOn) {
     MemberRow member;
     member.cluster = kNode;
     AddMember(store, *store.FindHost("host2"), member);
+    EXPECT_THAT(Refusal([&] { SplitNetwork(store, {"host2", "host1"}); }), HasSubstr("not all"));
     SplitNetwork(store, {"host2"});
   });
   const std::vector<std::function<void()>> shared = {
