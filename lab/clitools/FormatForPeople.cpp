@@ -1,6 +1,7 @@
 // The formatters for people: the bare value, simple, table.
 #include <algorithm>
 #include <cctype>
+#include <limits>
 #include <numeric>
 
 #include "baselibs/Text.h"
@@ -130,7 +131,7 @@ std::string MakeFit(std::vector<Row>& rows, std::vector<Column>& columns, std::s
   for (std::size_t index = 1; index < columns.size(); ++index) {
     // Numbers and truth values are the same by chance.
     if (columns[index].type == MetaType::kString && Repeats(rows, index)) {
-      dispensable[index] = std::string::npos;
+      dispensable[index] = std::numeric_limits<std::size_t>::max();
     }
   }
   std::vector<Row> shortened = rows;
