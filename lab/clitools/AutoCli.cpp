@@ -21,10 +21,8 @@ void Set(CommandSpec::Pairs& pairs, const std::string& key, std::string value) {
 /// Whether `node` is `top` or somewhere below it.
 bool IsWithin(const NamespaceNode& node, const NamespaceNode& top) {
   if (&node == &top) return true;
-  const auto* const space = dynamic_cast<const CommandSpec*>(&top);
-  return space != nullptr && std::ranges::any_of(space->GetChildren(), [&node](const auto& child) {
-           return IsWithin(node, *child);
-         });
+  const auto parent = node.GetParent();
+  return parent != nullptr && IsWithin(*parent, top);
 }
 
 }  // namespace
