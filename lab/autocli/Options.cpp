@@ -196,7 +196,8 @@ std::string ProgramTask(const Options& options) {
 }
 
 std::shared_ptr<InputSpec> OptionsSpec() {
-  return MakeSpec(false);
+  static const auto spec = MakeSpec(false);
+  return spec;
 }
 
 std::shared_ptr<InputSpec> CallOptionsSpec() {

@@ -133,7 +133,9 @@ void CheckOptions(const Command& command, const Options& options, const Options&
 
 Call PrepareCall(Command& command, const std::vector<std::string>& words, const Options& before) {
   try {
-    auto given = CliTools::ParseCommandLine(*CliTools::InputOf(command), *OptionsSpec(), words);
+    // Most lines have no words behind the command, and then none of the program's options.
+    const auto program = words.empty() ? CliTools::CallSpec::InputSpec::New() : OptionsSpec();
+    auto given = CliTools::ParseCommandLine(*CliTools::InputOf(command), *program, words);
     Call call;
     call.options = TakeOptions(*given.program, before);
     call.input = std::move(given.command);
