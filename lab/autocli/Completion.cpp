@@ -4,9 +4,7 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <cstdio>
 #include <cstdlib>
-#include <memory>
 #include <string_view>
 
 #include "autocli/CommandTree.h"
@@ -14,6 +12,7 @@
 #include "autocli/Options.h"
 #include "autocli/Run.h"
 #include "autocli/Terminal.h"
+#include "baselibs/File.h"
 #include "clitools/Completion.h"
 #include "clitools/Help.h"
 #include "clitools/Text.h"
@@ -93,13 +92,7 @@ std::vector<std::string> CompletionShells() {
 std::string CompletionScript(const std::string& shell) {
   const auto* const script = std::ranges::find(kScripts, shell, &Script::shell);
   const auto path = Prefix() / "share" / script->path;
-  // Not with streams: the program would look up their symbols at every start.
-  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "re"),
-                                                             std::fclose);
-  std::string text;
-  for (int c = 0; file != nullptr && (c = std::fgetc(file.get())) != EOF;) {
-    text += static_cast<char>(c);
-  }
+  std::string text = BaseLibs::ReadFile(path);
   if (text.empty()) throw Lab::LabError("\"" + path.string() + "\" cannot be read");
   return text;
 }

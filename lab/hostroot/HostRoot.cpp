@@ -2,11 +2,10 @@
 
 #include <unistd.h>
 
-#include <fstream>
-#include <iterator>
 #include <set>
 #include <system_error>
 
+#include "baselibs/File.h"
 #include "store/LabFolder.h"
 
 namespace Lab {
@@ -23,11 +22,6 @@ std::string MarkOf(const std::string& lab, const std::string& host) {
   return lab + ' ' + host + '\n';
 }
 
-std::string ReadFile(const fs::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
-
 bool IsRealFolder(const fs::path& path) {
   std::error_code ignored;
   return fs::is_directory(fs::symlink_status(path, ignored));
@@ -39,7 +33,7 @@ std::string ReadMark(const std::string& lab, const fs::path& root) {
   if (!IsRealFolder(root) || !fs::is_regular_file(fs::symlink_status(root / kMark, ignored))) {
     return {};
   }
-  std::string mark = ReadFile(root / kMark);
+  std::string mark = BaseLibs::ReadFile(root / kMark);
   return mark.starts_with(lab + ' ') ? mark : std::string();
 }
 
@@ -84,7 +78,7 @@ void CopyFiles(const fs::path& from, const fs::path& to) {
     } else {
       const auto mode = entry.status().permissions();
       const bool isProgram = (mode & fs::perms::owner_exec) != fs::perms::none;
-      WriteNewFile(target, ReadFile(entry.path()), isProgram ? 0777 : 0666, false);
+      WriteNewFile(target, BaseLibs::ReadFile(entry.path()), isProgram ? 0777 : 0666, false);
     }
   }
 }
