@@ -1,5 +1,7 @@
 #include "corectl/ClusterView.h"
 
+#include <algorithm>
+
 #include "corectl/LabHost.h"
 
 namespace Lab {
@@ -13,11 +15,14 @@ ClusterView ReadClusterView(Store& store, const HostRow& host) {
   ClusterView view;
   view.host = host;
   // Peers that are told of each other one by one are reached that way.
-  view.usesUnicast = !store.ListAgents(host.id).empty();
-  view.member = FindRunningMember(store, host);
-  if (!view.member) return view;
-  view.cluster = RequireCluster(store, view.member->cluster);
-  view.members = ListMembers(store, view.member->cluster);
+  view.usesUnicast = store.HasAgents(host.id);
+  auto members = ListMembers(store, host);
+  const auto own =
+      std::ranges::find(members, host.id, [](const Member& member) { return member.row.host; });
+  if (own == members.end() || !own->row.running) return view;
+  view.member = own->row;
+  view.cluster = RequireCluster(store, own->row.cluster);
+  view.members = std::move(members);
   return view;
 }
 

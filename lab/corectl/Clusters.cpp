@@ -19,6 +19,17 @@ std::int64_t MillisecondsNow() {
       0, duration_cast<milliseconds>(system_clock::now().time_since_epoch()).count());
 }
 
+/// The rows with their hosts, one of whom may be known.
+std::vector<Member> WithHosts(Store& store, std::vector<MemberRow> rows, const HostRow& known) {
+  std::vector<Member> members;
+  for (MemberRow& row : rows) {
+    auto host = row.host == known.id ? known : store.FindHost(row.host);
+    if (!host) store.FailDamaged("cluster " + row.cluster + " has a host that is none");
+    members.push_back({std::move(row), *std::move(host)});
+  }
+  return members;
+}
+
 /// Moves a count on that no lab can have exhausted.
 void Count(Store& store, std::int64_t& count) {
   if (count == std::numeric_limits<std::int64_t>::max()) {
@@ -30,13 +41,11 @@ void Count(Store& store, std::int64_t& count) {
 }  // namespace
 
 std::vector<Member> ListMembers(Store& store, const std::string& cluster) {
-  std::vector<Member> members;
-  for (MemberRow& row : store.ListMembers(cluster)) {
-    auto host = store.FindHost(row.host);
-    if (!host) store.FailDamaged("cluster " + cluster + " has a host that is none");
-    members.push_back({std::move(row), *std::move(host)});
-  }
-  return members;
+  return WithHosts(store, store.ListMembers(cluster), HostRow());
+}
+
+std::vector<Member> ListMembers(Store& store, const HostRow& host) {
+  return WithHosts(store, store.ListMembers(host.id), host);
 }
 
 std::optional<MemberRow> FindRunningMember(Store& store, const HostRow& host) {

@@ -18,6 +18,8 @@ struct Member {
 
 /// Every host of the cluster, running or not, in the order of their places.
 std::vector<Member> ListMembers(Store& store, const std::string& cluster);
+/// Those of the cluster that the host is in, running or not, itself among them.
+std::vector<Member> ListMembers(Store& store, const HostRow& host);
 
 /// What is said of a host outside any cluster.
 inline constexpr const char* kNoMember = "This host is not in a Dovra cluster.";

@@ -22,8 +22,10 @@ struct Session {
   std::optional<LabHost> host;  // after store, to which it refers
 };
 
+/// It is not destroyed: the process ends with it, and closing the store takes longer than reading
+/// a few rows of it.
 Session& CurrentSession() {
-  static Session session;
+  static auto& session = *new Session;
   return session;
 }
 
@@ -86,7 +88,8 @@ LabHost::LabHost(Store& store, const HostRow& host)
     : store_(store),
       name_(host.name),
       id_(host.id),
-      hasFaults_(!store.ListFaults(host.id).empty()) {}
+      apiVersion_(host.apiVersion),
+      hasFaults_(store.HasFaults(host.id)) {}
 
 std::optional<std::string> LabHost::TakeFault(Operation operation) {
   if (!hasFaults_) return std::nullopt;

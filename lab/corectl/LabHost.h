@@ -92,6 +92,8 @@ class LabHost {
   void FailIfTold(Operation operation);
 
   const std::string& GetName() const { return name_; }
+  /// As of the selection.
+  std::int64_t GetApiVersion() const { return apiVersion_; }
   /// What the host knows of its cluster, for an operation that reads of it. All operations of a
   /// selection are of one moment, up to the host's next change.
   const ClusterView& GetClusterView(Operation operation);
@@ -121,6 +123,7 @@ class LabHost {
   Store& store_;
   std::string name_;
   std::int64_t id_;
+  std::int64_t apiVersion_;
   std::optional<ClusterView> clusterView_;
   std::weak_ptr<DiskView> diskView_;
   bool hasFaults_;  // as of the selection; mostly none

@@ -191,6 +191,8 @@ class Store {
   std::optional<MemberRow> FindMember(std::int64_t host);
   /// In the order of their places.
   std::vector<MemberRow> ListMembers(std::string_view cluster);
+  /// Those of the cluster that the host is in, itself among them.
+  std::vector<MemberRow> ListMembers(std::int64_t host);
   void RemoveMember(std::int64_t host);
 
   // Datastores, in the order in which they were added. Names are unique in a cluster, UUIDs in the
@@ -200,6 +202,7 @@ class Store {
   void RemoveDatastore(std::string_view uuid);
 
   // Unicast agents and interfaces of a host.
+  bool HasAgents(std::int64_t host);
   std::vector<AgentRow> ListAgents(std::int64_t host);
   void RemoveAgent(std::int64_t agent);
   std::vector<KnicRow> ListKnics(std::int64_t host);
@@ -223,6 +226,7 @@ class Store {
   void ClearPolicies(std::int64_t host);
 
   // Faults of a host, in the order in which they were added.
+  bool HasFaults(std::int64_t host);
   std::vector<FaultRow> ListFaults(std::int64_t host);
   void RemoveFault(std::int64_t fault);
 

@@ -86,6 +86,12 @@ std::vector<MemberRow> Store::ListMembers(std::string_view cluster) {
   return Select<MemberRow>(*database_, "WHERE cluster = ? ORDER BY place", cluster);
 }
 
+std::vector<MemberRow> Store::ListMembers(std::int64_t host) {
+  return Select<MemberRow>(
+      *database_, "WHERE cluster = (SELECT cluster FROM members WHERE host = ?) ORDER BY place",
+      host);
+}
+
 void Store::RemoveMember(std::int64_t host) {
   database_->Run("DELETE FROM members WHERE host = ?", host);
 }
@@ -100,6 +106,10 @@ std::optional<DatastoreRow> Store::FindDatastore(std::string_view uuid) {
 
 void Store::RemoveDatastore(std::string_view uuid) {
   database_->Run("DELETE FROM datastores WHERE uuid = ?", uuid);
+}
+
+bool Store::HasAgents(std::int64_t host) {
+  return HasAny<AgentRow>(*database_, "WHERE host = ?", host);
 }
 
 std::vector<AgentRow> Store::ListAgents(std::int64_t host) {
@@ -156,6 +166,10 @@ std::optional<PolicyRow> Store::FindPolicy(std::int64_t host, std::string_view p
 
 void Store::ClearPolicies(std::int64_t host) {
   database_->Run("DELETE FROM policies WHERE host = ?", host);
+}
+
+bool Store::HasFaults(std::int64_t host) {
+  return HasAny<FaultRow>(*database_, "WHERE host = ?", host);
 }
 
 std::vector<FaultRow> Store::ListFaults(std::int64_t host) {

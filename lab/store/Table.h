@@ -74,6 +74,13 @@ std::optional<Row> SelectOne(Database& database, const char* condition, const Va
   return std::move(rows.front());
 }
 
+/// Whether the condition leaves any.
+template <class Row, class... Values>
+bool HasAny(Database& database, const char* condition, const Values&... values) {
+  static const std::string kSelect = std::string("SELECT 1 FROM ") + Table<Row>::kName + ' ';
+  return database.Prepare(kSelect + condition, values...).Step();
+}
+
 /// Writes the row in the place of the one with its key, if there is one.
 template <class Row>
 void Save(Database& database, const Row& row) {

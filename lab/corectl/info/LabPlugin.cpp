@@ -11,9 +11,8 @@ class LabPlugin final : public DovraPlugin {
  public:
   std::unique_ptr<Dovra::DovraInfo> GetDovraInfo() override {
     auto& host = Lab::LabHost::Current();
-    const std::int64_t version = host.Read(
-        "GetDovraInfo", [](Lab::Store&, const Lab::HostRow& row) { return row.apiVersion; });
-    if (version >= 2) return std::make_unique<Lab::LabInfo2>(host);
+    host.FailIfTold("GetDovraInfo");
+    if (host.GetApiVersion() >= 2) return std::make_unique<Lab::LabInfo2>(host);
     return std::make_unique<Lab::LabInfo>(host);
   }
 };
