@@ -21,6 +21,11 @@ constexpr std::chrono::seconds kLongestWait(60);
 
 std::atomic<const char*> waitsFor = "";
 
+// Spares SQLite its locks and its count of the memory that it holds. One thread uses it; it can
+// only be told so before that.
+[[maybe_unused]] const bool kIsPlain = sqlite3_config(SQLITE_CONFIG_SINGLETHREAD) == SQLITE_OK &&
+                                       sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0) == SQLITE_OK;
+
 /// What went wrong, and where the system refused to open, read or write, why it did.
 std::string Reason(sqlite3* handle) {
   std::string reason = sqlite3_errmsg(handle);
@@ -127,10 +132,9 @@ std::size_t Database::LongestPath() {
 }
 
 // It is closed by the destructor if what follows the opening fails.
-Database::Database(const std::string& path) : Database(Open(path)) {
+Database::Database(const std::string& path, Journal journal) : Database(Open(path), journal) {
   sqlite3_busy_handler(handle_, WaitForOthers, this);
-  // A change is done only when the journal's deletion, which commits it, outlasts a loss of power.
-  Execute("PRAGMA synchronous = EXTRA");
+  sqlite3_db_config(handle_, SQLITE_DBCONFIG_ENABLE_FKEY, 1, nullptr);
 }
 
 Database::~Database() {
@@ -140,6 +144,17 @@ Database::~Database() {
 
 void Database::Execute(const std::string& sql) {
   if (sqlite3_exec(handle_, sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) Fail(handle_);
+}
+
+void Database::BeginToRead() {
+  Run("BEGIN");
+}
+
+void Database::BeginToWrite() {
+  // Here and not when it is opened, because most commands write nothing. A journal that is kept is
+  // overwritten and synced to end it; one that is deleted wants its folder synced, too.
+  Run(journal_ == Journal::kKept ? "PRAGMA journal_mode = PERSIST" : "PRAGMA synchronous = EXTRA");
+  Run("BEGIN IMMEDIATE");
 }
 
 bool Database::IsInTransaction() const {

@@ -47,6 +47,13 @@ class Query {
 /// it does not wait. May be called at any time, also by a signal's handler.
 const char* WaitsFor();
 
+/// What becomes of the journal with whose end a change is committed. Either way it is sure then to
+/// outlast a loss of power.
+enum class Journal {
+  kDeleted,  ///< nothing is left beside the file
+  kKept,     ///< takes less time: the file system has no file to make and to delete for each change
+};
+
 /// A connection. Statements are compiled once and kept.
 class Database {
  public:
@@ -54,7 +61,7 @@ class Database {
   static std::size_t LongestPath();
 
   /// Opens an existing file. One that may not be written can be read.
-  explicit Database(const std::string& path);
+  Database(const std::string& path, Journal journal);
   ~Database();
   Database(const Database&) = delete;
   Database& operator=(const Database&) = delete;
@@ -74,14 +81,19 @@ class Database {
   /// Runs several statements at once, none of them with values.
   void Execute(const std::string& sql);
 
+  /// Begins a transaction that only reads.
+  void BeginToRead();
+  /// Begins one that may write. It waits for others here: one that has read cannot be overtaken.
+  void BeginToWrite();
   bool IsInTransaction() const;
 
  private:
-  explicit Database(sqlite3* handle) : handle_(handle) {}
+  Database(sqlite3* handle, Journal journal) : handle_(handle), journal_(journal) {}
   static int WaitForOthers(void* self, int pauses);
   sqlite3_stmt* Compile(std::string_view sql);
 
   sqlite3* handle_;
+  Journal journal_;
   std::chrono::steady_clock::time_point waitsSince_;
   std::map<std::string, sqlite3_stmt*, std::less<>> statements_;
 };

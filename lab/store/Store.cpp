@@ -59,12 +59,10 @@ Store::Store(const fs::path& folder, const NewLab& newLab) : folder_(fs::absolut
   RequireTrusted(folder_, kStoreFile);
   RequireTrusted(folder_, kHostsFolder);
   if (isNew) Make(newLab);
-  database_.emplace(file.string());
-  {
-    const Transaction atRest(*this, Transaction::Kind::kRead);
-    CheckIsLab(*database_, file);
-  }
-  database_->Execute("PRAGMA foreign_keys = ON");
+  database_.emplace(file.string(), Journal::kKept);
+  Transaction atRest(*this, Transaction::Kind::kRead);
+  CheckIsLab(*database_, file);
+  atRest.Commit();
 }
 
 void Store::Make(const NewLab& newLab) {
@@ -81,7 +79,7 @@ void Store::Make(const NewLab& newLab) {
     }
   }
   try {
-    database_.emplace(draft);
+    database_.emplace(draft, Journal::kDeleted);
     while (!TakeStep(newLab)) continue;
   } catch (const LabError&) {
     // A draft that was begun late is taken away under its maker's hands.
@@ -123,8 +121,7 @@ void Store::FailDamaged(const std::string& what) const {
 }
 
 Store::Transaction::Transaction(Store& store, Kind kind) : database_(*store.database_) {
-  // A writer takes its place at the start: one that has read cannot be overtaken by another.
-  database_.Run(kind == Kind::kWrite ? "BEGIN IMMEDIATE" : "BEGIN");
+  kind == Kind::kWrite ? database_.BeginToWrite() : database_.BeginToRead();
 }
 
 Store::Transaction::~Transaction() {
