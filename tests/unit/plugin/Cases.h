@@ -15,9 +15,9 @@ namespace Testing {
 using Strings = std::vector<std::string>;
 using SetUp = std::function<void(RecordingLibrary&)>;  // may be empty
 
-inline Strings operator+(Strings first, const Strings& rest) {
-  first.insert(first.end(), rest.begin(), rest.end());
-  return first;
+inline Strings operator+(Strings calls, const std::string& next) {
+  calls.push_back(next);
+  return calls;
 }
 
 /// The calls that open the control library.
@@ -29,14 +29,19 @@ inline Outcome Failed(const std::string& message, const std::string& root = "non
   return {root, {message}};
 }
 
-inline void Check(const std::string& command, const SetUp& setUp, const Given& given,
-                  const Strings& calls, const Outcome& outcome, const char* file = __builtin_FILE(),
-                  int line = __builtin_LINE()) {
-  const testing::ScopedTrace trace(file, line, "");
+/// `line` is what is typed behind `dovra`.
+inline void Check(const std::string& line, const SetUp& setUp, const Strings& calls,
+                  const Outcome& outcome, const char* file = __builtin_FILE(),
+                  int number = __builtin_LINE()) {
+  const testing::ScopedTrace trace(file, number, line);
   RecordingLibrary library;
   if (setUp) setUp(library);
-  EXPECT_EQ(Testing::Run(command, given), outcome);
+  EXPECT_EQ(Testing::Run(line), outcome);
   EXPECT_EQ(library.calls, calls);
+}
+inline void Check(const std::string& line, const Strings& calls, const Outcome& outcome,
+                  const char* file = __builtin_FILE(), int number = __builtin_LINE()) {
+  Check(line, {}, calls, outcome, file, number);
 }
 
 }  // namespace Testing

@@ -14,59 +14,50 @@ std::string Wide(std::size_t count) {
 const SetUp kNotEnabled = [](RecordingLibrary& library) { library.config.enabled = false; };
 
 TEST(FaultDomainGet, ShowsNameAndId) {
-  const Strings named = kOpen + Strings{"GetFaultDomainName()", "GetClusterConfig()"};
-  Check("faultdomain get", {}, {}, named + Strings{"GetFaultDomainId()"},
+  const Strings named = kOpen + "GetFaultDomainName()" + "GetClusterConfig()";
+  Check("faultdomain get", named + "GetFaultDomainId()",
         {"{faultDomainName: site-a, faultDomainId: fault-domain-id}", {}});
-  Check("faultdomain get", kNotEnabled, {}, named,
-        {"{faultDomainName: site-a, faultDomainId: }", {}});
+  Check("faultdomain get", kNotEnabled, named, {"{faultDomainName: site-a, faultDomainId: }", {}});
 }
 
 TEST(FaultDomainSet, CountsBytesAndLeavesTrue) {
   const std::string longest = Wide(85) + "x";  // 256 bytes
-  const Outcome tooLong = Failed("Fault domain name cannot exceed 256 characters.", "true");
-  Check("faultdomain set", {}, {{"fdname", longest + "x"}}, {}, tooLong);
-  Check("faultdomain set", {}, {{"fdname", Wide(100)}}, {}, tooLong);
-  Check("faultdomain set", {}, {{"fdname", longest}},
-        kOpen + Strings{"SetFaultDomain(" + longest + ")"}, kTrue);
-  Check("faultdomain set", {}, {{"fdname", ""}}, kOpen + Strings{"ResetFaultDomain()"}, kTrue);
-}
-
-TEST(FaultDomainReset, IsOneRequest) {
-  Check("faultdomain reset", {}, {}, kOpen + Strings{"ResetFaultDomain()"}, kTrue);
+  Check("faultdomain set --fdname " + longest + "x", {},
+        Failed("Fault domain name cannot exceed 256 characters.", "true"));
+  Check("faultdomain set --fdname " + longest, kOpen + ("SetFaultDomain(" + longest + ")"), kTrue);
+  Check("faultdomain set --fdname ''", kOpen + "ResetFaultDomain()", kTrue);
+  Check("faultdomain reset", kOpen + "ResetFaultDomain()", kTrue);
 }
 
 TEST(FaultDomainPreferredGet, NeedsAStretchedCluster) {
-  const char* const command = "cluster preferredfaultdomain get";
+  const std::string command = "cluster preferredfaultdomain get";
+  const auto together = [](RecordingLibrary& library) { library.stretched = false; };
   const Outcome refused =
       Failed("Cannot get preferred fault domain if host is not in a stretched cluster.");
-  const Strings first = kOpen + Strings{"GetClusterConfig()"};
-  const Strings both = first + Strings{"IsInStretchedCluster()"};
-  Check(command, kNotEnabled, {}, first, refused);
-  Check(
-      command, [](RecordingLibrary& library) { library.stretched = false; }, {}, both, refused);
-  Check(command, {}, {}, both + Strings{"GetPreferredFaultDomainInfo()"},
+  const Strings first = kOpen + "GetClusterConfig()";
+  const Strings both = first + "IsInStretchedCluster()";
+  Check(command, kNotEnabled, first, refused);
+  Check(command, together, both, refused);
+  Check(command, both + "GetPreferredFaultDomainInfo()",
         {"{Preferred Fault Domain Name: preferred-name, Preferred Fault Domain Id: preferred-id}",
          {}});
 }
 
 TEST(FaultDomainPreferredSet, CountsCharactersOnTheWitnessOnly) {
-  const char* const command = "cluster preferredfaultdomain set";
-  const auto named = [](const std::string& name) {
-    return Given{{"preferred-fault-domain-name", name}};
-  };
+  const std::string command = "cluster preferredfaultdomain set --preferred-fault-domain-name ";
+  const auto onWitness = [](RecordingLibrary& library) { library.isWitness = true; };
   const Strings asked = {"IsWitnessNode()"};
-  Check(command, {}, named(""), {}, Failed("Cannot set preferred fault domain name as empty."));
-  Check(command, {}, named(Wide(257)), {},
+  Check(command + "''", {}, Failed("Cannot set preferred fault domain name as empty."));
+  Check(command + Wide(257), {},
         Failed("Preferred Fault domain name cannot exceed 256 characters.", "true"));
-  Check(command, {}, named("site-b"), asked,
+  Check(command + "site-b", asked,
         Failed("Cannot set preferred fault domain if the host is not a witness node.", "true"));
-  Check(
-      command, [](RecordingLibrary& library) { library.isWitness = true; }, named(Wide(256)),
-      asked + kOpen + Strings{"SetPreferredFaultDomain(" + Wide(256) + ")"}, kTrue);
+  Check(command + Wide(256), onWitness,
+        asked + kOpen[0] + kOpen[1] + ("SetPreferredFaultDomain(" + Wide(256) + ")"), kTrue);
 }
 
 TEST(FaultDomainMaintenance, CancelNeedsNoLibraryObject) {
-  Check("maintenancemode cancel", {}, {}, {"DecomCancel()"}, kTrue);
+  Check("maintenancemode cancel", {"DecomCancel()"}, kTrue);
 }
 
 }  // namespace

@@ -3,15 +3,12 @@
 #include "Cases.h"
 
 using namespace Testing;
-using CliTools::CallSpec::Input;
 using HostCtl::Dovra::DovraIpAddress;
 using HostCtl::Dovra::DovraKnicConfig2;
 using HostCtl::Network::Ipv4Address;
 using HostCtl::Network::Ipv6Address;
 
 namespace {
-
-constexpr std::int64_t kWrap = std::int64_t{1} << 32;  // what 32 bits lose
 
 DovraIpAddress V4(const std::string& text) {
   return DovraIpAddress(Ipv4Address(text));
@@ -44,16 +41,12 @@ const SetUp kHoldsNull = [](RecordingLibrary& library) {
 const SetUp kTooOld = [](RecordingLibrary& library) { library.hasInfo2 = false; };
 const std::string kNoInfo2 = "Could not get DovraInfo2. Plugin version mismatch?";
 
-/// The call for interface knic0 with other parameters.
-Given With(const Given& others) {
-  Given given = {{"interface-name", "knic0"}};
-  given.insert(given.end(), others.begin(), others.end());
-  return given;
-}
+const std::string kAdd = "network ip add --interface-name knic0 ";
+const std::string kSet = "network ip set --interface-name knic0 ";
 
-const Strings kAsked = kOpen + Strings{"IsKnicInUse(knic0, dovra)"};
-const Strings kAskedBoth = kAsked + Strings{"IsKnicInUse(knic0, witness)"};
-const Strings kRead = kAsked + Strings{"GetKnicConfigs()"};
+const Strings kAsked = kOpen + "IsKnicInUse(knic0, dovra)";
+const Strings kAskedBoth = kAsked + "IsKnicInUse(knic0, witness)";
+const Strings kRead = kAsked + "GetKnicConfigs()";
 
 /// What is stored beside the interface's name, and without its UUID, which is always empty.
 using Settings = std::array<std::string, 9>;
@@ -65,86 +58,78 @@ const Settings kDefaults = {"v4 224.2.3.4", "v6 FF19:0:0:0:0:2:3:4",
 const Settings kExisting = {
     "v4 224.0.0.1", "v6 ff02::1", "v4 224.0.0.2", "v6 ff02::2", "1", "2", "3", "4", "[witness]"};
 
-Strings Configure(const Settings& settings) {
+std::string Configure(const Settings& settings) {
   std::string call = "ConfigureKnic(knic0, ";
   for (const auto& setting : settings) call += setting + ", ";
-  return {call + ")"};
+  return call + ")";
 }
 
 TEST(NetworkIpAddAndSet, EachParameterReplacesOneSetting) {
   const struct {
-    const char* name;
-    Input::Value value;
+    const char* option;
     std::size_t position;
     std::string stored;
   } rows[] = {
-      {"agent-mc-addr", "224.7.7.7", 0, "v4 224.7.7.7"},
-      {"agent-v6-mc-addr", "ff02::7", 1, "v6 ff02::7"},
-      {"master-mc-addr", "224.7.7.7", 2, "v4 224.7.7.7"},
-      {"master-v6-mc-addr", "ff02::7", 3, "v6 ff02::7"},
-      {"agent-mc-port", -1, 4, "-1"},
-      {"agent-mc-port", kWrap + 23451, 4, "2147483647"},
-      {"master-mc-port", 70000, 5, "70000"},
-      {"master-mc-port", -kWrap, 5, "-2147483648"},
-      {"host-uc-port", 0, 6, "0"},
-      {"host-uc-port", kWrap + 12321, 6, "2147483647"},
-      {"multicast-ttl", 0, 7, "0"},
-      {"multicast-ttl", kWrap + 1, 7, "2147483647"},
-      {"traffic-type", Strings{"witness"}, 8, "[witness]"},
-      {"traffic-type", Strings{"dovra"}, 8, "[dovra]"},
-      {"traffic-type", Strings{"witness", "dovra", "witness"}, 8, "[dovra, witness]"},
-      {"traffic-type", Strings{}, 8, "[]"},
+      {"--agent-mc-addr 224.7.7.7", 0, "v4 224.7.7.7"},
+      {"--agent-v6-mc-addr ff02::7", 1, "v6 ff02::7"},
+      {"--master-mc-addr 224.7.7.7", 2, "v4 224.7.7.7"},
+      {"--master-v6-mc-addr ff02::7", 3, "v6 ff02::7"},
+      // Cut to 32 bits, the large ones would be as they are by default.
+      {"--agent-mc-port -1", 4, "-1"},
+      {"--agent-mc-port 4294990747", 4, "2147483647"},
+      {"--master-mc-port 70000", 5, "70000"},
+      {"--master-mc-port -4294954951", 5, "-2147483648"},
+      {"--host-uc-port 4294979617", 6, "2147483647"},
+      {"--multicast-ttl 4294967301", 7, "2147483647"},
+      {"--traffic-type witness", 8, "[witness]"},
+      {"--traffic-type dovra", 8, "[dovra]"},
+      {"-T witness -T dovra -T witness", 8, "[dovra, witness]"},
   };
-  for (const auto& [name, value, position, stored] : rows) {
-    SCOPED_TRACE(name);
+  for (const auto& [option, position, stored] : rows) {
     Settings added = kDefaults, set = kExisting;
     added[position] = set[position] = stored;
-    Check("network ip add", {}, With({{name, value}}), kAskedBoth + Configure(added), kTrue);
-    Check("network ip set", InUse({Knic("knic0")}), With({{name, value}}), kRead + Configure(set),
-          kTrue);
+    Check(kAdd + option, kAskedBoth + Configure(added), kTrue);
+    Check(kSet + option, InUse({Knic("knic0")}), kRead + Configure(set), kTrue);
   }
 }
 
 TEST(NetworkIpAddAndSet, StartFromDefaultsOrFromTheEntry) {
-  Check("network ip add", {}, With({}), kAskedBoth + Configure(kDefaults), kTrue);
-  Check("network ip set", InUse({Knic("knic0")}, false), With({}),
-        kAskedBoth + Strings{"GetKnicConfigs()"} + Configure(kExisting), kTrue);
+  Check(kAdd, kAskedBoth + Configure(kDefaults), kTrue);
+  Check(kSet, InUse({Knic("knic0")}, false), kAskedBoth + "GetKnicConfigs()" + Configure(kExisting),
+        kTrue);
   // The first entry of the name, letter for letter; else the last entry of all.
   Settings chosen = kExisting;
   chosen[4] = "9";
-  Check("network ip set", InUse({Knic("KNIC0"), Knic("knic01"), Knic("knic0", 9), Knic("knic0")}),
-        With({}), kRead + Configure(chosen), kTrue);
-  Check("network ip set", InUse({Knic("knic8"), Knic("knic7", 9)}), With({}),
+  Check(kSet, InUse({Knic("KNIC0"), Knic("knic01"), Knic("knic0", 9), Knic("knic0")}),
         kRead + Configure(chosen), kTrue);
+  Check(kSet, InUse({Knic("knic8"), Knic("knic7", 9)}), kRead + Configure(chosen), kTrue);
 }
 
 TEST(NetworkIpAdd, Refuses) {
   const Outcome inUse = Failed(
       "This Hostkernel network interface is already in use. Can't add again. If you want to "
       "reconfigure, use 'set' command.");
-  const Outcome unknownTraffic = Failed("Unknown traffic type");
-  Check("network ip add", kTooOld, With({}), kOpen, Failed(kNoInfo2));
-  Check("network ip add", InUse({}), With({}), kAsked, inUse);
-  Check("network ip add", InUse({}, false), With({}), kAskedBoth, inUse);
-  for (const Strings& types : {Strings{"dovra", "foo"}, Strings{"Witness"}, Strings{""}}) {
-    Check("network ip add", {}, With({{"traffic-type", types}}), kAskedBoth, unknownTraffic);
+  Check(kAdd, kTooOld, kOpen, Failed(kNoInfo2));
+  Check(kAdd, InUse({}), kAsked, inUse);
+  Check(kAdd, InUse({}, false), kAskedBoth, inUse);
+  for (const std::string types : {"-T dovra -T foo", "-T Witness", "-T ''"}) {
+    Check(kAdd + types, kAskedBoth, Failed("Unknown traffic type"));
   }
-  Check("network ip add", {}, With({{"agent-mc-addr", "::1"}, {"traffic-type", Strings{"foo"}}}),
-        kAskedBoth, Failed("\"::1\" is not an IPv4 address."));
-  Check("network ip add", {}, With({{"master-v6-mc-addr", "224.0.0.1"}}), kAskedBoth,
+  Check(kAdd + "--agent-mc-addr ::1 -T foo", kAskedBoth, Failed("\"::1\" is not an IPv4 address."));
+  Check(kAdd + "--master-v6-mc-addr 224.0.0.1", kAskedBoth,
         Failed("\"224.0.0.1\" is not an IPv6 address."));
 }
 
 TEST(NetworkIpSet, Refuses) {
   const Outcome notFound = Failed("This Hostkernel network interface not found.");
-  Check("network ip set", kTooOld, With({}), kOpen, Failed(kNoInfo2));
-  Check("network ip set", {}, With({}), kAskedBoth,
+  Check(kSet, kTooOld, kOpen, Failed(kNoInfo2));
+  Check(kSet, kAskedBoth,
         Failed("This Hostkernel network interface is not in use. Can't "
                "set/reconfigure. If you want to add, use 'add' command."));
-  Check("network ip set", InUse({}), With({}), kRead, notFound);
-  Check("network ip set", kHoldsNull, With({}), kRead, notFound);
+  Check(kSet, InUse({}), kRead, notFound);
+  Check(kSet, kHoldsNull, kRead, notFound);
   // Even a group that is about to be replaced must suit its place.
-  Check("network ip set", InUse({Swapped()}), With({{"agent-mc-addr", "224.7.7.7"}}), kRead,
+  Check(kSet + "--agent-mc-addr 224.7.7.7", InUse({Swapped()}), kRead,
         Failed("\"ff02::1\" is not an IPv4 address."));
 }
 
@@ -167,27 +152,21 @@ TEST(NetworkList, ShowsEveryInterface) {
   const std::string shown = "[" + row("knic1", "uuid-knic1", groups, "witness") + ", " +
                             row("knic0", "", swapped, "dovra, witness") + ", " +
                             row("knic2", "uuid-knic2", groups, "") + "]";
-  const Strings read = kOpen + Strings{"GetKnicConfigs()"};
-  Check("network list", InUse({Knic("knic1"), Swapped(), idle}), {}, read, {shown, {}});
-  Check("network list", {}, {}, read, {"[]", {}});
-  Check("network list", kHoldsNull, {}, read, {"[]", {}});
-  Check("network list", kTooOld, {}, kOpen, Failed(kNoInfo2, "[]"));
-}
-
-void CheckRemoval(const std::string& command) {
-  const auto removed = [](const std::string& force) {
-    return kOpen + Strings{"RemoveKnic(knic0, " + force + ", dovra)",
-                           "RemoveKnic(knic0, " + force + ", witness)"};
-  };
-  Check(command, kTooOld, With({}), removed("false"), kTrue);
-  Check(command, {}, With({{"force", true}}), removed("true"), kTrue);
+  const Strings read = kOpen + "GetKnicConfigs()";
+  Check("network list", InUse({Knic("knic1"), Swapped(), idle}), read, {shown, {}});
+  Check("network list", kHoldsNull, read, {"[]", {}});
+  Check("network list", kTooOld, kOpen, Failed(kNoInfo2, "[]"));
 }
 
 TEST(NetworkTearDown, AsksAnOldLibraryToo) {
-  CheckRemoval("network remove");
-  CheckRemoval("network ip remove");
-  Check("network clear", kTooOld, {}, kOpen + Strings{"ClearNetworkConfig()"}, kTrue);
-  Check("network restore", kTooOld, {}, kOpen + Strings{"RestoreNetworkConfig()"}, kTrue);
+  for (const std::string command : {"network remove", "network ip remove"}) {
+    Check(command + " --interface-name knic0", kTooOld,
+          kOpen + "RemoveKnic(knic0, false, dovra)" + "RemoveKnic(knic0, false, witness)", kTrue);
+    Check(command + " --interface-name knic0 --force",
+          kOpen + "RemoveKnic(knic0, true, dovra)" + "RemoveKnic(knic0, true, witness)", kTrue);
+  }
+  Check("network clear", kTooOld, kOpen + "ClearNetworkConfig()", kTrue);
+  Check("network restore", kTooOld, kOpen + "RestoreNetworkConfig()", kTrue);
 }
 
 }  // namespace

@@ -10,13 +10,10 @@ TEST(ResyncCommands, HandOneRequestToTheLibrary) {
     library.bandwidth = 8589934593;
     library.throttle = -8589934593;
   };
-  Check("resync bandwidth get", rates, {}, kOpen + Strings{"GetResyncBandwidth()"},
-        {"{Rate: 8589934593}", {}});
-  Check("resync throttle get", rates, {}, kOpen + Strings{"GetResyncThrottle()"},
-        {"{Level: -8589934593}", {}});
-  Check("resync throttle set", {}, {{"level", 0}}, kOpen + Strings{"SetResyncThrottle(0)"}, kTrue);
-  Check("resync throttle set", {}, {{"level", 512}}, kOpen + Strings{"SetResyncThrottle(512)"},
-        kTrue);
+  Check("resync bandwidth get", rates, kOpen + "GetResyncBandwidth()", {"{Rate: 8589934593}", {}});
+  Check("resync throttle get", rates, kOpen + "GetResyncThrottle()", {"{Level: -8589934593}", {}});
+  Check("resync throttle set --level 0", kOpen + "SetResyncThrottle(0)", kTrue);
+  Check("resync throttle set --level 512", kOpen + "SetResyncThrottle(512)", kTrue);
 }
 
 }  // namespace

@@ -1,14 +1,16 @@
 #include "Run.h"
 
 #include <algorithm>
-#include <sstream>
 #include <stdexcept>
 
+#include "clitools/CommandLine.h"
+#include "clitools/Words.h"
 #include "frame/HostPaths.h"
 #include "trace/RestartPause.h"
 
 namespace Testing {
 
+using namespace CliTools::AutoCli;
 using namespace CliTools::MetaObj;
 
 std::string Host::notifyScript = "/bin/true";
@@ -46,31 +48,52 @@ std::ostream& operator<<(std::ostream& stream, const Outcome& outcome) {
   return stream;
 }
 
-Outcome Run(CliTools::AutoCli::Command& command, const Given& given) {
-  const auto input = CliTools::CallSpec::Input::New();
-  for (const auto& [name, value] : given) input->SetParameter(name, value);
+std::shared_ptr<Namespace> Registered(std::shared_ptr<Namespace> root) {
+  AutoCli_RegisterNamespaces(root);
+  return root;
+}
+
+Nodes Below(const NamespaceNode& node, const std::string& path) {
+  Nodes nodes;
+  for (const auto& child : dynamic_cast<const CommandSpec&>(node).GetChildren()) {
+    nodes.emplace_back(path + child->GetName(), child);
+    const Nodes inner = Below(*child, nodes.back().first + ' ');
+    nodes.insert(nodes.end(), inner.begin(), inner.end());
+  }
+  return nodes;
+}
+
+std::pair<Command&, std::vector<std::string>> Find(const std::string& line) {
+  static const auto root = Registered();
+  auto node = root->GetNamespaceNode("dovra");
+  std::vector<std::string> words = CliTools::SplitWords(line);
+  auto word = words.begin();
+  while (const auto space = std::dynamic_pointer_cast<Namespace>(node)) {
+    node = space->GetNamespaceNode(word == words.end() ? "" : *word++);
+  }
+  if (!node) throw std::invalid_argument("no command begins \"" + line + "\"");
+  return {dynamic_cast<Command&>(*node), {word, words.end()}};
+}
+
+namespace {
+
+Outcome Execute(Command& command, const std::shared_ptr<CliTools::CallSpec::Input>& input) {
   const auto output = CliTools::CallSpec::Output::New();
   command.Execute(input, output);
   return {ToText(output->GetRootObject()), output->GetErrorMessages()};
 }
 
-CliTools::AutoCli::Command& Find(const std::string& path) {
-  static const auto root = [] {
-    auto made = CliTools::AutoCli::Namespace::New();
-    AutoCli_RegisterNamespaces(made);
-    return made;
-  }();
-  auto node = root->GetNamespaceNode("dovra");
-  std::istringstream names(path);
-  for (std::string name; names >> name;) {
-    node = dynamic_cast<CliTools::AutoCli::CommandSpec&>(*node).GetNamespaceNode(name);
-    if (!node) throw std::invalid_argument("there is no command \"" + path + "\"");
-  }
-  return dynamic_cast<CliTools::AutoCli::Command&>(*node);
+}  // namespace
+
+Outcome Run(const std::string& line) {
+  const auto& [command, words] = Find(line);
+  return Execute(command, CliTools::ParseParameters(*command.GetInputSpec(), words));
 }
 
-Outcome Run(const std::string& path, const Given& given) {
-  return Run(Find(path), given);
+Outcome Run(Command& command, const Given& given) {
+  const auto input = CliTools::CallSpec::Input::New();
+  for (const auto& [name, value] : given) input->SetParameter(name, value);
+  return Execute(command, input);
 }
 
 }  // namespace Testing

@@ -27,11 +27,22 @@ std::ostream& operator<<(std::ostream& stream, const Outcome& outcome);
 
 std::string ToText(const std::shared_ptr<CliTools::MetaObj::MetaObject>& value);
 
-Outcome Run(CliTools::AutoCli::Command& command, const Given& given = {});
+/// A tree in which the plug-in's entry point has registered its commands.
+std::shared_ptr<CliTools::AutoCli::Namespace> Registered(
+    std::shared_ptr<CliTools::AutoCli::Namespace> root = CliTools::AutoCli::Namespace::New());
 
-/// The command of the plug-in's tree with this path below `dovra`.
-CliTools::AutoCli::Command& Find(const std::string& path);
-Outcome Run(const std::string& path, const Given& given = {});
+/// All that is below the node, by path, in the order of registration.
+using Nodes =
+    std::vector<std::pair<std::string, std::shared_ptr<CliTools::AutoCli::NamespaceNode>>>;
+Nodes Below(const CliTools::AutoCli::NamespaceNode& node, const std::string& path = "");
+
+/// The command whose path below `dovra` the line begins with, and the words that follow it.
+std::pair<CliTools::AutoCli::Command&, std::vector<std::string>> Find(const std::string& line);
+
+/// Runs a command as it is typed behind `dovra`, in words as a shell takes them.
+Outcome Run(const std::string& line);
+/// Runs one with these parameters, whether they could be typed or not.
+Outcome Run(CliTools::AutoCli::Command& command, const Given& given);
 
 /// The files of the host under test, set by the test; and what was asked of the host beside the
 /// control library.

@@ -12,89 +12,68 @@ namespace {
 using HostCtl::Dovra::DovraDiskInfo;
 
 TEST(StorageAdd, HandsTheDisksOnAsGiven) {
-  const Given given = {{"ssd", "flash"}, {"disks", Strings{"b", "a", "b"}}};
-  Check("storage add", {}, given, kOpen + Strings{"AddDisks(flash, [b, a, b])"}, kTrue);
-  Check("storage add", {}, {{"ssd", "s"}, {"disks", Strings{}}}, kOpen + Strings{"AddDisks(s, [])"},
-        kTrue);
-}
-
-TEST(StorageRemove, ChoosesTheOperationByTheOption) {
-  Check("storage remove", {}, {{"disk", "d"}}, kOpen + Strings{"RemoveDisk(d, )"}, kTrue);
-  Check("storage remove", {}, {{"ssd", "s"}, {"evacuation-mode", "noAction"}},
-        kOpen + Strings{"RemoveDiskGroup(s, NoAction)"}, kTrue);
-  Check("storage remove", {}, {{"uuid", "5AFA "}, {"evacuation-mode", "evacuateAllData"}},
-        kOpen + Strings{"RemoveDiskByUuid(5AFA , EvacuateAllData)"}, kTrue);
+  Check("storage add --ssd flash -d b -d a -d b", kOpen + "AddDisks(flash, [b, a, b])", kTrue);
 }
 
 TEST(StorageRemove, KnowsItsEvacuationModes) {
-  const std::pair<const char*, const char*> known[] = {
-      {"noAction", "NoAction"},
-      {"NoAction", "NoAction"},
-      {"ensureObjectAccessibility", "EnsureObjectAccessibility"},
-      {"evacuateAllData", "EvacuateAllData"},
-  };
-  for (const auto& [given, passed] : known) {
-    Check("storage remove", {}, {{"disk", "d"}, {"evacuation-mode", given}},
-          kOpen + Strings{std::string("RemoveDisk(d, ") + passed + ")"}, kTrue);
+  for (const auto& [given, passed] : {std::pair<std::string, std::string>{"noAction", "NoAction"},
+                                      {"NoAction", "NoAction"},
+                                      {"ensureObjectAccessibility", "EnsureObjectAccessibility"},
+                                      {"evacuateAllData", "EvacuateAllData"}}) {
+    Check("storage remove --ssd s -m " + given, kOpen + ("RemoveDiskGroup(s, " + passed + ")"),
+          kTrue);
   }
-  // The last two begin with bytes that are no letters by themselves.
-  const char* const unknown[] = {
-      "", "noaction", "NOACTION", " noAction", "noAction ", "\xC3\xA9vacuateAllData", "\xFF"};
-  for (const std::string given : unknown) {
-    const Outcome refused = Failed(
-        "Expected a single value from the set [noAction, ensureObjectAccessibility, "
-        "evacuateAllData] got '" +
-        given + "'");
-    Check("storage remove", {}, {{"disk", "d"}, {"evacuation-mode", given}}, kOpen, refused);
-    Check("storage remove", {}, {{"evacuation-mode", given}}, kOpen, refused);
+  // The last one begins with a byte that is no letter by itself.
+  for (const std::string given : {"", "noaction", "NOACTION", " noAction", "noAction ", "\xFF"}) {
+    for (const std::string disk : {"--disk d ", ""}) {
+      Check("storage remove " + disk + "-m '" + given + "'", kOpen,
+            Failed("Expected a single value from the set [noAction, ensureObjectAccessibility, "
+                   "evacuateAllData] got '" +
+                   given + "'"));
+    }
   }
 }
 
-void CheckMounting(const std::string& command, const std::string& verb) {
-  Check(command, {}, {{"ssd", "s"}}, kOpen + Strings{verb + "DiskGroup(s)"}, kTrue);
-  Check(command, {}, {{"disk", "d"}}, kOpen + Strings{verb + "Disk(d)"}, kTrue);
-  Check(command, {}, {{"uuid", "5AFA "}}, kOpen + Strings{verb + "DiskByUuid(5AFA )"}, kTrue);
-  Check(command, {}, {{"uuid", ""}}, kOpen + Strings{verb + "DiskByUuid()"}, kTrue);
-}
-
-TEST(StorageDiskgroup, ChoosesTheOperationByTheOption) {
-  CheckMounting("storage diskgroup mount", "Mount");
-  CheckMounting("storage diskgroup unmount", "Unmount");
+TEST(StorageOptions, ChooseTheOperation) {
+  const std::string commands[][3] = {{"storage remove", "Remove", ", )"},
+                                     {"storage diskgroup mount", "Mount", ")"},
+                                     {"storage diskgroup unmount", "Unmount", ")"}};
+  for (const auto& [command, verb, end] : commands) {
+    Check(command + " --ssd s", kOpen + (verb + "DiskGroup(s" + end), kTrue);
+    Check(command + " --disk d", kOpen + (verb + "Disk(d" + end), kTrue);
+    Check(command + " --uuid '5AFA '", kOpen + (verb + "DiskByUuid(5AFA " + end), kTrue);
+    Check(command + " --uuid ''", kOpen + (verb + "DiskByUuid(" + end), kTrue);
+  }
 }
 
 TEST(StorageOptions, NameOneDiskExactly) {
   const Outcome onlyOne = Failed("Specify only one of --ssd, --disk or --uuid.");
-  const Given several[] = {{{"ssd", "s"}, {"disk", "d"}, {"uuid", "u"}},
-                           {{"ssd", "s"}, {"disk", "d"}},
-                           {{"ssd", "s"}, {"uuid", ""}},
-                           {{"disk", ""}, {"uuid", "u"}}};
-  for (Given given : several) {
-    Check("storage diskgroup mount", {}, given, {}, onlyOne);
-    Check("storage diskgroup unmount", {}, given, {}, onlyOne);
-    given.emplace_back("evacuation-mode", "nonsense");
-    Check("storage remove", {}, given, kOpen,
+  for (const std::string several :
+       {" -s s -d d -u u", " -s s -d d", " -s s -u ''", " -d '' -u u"}) {
+    Check("storage diskgroup mount" + several, {}, onlyOne);
+    Check("storage diskgroup unmount" + several, {}, onlyOne);
+    Check("storage remove -m nonsense" + several, kOpen,
           Failed("At most one of --disk or --ssd or --uuid can be specified."));
   }
-  Check("storage remove", {}, {}, kOpen, Failed("No option provided"));
-  Check("storage diskgroup unmount", {}, {}, kOpen, Failed("Need one of --disk, --ssd or --uuid."));
-  Check("storage diskgroup mount", {}, {}, kOpen,
+  Check("storage remove", kOpen, Failed("No option provided"));
+  Check("storage diskgroup unmount", kOpen, Failed("Need one of --disk, --ssd or --uuid."));
+  Check("storage diskgroup mount", kOpen,
         Failed("Either --ssd, --disk or --uuid is required", "false"));
 }
 
 TEST(StorageAutoMode, IsReadAndSet) {
-  for (const bool enabled : {true, false}) {
-    const std::string text = enabled ? "true" : "false";
-    Check("storage automode set", {}, {{"enabled", enabled}},
-          kOpen + Strings{"SetAutoClaimMode(" + text + ")"}, kTrue);
-    Check("storage automode get", [=](RecordingLibrary& library) { library.autoClaim = enabled; },
-          {}, kOpen + Strings{"GetAutoClaimMode()"}, {"{Enabled: " + text + "}", {}});
+  for (const std::string mode : {"true", "false"}) {
+    const auto setUp = [&](RecordingLibrary& library) { library.autoClaim = mode == "true"; };
+    Check("storage automode set --enabled " + mode, kOpen + ("SetAutoClaimMode(" + mode + ")"),
+          kTrue);
+    Check("storage automode get", setUp, kOpen + "GetAutoClaimMode()",
+          {"{Enabled: " + mode + "}", {}});
   }
 }
 
 TEST(StorageTag, NamesTheDisk) {
-  const Given given = {{"tag", "capacityFlash"}, {"disk", "d"}};
-  Check("storage tag add", {}, given, kOpen + Strings{"AddCapacityFlashTag(d)"}, kTrue);
-  Check("storage tag remove", {}, given, kOpen + Strings{"RemoveCapacityFlashTag(d)"}, kTrue);
+  Check("storage tag add -t capacityFlash -d d", kOpen + "AddCapacityFlashTag(d)", kTrue);
+  Check("storage tag remove -t capacityFlash -d d", kOpen + "RemoveCapacityFlashTag(d)", kTrue);
 }
 
 // Disks are told apart by the last digits of their UUIDs.
@@ -178,38 +157,34 @@ const SetUp kDisks = [](RecordingLibrary& library) {
                        {UuidOf("ff00"), DiskNamed("last")}};
 };
 
-/// The calls that read these disks.
-Strings Reading(const Strings& disks) {
-  Strings calls = Strings{"GetDovraDisks()"} + kOpen + Strings{"GetDiskUuids()"};
-  for (const auto& disk : disks) calls.push_back("GetDiskInfo(" + UuidOf(disk) + ", 2)");
-  return calls;
-}
-
 TEST(StorageList, MergesFiltersAndOrders) {
-  const Strings uuids = {"0001", "0003", "0a0b", "ff00"};
-  const Strings devices = {"remote", "A", "a1", "last"};
+  const Strings all = {"0001", "0003", "0a0b", "ff00"};
+  const Outcome everything = Rows({"remote", "A", "a1", "last"});
   const std::string noName = "Unable to find device with name: ";
   const std::string noUuid = "Unable to find device with uuid: ";
   const struct {
-    Given given;
+    std::string options;
     Strings uuids;
     Outcome outcome;
   } cases[] = {
-      {{}, uuids, Rows(devices)},
-      {{{"device", ""}, {"uuid", ""}}, uuids, Rows(devices)},
-      {{{"device", "a1"}}, {"0a0b"}, Rows({"a1"})},
-      {{{"device", "A"}, {"uuid", ""}}, {"0003"}, Rows({"A"})},
-      {{{"device", "a"}}, {}, Rows({}, {noName + "a"})},
-      {{{"device", "a1 "}}, {}, Rows({}, {noName + "a1 "})},
-      {{{"device", "remote"}}, {}, Rows({}, {noName + "remote"})},
-      {{{"uuid", UuidOf("0A0B")}}, {"0a0b"}, Rows({"a1"})},
-      {{{"uuid", UuidOf("0001")}}, {}, Rows({}, {noUuid + UuidOf("0001")})},
+      {"", all, everything},
+      {" -d '' -u ''", all, everything},
+      {" -d a1", {"0a0b"}, Rows({"a1"})},
+      {" -d A -u ''", {"0003"}, Rows({"A"})},
+      {" -d a", {}, Rows({}, {noName + "a"})},
+      {" -d 'a1 '", {}, Rows({}, {noName + "a1 "})},
+      {" -d remote", {}, Rows({}, {noName + "remote"})},
+      {" -u " + UuidOf("0A0B"), {"0a0b"}, Rows({"a1"})},
+      {" -u " + UuidOf("0001"), {}, Rows({}, {noUuid + UuidOf("0001")})},
   };
-  for (const auto& one : cases) {
-    Check("storage list", kDisks, one.given, Reading(one.uuids), one.outcome);
+  const Strings listed = {"GetDovraDisks()", kOpen[0], kOpen[1], "GetDiskUuids()"};
+  for (const auto& [options, uuids, outcome] : cases) {
+    Strings calls = listed;
+    for (const auto& uuid : uuids) calls.push_back("GetDiskInfo(" + UuidOf(uuid) + ", 2)");
+    Check("storage list" + options, kDisks, calls, outcome);
   }
-  Check("storage list", {}, {}, Reading({}), Rows({}));
-  Check("storage list", kDisks, {{"device", "a"}, {"uuid", "u"}}, {},
+  Check("storage list", listed, Rows({}));
+  Check("storage list -d a -u u", kDisks, {},
         Failed("Only one of --device or --uuid can be specified."));
 }
 
@@ -217,13 +192,13 @@ TEST(StorageList, FillsAFreshRecordForEachDeviceOfTheName) {
   RecordingLibrary library;
   library.luns = {{"a", UuidOf("0001")}, {"a", UuidOf("0002")}};
   library.diskInfos[UuidOf("0001")] = DiskNamed("a");  // of the other the library knows nothing
-  EXPECT_THAT(Testing::Run("storage list", {{"device", "a"}}).root,
+  EXPECT_THAT(Testing::Run("storage list -d a").root,
               testing::HasSubstr("}, {Device: , Display Name: , Is SSD: false, DOVRA UUID: , "));
 }
 
 TEST(StorageList, ReportsAMalformedUuidAsAFailure) {
   RecordingLibrary library;
-  const Outcome noUuid = Testing::Run("storage list", {{"uuid", "52"}});
+  const Outcome noUuid = Testing::Run("storage list -u 52");
   EXPECT_EQ(noUuid.root, "[]");
   ASSERT_EQ(noUuid.errors.size(), 1U);
   EXPECT_TRUE(noUuid.errors[0].starts_with("Unable to list devices: \"52\" is not a UUID"));

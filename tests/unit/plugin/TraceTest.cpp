@@ -35,7 +35,7 @@ class TraceTest : public testing::Test {
   }
 
   static Outcome Get() { return Testing::Run("trace get"); }
-  static Outcome Set(const Given& given) { return Testing::Run("trace set", given); }
+  static Outcome Set(const std::string& options) { return Testing::Run("trace set " + options); }
 
   std::string folder_;
   RecordingLibrary library_;
@@ -120,15 +120,15 @@ TEST_F(TraceTest, SetRewritesWhatItWasGiven) {
                              "\nDOVRATRACED_LAST_SELECTED_VOLUME=/used\r\n" +
                              "#DOVRATRACED_ROTATE_MAX_FILES=1\n" + files[0] + syslog + files[1];
   const struct {
-    Given given;
+    std::string options;
     Strings dropped;
     std::string appended;
   } cases[] = {
-      {{{"path", "/a \"b\""}}, {volume}, "DOVRATRACED_VOLUME=\"/a \"b\"\"\n"},
-      {{{"numfiles", -8589934593}}, files, "DOVRATRACED_ROTATE_MAX_FILES=-8589934593\n"},
-      {{{"size", 4095}}, {size}, "DOVRATRACED_ROTATE_FILE_SIZE=4095\n"},
-      {{{"logtosyslog", false}}, {syslog}, "DOVRATRACED_LOG_URGENT_TO_SYSLOG=0\n"},
-      {{{"size", 1}, {"logtosyslog", true}, {"numfiles", 4}, {"path", ""}},
+      {"-p '/a \"b\"'", {volume}, "DOVRATRACED_VOLUME=\"/a \"b\"\"\n"},
+      {"-f -8589934593", files, "DOVRATRACED_ROTATE_MAX_FILES=-8589934593\n"},
+      {"-s 4095", {size}, "DOVRATRACED_ROTATE_FILE_SIZE=4095\n"},
+      {"-l false", {syslog}, "DOVRATRACED_LOG_URGENT_TO_SYSLOG=0\n"},
+      {"-s 1 -l true -f 4 -p ''",
        {size, volume, files[0], syslog, files[1]},
        "DOVRATRACED_VOLUME=\"\"\nDOVRATRACED_ROTATE_MAX_FILES=4\n"
        "DOVRATRACED_LOG_URGENT_TO_SYSLOG=1\nDOVRATRACED_ROTATE_FILE_SIZE=1\n"},
@@ -140,54 +140,46 @@ TEST_F(TraceTest, SetRewritesWhatItWasGiven) {
       after.erase(after.find("\n" + line) + 1, line.size());
     }
     library_.calls.clear();
-    EXPECT_EQ(Set(one.given), (Outcome{"true", {}}));
+    EXPECT_EQ(Set(one.options), (Outcome{"true", {}}));
     EXPECT_EQ(Read(), after + one.appended);
     EXPECT_EQ(library_.calls, (Strings{kStatusCall, kRestartCall}));
   }
   Write(before);
-  EXPECT_EQ(Set({{"reset", true}}), (Outcome{"true", {}}));
+  EXPECT_EQ(Set("-r true"), (Outcome{"true", {}}));
   EXPECT_EQ(Read(), "# head\n#DOVRATRACED_ROTATE_MAX_FILES=1\n");
 }
 
 TEST_F(TraceTest, SetRefusesBeforeItTouchesTheFile) {
   const std::string size = "File size should be < 4096 MB.";
   const std::string reset = "reset cannot be used with other options.";
-  const struct {
-    Given given;
-    std::string error;
-  } cases[] = {
-      {{}, "No options provided."},
-      {{{"reset", false}}, "No options provided."},
-      {{{"size", 0}}, size},
-      {{{"size", -1}}, size},
-      {{{"size", 4096}}, size},
-      {{{"size", INT64_MIN}}, size},
-      {{{"size", INT64_MAX}}, size},
-      {{{"size", 4096}, {"reset", true}}, size},
-      {{{"size", 1}, {"reset", true}}, reset},
-      {{{"path", ""}, {"reset", true}}, reset},
-      {{{"numfiles", 1}, {"reset", false}}, reset},
-      {{{"logtosyslog", false}, {"reset", false}}, reset},
+  const std::pair<std::string, std::string> cases[] = {
+      {"", "No options provided."},
+      {"-r false", "No options provided."},
+      {"-s 0", size},
+      {"-s -9223372036854775808", size},
+      {"-s 4096", size},
+      {"-s 4096 -r true", size},
+      {"-s 1 -r true", reset},
+      {"-p '' -r true", reset},
+      {"-f 1 -r false", reset},
+      {"-l false -r false", reset},
   };
   const std::string before = "DOVRATRACED_VOLUME=\"/v\"";
   Write(before);
-  for (const auto& one : cases) {
-    EXPECT_EQ(Set(one.given), (Outcome{"none", {one.error}}));
-  }
+  for (const auto& [options, error] : cases) EXPECT_EQ(Set(options), (Outcome{"none", {error}}));
   EXPECT_EQ(Read(), before);
   EXPECT_EQ(library_.calls, Strings{});
 }
 
 TEST_F(TraceTest, SetLeavesTheDaemonAloneWhenTheFileFails) {
-  const Given given = {{"path", "/p"}};
   const Outcome unreadable = {"none", {"Error opening Dovra Trace Config File for reading."}};
   const Outcome unwritable = {"none", {"Error opening Dovra Trace Config File for writing."}};
-  EXPECT_EQ(Set(given), unreadable);
+  EXPECT_EQ(Set("-p /p"), unreadable);
   std::filesystem::create_directory(Host::traceConfiguration);
-  EXPECT_EQ(Set(given), unreadable);
+  EXPECT_EQ(Set("-p /p"), unreadable);
 
   Host::traceConfiguration = "/proc/version";  // can be read, but not even root can write it
-  EXPECT_EQ(Set(given), unwritable);
+  EXPECT_EQ(Set("-p /p"), unwritable);
 
   // A disk that is full after four bytes.
   Host::traceConfiguration = folder_ + "/small";
@@ -197,7 +189,7 @@ TEST_F(TraceTest, SetLeavesTheDaemonAloneWhenTheFileFails) {
   const rlimit tight = {4, before.rlim_max};
   const auto handler = std::signal(SIGXFSZ, SIG_IGN);
   ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &tight), 0);
-  const Outcome outcome = Set(given);
+  const Outcome outcome = Set("-p /p");
   setrlimit(RLIMIT_FSIZE, &before);
   std::signal(SIGXFSZ, handler);
   EXPECT_EQ(outcome, unwritable);
@@ -231,7 +223,7 @@ TEST_F(TraceTest, SetRestartsTheDaemonWithPatience) {
     Host::restartPauses = 0;
     library_.calls.clear();
     library_.execStatuses = one.statuses;
-    EXPECT_EQ(Set({{"numfiles", 1}}), one.outcome);
+    EXPECT_EQ(Set("-f 1"), one.outcome);
     Strings calls(1 + one.restarts, kRestartCall);
     calls.front() = kStatusCall;
     EXPECT_EQ(library_.calls, calls);

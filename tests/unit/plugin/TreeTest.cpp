@@ -16,28 +16,12 @@ namespace {
 
 using namespace CliTools::AutoCli;
 using namespace OrvaneCli::DovraNamespace;
-using Nodes = std::vector<std::pair<std::string, std::shared_ptr<NamespaceNode>>>;
-
-/// All that is below the node, by path, in the order of registration.
-Nodes Below(const CommandSpec& node, const std::string& path = "") {
-  Nodes nodes;
-  for (const auto& child : node.GetChildren()) {
-    nodes.emplace_back(path + child->GetName(), child);
-    const Nodes inner = Below(dynamic_cast<const CommandSpec&>(*child), nodes.back().first + ' ');
-    nodes.insert(nodes.end(), inner.begin(), inner.end());
-  }
-  return nodes;
-}
-
-std::string PathsBelow(const CommandSpec& node) {
+using Testing::Below;
+using Testing::Registered;
+std::string PathsBelow(const NamespaceNode& node) {
   std::string paths;
   for (const auto& [path, below] : Below(node)) paths += path + '\n';
   return paths;
-}
-
-std::shared_ptr<Namespace> Registered(std::shared_ptr<Namespace> root = Namespace::New()) {
-  AutoCli_RegisterNamespaces(root);
-  return root;
 }
 
 TEST(CommandTree, HoldsObjectsThatKnowThemselves) {
@@ -71,9 +55,9 @@ TEST(CommandTree, TakesTheNameFromWhatIsNoNamespace) {
 
 TEST(CommandTree, KeepsTheBlanksThatNoPageShows) {
   const auto parameter = [](const char* path, std::size_t place) {
-    return Testing::Find(path).GetInputSpec()->GetParameters().at(place)->GetDescription();
+    return Testing::Find(path).first.GetInputSpec()->GetParameters().at(place)->GetDescription();
   };
-  EXPECT_EQ(Testing::Find("storage automode get").GetDescription().front(), ' ');
+  EXPECT_EQ(Testing::Find("storage automode get").first.GetDescription().front(), ' ');
   EXPECT_EQ(parameter("policy setdefault", 1).back(), '\n');
   EXPECT_THAT(parameter("storage remove", 3),
               testing::ContainsRegex("are:\n    ensure[^\n]+\n    evacuate[^\n]+\n    noAction"));

@@ -5,15 +5,14 @@ using namespace Testing;
 namespace {
 
 const std::string kNil = "00000000-0000-0000-0000-000000000000";
-constexpr std::int64_t kWrap = std::int64_t{1} << 32;  // what 32 bits lose
 
 // `add` and `remove` ask for the kind of host before all else, `list` and `clear` when they hold
 // the library.
 const Strings kAsked = {"IsWitnessNode()"};
-const Strings kAskedAndOpen = kAsked + kOpen;
-const Strings kEnabled = kOpen + Strings{"GetClusterConfig()"};
-const Strings kEnabledAndAsked = kEnabled + kAsked;
-const Strings kRead = kEnabledAndAsked + Strings{"GetUnicastAgents()"};
+const Strings kAskedAndOpen = kAsked + kOpen[0] + kOpen[1];
+const Strings kEnabled = kOpen + "GetClusterConfig()";
+const Strings kEnabledAndAsked = kEnabled + kAsked[0];
+const Strings kRead = kEnabledAndAsked + "GetUnicastAgents()";
 
 const SetUp kOnWitness = [](RecordingLibrary& library) { library.isWitness = true; };
 const SetUp kNotEnabled = [](RecordingLibrary& library) { library.config.enabled = false; };
@@ -29,61 +28,48 @@ SetUp Agents(const Strings& agents, bool isSettled = true) {
 }
 
 TEST(UnicastAgentAdd, HandsOverTheAgent) {
-  const char* const command = "cluster unicastagent add";
-  const Given wholeWitness = {{"type", "witness"},     {"uuid", "w"},
-                              {"addr", "fe80::1"},     {"supports-unicast", true},
-                              {"port", kWrap + 12321}, {"bound-interface-name", "knic1"}};
-  const Given wholeNode = {{"type", "node"},
-                           {"uuid", "?"},
-                           {"addr", "::1"},
-                           {"port", -1},
-                           {"supports-unicast", false},
-                           {"bound-interface-name", ""}};
-  const auto witness = [](const std::string& arguments) {
-    return kAskedAndOpen + Strings{"GetUnicastWitnesses()", "AddUnicastAgent(" + arguments + ", )"};
-  };
-  Check(command, {}, {{"addr", "1.2.3.4"}},
-        witness(kNil + ", true, false, v4 1.2.3.4, 12321, false, "), kTrue);
-  Check(command, {}, wholeWitness, witness("w, true, true, v6 fe80::1, 2147483647, true, knic1"),
+  const std::string command = "cluster unicastagent add ";
+  const Strings looked = kAskedAndOpen + "GetUnicastWitnesses()";
+  Check(command + "--addr 1.2.3.4",
+        looked + ("AddUnicastAgent(" + kNil + ", true, false, v4 1.2.3.4, 12321, false, , )"),
         kTrue);
-  Check(command, Witnesses({"w1", "w2"}), wholeNode,
-        kAskedAndOpen + Strings{"AddUnicastAgent(?, false, false, v6 ::1, -1, true, , )",
-                                "RefreshUnicastAgents()"},
+  // Cut to 32 bits, the port would be the one by default.
+  Check(command + "-t witness -u w -a fe80::1 -U true -p 4294979617 -i knic1",
+        looked + "AddUnicastAgent(w, true, true, v6 fe80::1, 2147483647, true, knic1, )", kTrue);
+  Check(command + "-t node -u ? -a ::1 -U false -p -1 -i ''", Witnesses({"w1", "w2"}),
+        kAskedAndOpen + "AddUnicastAgent(?, false, false, v6 ::1, -1, true, , )" +
+            "RefreshUnicastAgents()",
         kTrue);
 }
 
 TEST(UnicastAgentAdd, Refuses) {
-  const char* const command = "cluster unicastagent add";
-  const std::string noUuid = "Can not add unicastagent without specifying node-uuid";
-  const std::string noSupport = "Can not add unicastagent without specifying unicast support";
+  const std::string command = "cluster unicastagent add ";
   const std::string second =
       "Dovra does not support connecting to more than one unicast witness, and there ";
-  const Strings looked = kAskedAndOpen + Strings{"GetUnicastWitnesses()"};
-  const Given bad = {{"addr", "1.2.3"}}, good = {{"addr", "1.2.3.4"}};
-  Check(command, kOnWitness, bad, kAsked,
+  const Strings looked = kAskedAndOpen + "GetUnicastWitnesses()";
+  Check(command + "-a 1.2.3", kOnWitness, kAsked,
         Failed("This host is a witness node which doesn't support adding unicast agent."));
-  Check(command, {}, {{"type", "node"}, {"addr", "1.2.3"}}, kAskedAndOpen, Failed(noUuid));
-  Check(command, {}, {{"type", "Witness"}, {"addr", "1.2.3.4"}}, kAskedAndOpen, Failed(noUuid));
-  Check(command, {}, {{"type", "node"}, {"uuid", ""}, {"addr", "1.2.3"}}, kAskedAndOpen,
-        Failed(noSupport));
-  Check(command, Witnesses({"w1"}), bad, kAskedAndOpen, Failed("Invalid IP address 1.2.3"));
-  Check(command, Witnesses({"w1"}), good, looked,
+  Check(command + "-a 1.2.3 -t node", kAskedAndOpen,
+        Failed("Can not add unicastagent without specifying node-uuid"));
+  Check(command + "-a 1.2.3 -t node -u ''", kAskedAndOpen,
+        Failed("Can not add unicastagent without specifying unicast support"));
+  Check(command + "-a 1.2.3", Witnesses({"w1"}), kAskedAndOpen, Failed("Invalid IP address 1.2.3"));
+  Check(command + "-a 1.2.3.4", Witnesses({"w1"}), looked,
         Failed(second + "is already a unicast witness configured: w1."));
-  Check(command, Witnesses({"w1", "w2"}), good, looked,
+  Check(command + "-a 1.2.3.4", Witnesses({"w1", "w2"}), looked,
         Failed(second + "are already multiple unicast witnesses configured: w1,w2."));
 }
 
 TEST(UnicastAgentRemove, HandsOverTheAgentOrRefuses) {
-  const char* const command = "cluster unicastagent remove";
-  Check(command, {}, {{"addr", "fe80::1"}},
-        kAskedAndOpen + Strings{"RemoveUnicastAgent(" + kNil + ", v6 fe80::1, 12321)"}, kTrue);
-  Check(command, Agents({}, false), {{"uuid", "?"}, {"addr", "1.2.3.4"}, {"port", -kWrap - 1}},
-        kAskedAndOpen +
-            Strings{"RemoveUnicastAgent(?, v4 1.2.3.4, -2147483648)", "RefreshUnicastAgents()"},
+  const std::string command = "cluster unicastagent remove ";
+  Check(command + "-a fe80::1",
+        kAskedAndOpen + ("RemoveUnicastAgent(" + kNil + ", v6 fe80::1, 12321)"), kTrue);
+  Check(command + "-u ? -a 1.2.3.4 -p -4294967297", Agents({}, false),
+        kAskedAndOpen + "RemoveUnicastAgent(?, v4 1.2.3.4, -2147483648)" + "RefreshUnicastAgents()",
         kTrue);
-  Check(command, kOnWitness, {{"addr", "1.2.3"}}, kAsked,
+  Check(command + "-a 1.2.3", kOnWitness, kAsked,
         Failed("This host is a witness node which doesn't support removing unicast agent."));
-  Check(command, {}, {{"addr", ""}}, kAskedAndOpen, Failed("Invalid IP address "));
+  Check(command + "-a ''", kAskedAndOpen, Failed("Invalid IP address "));
 }
 
 TEST(UnicastAgentList, ShowsEntriesAsTheyStand) {
@@ -108,14 +94,14 @@ TEST(UnicastAgentList, ShowsEntriesAsTheyStand) {
              ", IsWitness: " + row[1] + ", Supports Unicast: " + row[2] +
              ", IP Address: " + row[3] + ", Port: " + row[4] + ", Iface Name: " + row[5] + "}";
   }
-  Check("cluster unicastagent list", Agents(entries), {}, kRead, {shown + "]", {}});
+  Check("cluster unicastagent list", Agents(entries), kRead, {shown + "]", {}});
 }
 
 TEST(UnicastAgentList, LeavesAnEmptyListOrNone) {
   const char* const command = "cluster unicastagent list";
-  Check(command, {}, {}, kRead, {"[]", {}});
-  Check(command, kNotEnabled, {}, kEnabled, Failed("Dovra isn't enabled on the host"));
-  Check(command, kOnWitness, {}, kEnabledAndAsked,
+  Check(command, kRead, {"[]", {}});
+  Check(command, kNotEnabled, kEnabled, Failed("Dovra isn't enabled on the host"));
+  Check(command, kOnWitness, kEnabledAndAsked,
         Failed("Unable to list unicast agent, this host is a witness node which doesn't "
                "support listing unicast agent.",
                "[]"));
@@ -124,13 +110,13 @@ TEST(UnicastAgentList, LeavesAnEmptyListOrNone) {
 TEST(UnicastAgentClear, RemovesEveryAgentOrRefuses) {
   const char* const command = "cluster unicastagent clear";
   const Strings agents = {kNil + ";1;0;10.0.0.5;12321;", "n;0;1;fe80::1;4294979617;knic1;b"};
-  const Strings removed = kRead + Strings{"RemoveUnicastAgent(" + kNil + ", v4 10.0.0.5, 12321)",
-                                          "RemoveUnicastAgent(n, v6 fe80::1, 2147483647)"};
-  Check(command, Agents(agents, false), {}, removed + Strings{"RefreshUnicastAgents()"}, kTrue);
-  Check(command, Agents(agents), {}, removed, kTrue);
-  Check(command, Agents({}, false), {}, kRead, kTrue);
-  Check(command, kNotEnabled, {}, kEnabled, Failed("Dovra isn't enabled on the host"));
-  Check(command, kOnWitness, {}, kEnabledAndAsked,
+  const Strings removed = kRead + ("RemoveUnicastAgent(" + kNil + ", v4 10.0.0.5, 12321)") +
+                          "RemoveUnicastAgent(n, v6 fe80::1, 2147483647)";
+  Check(command, Agents(agents, false), removed + "RefreshUnicastAgents()", kTrue);
+  Check(command, Agents(agents), removed, kTrue);
+  Check(command, Agents({}, false), kRead, kTrue);
+  Check(command, kNotEnabled, kEnabled, Failed("Dovra isn't enabled on the host"));
+  Check(command, kOnWitness, kEnabledAndAsked,
         Failed("Unable to remove unicast agent(s), this host is a witness node which "
                "doesn't support removing unicast agent."));
 }
@@ -149,12 +135,12 @@ TEST(UnicastAgentEntry, BadOneEndsListingAndClearing) {
       {"n;0;1;where;9", invalid + "port n;0;1;where;9", invalid + "port n;0;1;where;9"},
       {"n;0;1;where;9;", invalid + "nodeuuid last", "Invalid IP address where"},
   };
-  const Strings removed = {"RemoveUnicastAgent(a, v4 1.1.1.1, 1)",
-                           "RemoveUnicastAgent(b, v4 1.1.1.2, 2)"};
+  const Strings removed =
+      kRead + "RemoveUnicastAgent(a, v4 1.1.1.1, 1)" + "RemoveUnicastAgent(b, v4 1.1.1.2, 2)";
   for (const auto& [entry, listed, cleared] : rows) {
     const auto agents = Agents({"a;0;1;1.1.1.1;1;", "b;0;1;1.1.1.2;2;", entry, "last"}, false);
-    Check("cluster unicastagent list", agents, {}, kRead, Failed(listed));
-    Check("cluster unicastagent clear", agents, {}, kRead + removed, Failed(cleared));
+    Check("cluster unicastagent list", agents, kRead, Failed(listed));
+    Check("cluster unicastagent clear", agents, removed, Failed(cleared));
   }
 }
 
