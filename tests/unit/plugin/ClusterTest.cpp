@@ -179,18 +179,17 @@ class ClusterLeave : public testing::Test {
 TEST_F(ClusterLeave, TellsOfTheDatastores) {
   const Strings read = kConfig + "GetDatastores()";
   const Strings left = read + "LeaveCluster(false)";
-  const Testing::SetUp busy = [](RecordingLibrary& library) {
-    library.failures["LeaveCluster"] = "busy";
-  };
-  const Testing::SetUp broken = [](RecordingLibrary& library) {
-    library.failures["GetDatastores"] = "broken";
+  const auto failing = [](std::size_t place) -> Testing::SetUp {
+    using HostCtl::Lib::Dovra::DovraCtlException;
+    const auto busy = std::make_exception_ptr(DovraCtlException("busy"));
+    return [=](RecordingLibrary& library) { library.exceptions[place] = busy; };
   };
   CheckLeaving({"a", "it's; $(b)"}, {}, left, kTrue, "<-t><PreUnmount><-d><a,it's; $(b)>");
-  CheckLeaving({"a", "b"}, busy, left, Failed("busy"),
+  CheckLeaving({"a", "b"}, failing(4), left, Failed("busy"),
                "<-t><PreUnmount><-d><a,b><-t><FailedUnmount><-d><a,b>");
-  CheckLeaving({}, busy, left, Failed("busy"), "<-t><PreUnmount><-d>");
+  CheckLeaving({}, failing(4), left, Failed("busy"), "<-t><PreUnmount><-d>");
   // It says nothing before it knows what to say.
-  CheckLeaving({"a"}, broken, read, Failed("broken"), "");
+  CheckLeaving({"a"}, failing(3), read, Failed("busy"), "");
   CheckLeaving({"a"}, kNotEnabled, kConfig, Failed("The host is not in a Dovra cluster."), "");
 }
 

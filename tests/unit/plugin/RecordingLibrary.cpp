@@ -5,6 +5,7 @@
 
 #include <concepts>
 
+#include "baselibs/Text.h"
 #include "platform/baselibs/Uuid.h"
 #include "platform/corectl/DovraUtil.h"
 
@@ -15,6 +16,7 @@ namespace {
 using namespace HostCtl::Dovra;
 using CoreCtl::Dovra::DovraUtil;
 using Strings = std::vector<std::string>;
+using Word = const std::string&;
 
 RecordingLibrary* living = nullptr;
 
@@ -34,24 +36,16 @@ std::string Text(const DovraIpAddress& address) {
   return (address.isIpv6 ? "v6 " : "v4 ") + address.GetStringAddress();
 }
 std::string Text(const Strings& values) {
-  std::string text;
-  for (const auto& value : values) text += (&value == &values.front() ? "" : ", ") + value;
-  return "[" + text + "]";
+  return "[" + BaseLibs::Join(values, ", ") + "]";
 }
 
 /// Notes the call, then fails if the test said so.
 template <class... Arguments>
 RecordingLibrary& Record(const std::string& operation, const Arguments&... arguments) {
-  std::string list;
-  ((list += ", " + Text(arguments)), ...);
-  auto& [calls, failures, exceptions] = static_cast<RecordingLog&>(*living);
-  calls.push_back(operation + "(" + (list.empty() ? "" : list.substr(2)) + ")");
-  if (const auto exception = exceptions.find(calls.size() - 1); exception != exceptions.end()) {
-    std::rethrow_exception(exception->second);
-  }
-  if (const auto failure = failures.find(operation); failure != failures.end()) {
-    throw HostCtl::Lib::Dovra::DovraCtlException(failure->second);
-  }
+  living->calls.push_back(operation + "(" + BaseLibs::Join(Strings{Text(arguments)...}, ", ") +
+                          ")");
+  const auto exception = living->exceptions.find(living->calls.size() - 1);
+  if (exception != living->exceptions.end()) std::rethrow_exception(exception->second);
   return *living;
 }
 
@@ -74,40 +68,30 @@ class RecordingInfo : public virtual DovraInfo, Counted<&RecordingLibrary::liveO
     const auto& known = Record(__func__, disk, luns.size()).diskInfos;
     if (const auto found = known.find(Text(disk)); found != known.end()) info = found->second;
   }
-  void AddDisks(const std::string& ssd, const Strings& disks) override {
-    Record(__func__, ssd, disks);
-  }
-  void MountDiskGroup(const std::string& ssd) override { Record(__func__, ssd); }
-  void MountDiskByUuid(const std::string& uuid) override { Record(__func__, uuid); }
-  void MountDisk(const std::string& disk) override { Record(__func__, disk); }
-  void RemoveDisk(const std::string& disk, const std::string& mode) override {
-    Record(__func__, disk, mode);
-  }
-  void RemoveDiskGroup(const std::string& ssd, const std::string& mode) override {
-    Record(__func__, ssd, mode);
-  }
-  void UnmountDiskGroup(const std::string& ssd) override { Record(__func__, ssd); }
-  void UnmountDisk(const std::string& disk) override { Record(__func__, disk); }
-  void UnmountDiskByUuid(const std::string& uuid) override { Record(__func__, uuid); }
-  void RemoveDiskByUuid(const std::string& uuid, const std::string& mode) override {
-    Record(__func__, uuid, mode);
-  }
+  void AddDisks(Word ssd, const Strings& disks) override { Record(__func__, ssd, disks); }
+  void MountDiskGroup(Word ssd) override { Record(__func__, ssd); }
+  void MountDiskByUuid(Word uuid) override { Record(__func__, uuid); }
+  void MountDisk(Word disk) override { Record(__func__, disk); }
+  void RemoveDisk(Word disk, Word mode) override { Record(__func__, disk, mode); }
+  void RemoveDiskGroup(Word ssd, Word mode) override { Record(__func__, ssd, mode); }
+  void UnmountDiskGroup(Word ssd) override { Record(__func__, ssd); }
+  void UnmountDisk(Word disk) override { Record(__func__, disk); }
+  void UnmountDiskByUuid(Word uuid) override { Record(__func__, uuid); }
+  void RemoveDiskByUuid(Word uuid, Word mode) override { Record(__func__, uuid, mode); }
   void SetAutoClaimMode(bool enabled) override { Record(__func__, enabled); }
   bool GetAutoClaimMode() override { return Record(__func__).autoClaim; }
-  void SetPreferredFaultDomain(const std::string& name) override { Record(__func__, name); }
+  void SetPreferredFaultDomain(Word name) override { Record(__func__, name); }
   bool IsLocalNodeWitness() override { return Record(__func__).isWitness; }
   DovraConfigGeneration GetConfigGeneration() override { return Record(__func__).generation; }
-  void RemoveKnic(const std::string& name, bool force, const std::string& traffic) override {
+  void RemoveKnic(Word name, bool force, Word traffic) override {
     Record(__func__, name, force, traffic);
   }
   void RefreshUnicastAgents() override { Record(__func__); }
-  void AddUnicastAgent(const std::string& uuid, bool witness, bool unicast,
-                       const DovraIpAddress& address, std::int32_t port, bool hasInterface,
-                       const std::string& interface, const std::string& extra) override {
+  void AddUnicastAgent(Word uuid, bool witness, bool unicast, const DovraIpAddress& address,
+                       std::int32_t port, bool hasInterface, Word interface, Word extra) override {
     Record(__func__, uuid, witness, unicast, address, port, hasInterface, interface, extra);
   }
-  bool RemoveUnicastAgent(const std::string& uuid, const DovraIpAddress& address,
-                          std::int32_t port) override {
+  bool RemoveUnicastAgent(Word uuid, const DovraIpAddress& address, std::int32_t port) override {
     return Record(__func__, uuid, address, port).removeUnicastAgentResult;
   }
   void GetUnicastAgents(Strings& entries) override { entries = Record(__func__).unicastAgents; }
@@ -116,39 +100,35 @@ class RecordingInfo : public virtual DovraInfo, Counted<&RecordingLibrary::liveO
   void RestoreClusterConfig(bool boot) override { Record(__func__, boot); }
   void ClearNetworkConfig() override { Record(__func__); }
   void ClearDatastores() override { Record(__func__); }
-  void JoinCluster(const Uuid& cluster, bool witness, const std::string& preferred, bool wait,
+  void JoinCluster(const Uuid& cluster, bool witness, Word preferred, bool wait,
                    bool reserved) override {
     Record(__func__, cluster, witness, preferred, wait, reserved);
   }
-  void CreateCluster(const std::string& uuid, bool enable, bool reserved) override {
+  void CreateCluster(Word uuid, bool enable, bool reserved) override {
     Record(__func__, uuid, enable, reserved);
   }
   void LeaveCluster(bool reserved) override { Record(__func__, reserved); }
   const DovraClusterConfig& GetClusterConfig() override { return Record(__func__).config; }
-  void SetFaultDomain(const std::string& name) override { Record(__func__, name); }
+  void SetFaultDomain(Word name) override { Record(__func__, name); }
   void ResetFaultDomain() override { Record(__func__); }
   std::string GetFaultDomainName() override { return Record(__func__).faultDomainName; }
-  void AddCapacityFlashTag(const std::string& disk) override { Record(__func__, disk); }
-  void RemoveCapacityFlashTag(const std::string& disk) override { Record(__func__, disk); }
+  void AddCapacityFlashTag(Word disk) override { Record(__func__, disk); }
+  void RemoveCapacityFlashTag(Word disk) override { Record(__func__, disk); }
   void ClearPolicyDefaults() override { Record(__func__); }
-  std::string GetDatastoreName(const std::string& uuid) override {
+  std::string GetDatastoreName(Word uuid) override {
     return Record(__func__, uuid).datastoreNames[uuid];
   }
-  void SetDatastoreName(const std::string& uuid, const std::string& name) override {
-    Record(__func__, uuid, name);
-  }
+  void SetDatastoreName(Word uuid, Word name) override { Record(__func__, uuid, name); }
   void AddDatastore(const DovraDatastore& datastore) override {
     Record(__func__, datastore.GetUuid(), datastore.GetName(), datastore.IsDefault());
   }
-  void RemoveDatastore(const std::string& uuid, bool reserved) override {
-    Record(__func__, uuid, reserved);
-  }
+  void RemoveDatastore(Word uuid, bool reserved) override { Record(__func__, uuid, reserved); }
   void GetDatastores(Datastores& datastores) override {
     for (const auto& datastore : Record(__func__).datastores) {
       datastores.push_back(std::make_shared<DovraDatastore>(datastore));
     }
   }
-  bool IsKnicInUse(const std::string& name, const std::string& traffic) override {
+  bool IsKnicInUse(Word name, Word traffic) override {
     const auto& library = Record(__func__, name, traffic);
     return traffic == "dovra" ? library.knicInUseForDovra : library.knicInUseForWitness;
   }
@@ -157,10 +137,10 @@ class RecordingInfo : public virtual DovraInfo, Counted<&RecordingLibrary::liveO
       disks.push_back(DovraUtil::StringToDovraUuid(text));
     }
   }
-  void SetPolicyDefault(const std::string& policyClass, const std::string& policy) override {
+  void SetPolicyDefault(Word policyClass, Word policy) override {
     Record(__func__, policyClass, policy);
   }
-  std::string GetPolicyDefault(const std::string& policyClass) override {
+  std::string GetPolicyDefault(Word policyClass) override {
     return Record(__func__, policyClass).policies[policyClass];
   }
   std::int64_t GetResyncThrottle() override { return Record(__func__).throttle; }

@@ -14,19 +14,14 @@
 
 namespace Testing {
 
-/// What was asked of the library, and where it fails.
-struct RecordingLog {
+/// There is one at a time; the linked operations use it.
+struct RecordingLibrary {
   /// "Operation(argument, ...)" for each call, in order. Texts stand as they are, truth values as
   /// true and false, lists in brackets. `GetDovraPlugin` and `GetDovraInfo` are recorded too.
   std::vector<std::string> calls;
-  /// By operation: the text of the `DovraCtlException` that it throws after it was recorded.
-  std::map<std::string, std::string> failures;
   /// By a call's place in `calls`: what it throws after it was recorded.
   std::map<std::size_t, std::exception_ptr> exceptions;
-};
 
-/// There is one at a time; the linked operations use it.
-struct RecordingLibrary : RecordingLog {
   // Objects handed out and not released yet.
   int livePlugins = 0;
   int liveObjects = 0;

@@ -1,8 +1,8 @@
 #include "Run.h"
 
-#include <algorithm>
 #include <stdexcept>
 
+#include "baselibs/Text.h"
 #include "clitools/CommandLine.h"
 #include "clitools/Words.h"
 #include "frame/HostPaths.h"
@@ -20,7 +20,7 @@ int Host::restartPauses = 0;
 
 std::string ToText(const std::shared_ptr<MetaObject>& value) {
   if (!value) return "none";
-  std::string text;
+  std::vector<std::string> texts;
   switch (value->GetType()) {
     case MetaType::kBool:
       return static_cast<const MetaBool&>(*value).GetValue() ? "true" : "false";
@@ -30,14 +30,15 @@ std::string ToText(const std::shared_ptr<MetaObject>& value) {
       return static_cast<const MetaString&>(*value).GetValue();
     case MetaType::kStruct:
       for (const auto& name : static_cast<const MetaStruct&>(*value).GetFieldNames()) {
-        text += name + ": " + ToText(static_cast<const MetaStruct&>(*value).GetField(name)) + ", ";
+        texts.push_back(name + ": " +
+                        ToText(static_cast<const MetaStruct&>(*value).GetField(name)));
       }
-      return "{" + text.substr(0, text.size() - std::min<std::size_t>(text.size(), 2)) + "}";
+      return "{" + BaseLibs::Join(texts, ", ") + "}";
     case MetaType::kList:
       for (const auto& element : static_cast<const MetaList&>(*value).GetElements()) {
-        text += ToText(element) + ", ";
+        texts.push_back(ToText(element));
       }
-      return "[" + text.substr(0, text.size() - std::min<std::size_t>(text.size(), 2)) + "]";
+      return "[" + BaseLibs::Join(texts, ", ") + "]";
   }
   return "a value of no known type";
 }
