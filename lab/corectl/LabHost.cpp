@@ -19,6 +19,7 @@ namespace {
 struct Session {
   Selection selection;
   std::optional<Store> store;
+  bool isChecked = false;       // store is what this selection leads to
   std::optional<LabHost> host;  // after store, to which it refers
 };
 
@@ -51,7 +52,8 @@ HostRow ReadHost(Store& store, const std::string& name) {
 void Select(Selection selection) {
   Session& session = CurrentSession();
   session.host.reset();
-  session.store.reset();
+  if (selection.folder != session.selection.folder) session.store.reset();
+  session.isChecked = false;
   session.selection = std::move(selection);
 }
 
@@ -66,8 +68,11 @@ bool IsMade() {
 
 Store& OpenStore() {
   Session& session = CurrentSession();
-  if (!session.store)
+  if (session.isChecked) return *session.store;
+  if (!session.store || !session.store->IsCurrent()) {
     session.store.emplace(session.selection.folder, NewLab{FillNewLab, SettleRoots});
+  }
+  session.isChecked = true;
   return *session.store;
 }
 

@@ -23,9 +23,10 @@ struct Selection {
   bool namesHost = false;           ///< the host was chosen for this command, not for all
 };
 
-/// Says so. Nothing is opened or made until something is asked of the lab. What was opened for an
-/// earlier selection is closed, and references to it end; so whatever happened to that lab since,
-/// every selection sees it as a new process would.
+/// Says so. Nothing is opened or made until something is asked of the lab. References to what was
+/// opened for an earlier selection end. A store that stays the same is kept open, since its
+/// statements are compiled; but whatever happened to the lab since, every selection sees it as a
+/// new process would.
 void Select(Selection selection);
 
 const Selection& Selected();

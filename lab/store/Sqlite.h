@@ -81,6 +81,11 @@ class Database {
   /// Runs several statements at once, none of them with values.
   void Execute(const std::string& sql);
 
+  /// Forgets what was read of the file, which may have been overwritten by another program than
+  /// SQLite. False if it has to be opened anew: its name is no longer its own, it could only be
+  /// read, or a transaction could not be ended.
+  bool Renew();
+
   /// Begins a transaction that only reads.
   void BeginToRead();
   /// Begins one that may write. It waits for others here: one that has read cannot be overtaken.

@@ -26,24 +26,6 @@ std::int64_t ReadPragma(Database& database, const char* pragma) {
   return query.Step() ? query.Int(0) : 0;
 }
 
-void CheckIsLab(Database& database, const fs::path& file) {
-  if (ReadPragma(database, "PRAGMA application_id") != kApplicationId) {
-    throw LabError("\"" + file.string() + "\" is not a lab's store");
-  }
-  const std::int64_t version = ReadPragma(database, "PRAGMA user_version");
-  if (version != kSchemaVersion) {
-    throw LabError("the lab's store \"" + file.string() + "\" is from " +
-                   (version > kSchemaVersion ? "a newer" : "an older") + " version of autocli (" +
-                   std::to_string(version) + "; this one knows " + std::to_string(kSchemaVersion) +
-                   ")");
-  }
-  // SQLite takes a page that is cut off for one that ends in zeros.
-  const auto pageSize = static_cast<std::uintmax_t>(ReadPragma(database, "PRAGMA page_size"));
-  if (pageSize == 0 || fs::file_size(file) % pageSize != 0) {
-    throw LabError("the lab's store \"" + file.string() + "\" is damaged: its end is missing");
-  }
-}
-
 }  // namespace
 
 // SQLite takes some relative paths for something else.
@@ -52,16 +34,49 @@ Store::Store(const fs::path& folder, const NewLab& newLab) : folder_(fs::absolut
     throw LabError("the lab's folder \"" + folder_.string() +
                    "\" cannot be used: its path is too long");
   }
-  const fs::path file = folder_ / kStoreFile;
   std::error_code ignored;
-  const bool isNew = !fs::exists(file, ignored);
+  const bool isNew = !fs::exists(GetFile(), ignored);
   if (isNew) PrepareLabFolder(folder_);
+  RequireTrust();
+  if (isNew) Make(newLab);
+  database_.emplace(GetFile().string(), Journal::kKept);
+  Check();
+}
+
+bool Store::IsCurrent() {
+  if (!database_->Renew()) return false;
+  RequireTrust();
+  Check();
+  return true;
+}
+
+fs::path Store::GetFile() const {
+  return folder_ / kStoreFile;
+}
+
+void Store::RequireTrust() const {
   RequireTrusted(folder_, kStoreFile);
   RequireTrusted(folder_, kHostsFolder);
-  if (isNew) Make(newLab);
-  database_.emplace(file.string(), Journal::kKept);
+}
+
+void Store::Check() {
+  const fs::path file = GetFile();
   Transaction atRest(*this, Transaction::Kind::kRead);
-  CheckIsLab(*database_, file);
+  if (ReadPragma(*database_, "PRAGMA application_id") != kApplicationId) {
+    throw LabError("\"" + file.string() + "\" is not a lab's store");
+  }
+  const std::int64_t version = ReadPragma(*database_, "PRAGMA user_version");
+  if (version != kSchemaVersion) {
+    throw LabError("the lab's store \"" + file.string() + "\" is from " +
+                   (version > kSchemaVersion ? "a newer" : "an older") + " version of autocli (" +
+                   std::to_string(version) + "; this one knows " + std::to_string(kSchemaVersion) +
+                   ")");
+  }
+  // SQLite takes a page that is cut off for one that ends in zeros.
+  const auto pageSize = static_cast<std::uintmax_t>(ReadPragma(*database_, "PRAGMA page_size"));
+  if (pageSize == 0 || fs::file_size(file) % pageSize != 0) {
+    throw LabError("the lab's store \"" + file.string() + "\" is damaged: its end is missing");
+  }
   atRest.Commit();
 }
 
@@ -83,13 +98,13 @@ void Store::Make(const NewLab& newLab) {
     while (!TakeStep(newLab)) continue;
   } catch (const LabError&) {
     // A draft that was begun late is taken away under its maker's hands.
-    if (!fs::exists(folder_ / kStoreFile)) throw;
+    if (!fs::exists(GetFile())) throw;
   }
   database_.reset();
 }
 
 bool Store::TakeStep(const NewLab& newLab) {
-  const fs::path file = folder_ / kStoreFile;
+  const fs::path file = GetFile();
   Transaction transaction(*this, Transaction::Kind::kWrite);
   std::error_code error;
   if (fs::exists(file)) {
@@ -117,7 +132,7 @@ bool Store::TakeStep(const NewLab& newLab) {
 }
 
 void Store::FailDamaged(const std::string& what) const {
-  throw LabError("the lab's store \"" + (folder_ / kStoreFile).string() + "\" is damaged: " + what);
+  throw LabError("the lab's store \"" + GetFile().string() + "\" is damaged: " + what);
 }
 
 Store::Transaction::Transaction(Store& store, Kind kind) : database_(*store.database_) {

@@ -161,6 +161,9 @@ class Store {
   /// folder or what is in it cannot serve as a lab; nothing is changed then.
   Store(const std::filesystem::path& folder, const NewLab& newLab);
 
+  /// Whether this is still what opening it anew would lead to. Throws `LabError` where that would.
+  bool IsCurrent();
+
   const std::filesystem::path& GetFolder() const { return folder_; }
 
   /// Throws the `LabError` that says that rows contradict each other.
@@ -245,6 +248,10 @@ class Store {
   };
 
  private:
+  std::filesystem::path GetFile() const;
+  void RequireTrust() const;
+  /// Throws `LabError` if the file that was opened is not a store that can be used.
+  void Check();
   void Make(const NewLab& newLab);
   /// Brings the store in the making one step further; returns whether it was the last.
   bool TakeStep(const NewLab& newLab);

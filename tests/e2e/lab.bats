@@ -81,9 +81,14 @@ as_nobody() {
     store=$AUTOCLI_LAB/lab.db
     cp "$store" "$BATS_TEST_TMPDIR/good"
     unusable 'no host "nope" in this lab; its hosts are: host1' --host nope dovra cluster get
+    coproc batch { autocli --keep-going --batch - 2>&1; } # which has used it before it was damaged
+    enabled='--formatter csv --no-header --fields Enabled dovra cluster get'
+    ask() { echo "$1" >&"${batch[1]}" && read -r told <&"${batch[0]}"; }
     max=9223372036854775807
     while IFS='|' read -r damage error commands; do
         cp "$BATS_TEST_TMPDIR/good" "$store"
+        ask "$enabled"
+        [[ $told == true ]]
         case $damage in
         SQL*) tamper "${damage#SQL}" ;;
         *) eval "$damage" ;;
@@ -94,6 +99,8 @@ as_nobody() {
             echo "$damage: $line"
             # shellcheck disable=SC2086
             unusable "$error" $line
+            ask "$line"
+            matches "${told#autocli: standard input:*: }" "$error"
         done
         [[ $(sha256sum <"$store") == "$before" ]]
     done <<EOF
@@ -113,6 +120,11 @@ SQLDELETE FROM lab|the lab's store "$store" is damaged: it has no name|lab host 
 EOF
     cp "$BATS_TEST_TMPDIR/good" "$store"
     [[ $(cluster_field Enabled) == true ]]
+    ask "$enabled"
+    [[ $told == true ]]
+    rm -r "$AUTOCLI_LAB"
+    ask "$enabled"
+    [[ $told == false ]]
 }
 
 @test "paths that SQLite would take for something else, or not at all" {
