@@ -4,6 +4,7 @@
 
 #include <set>
 #include <system_error>
+#include <utility>
 
 #include "baselibs/File.h"
 #include "store/LabFolder.h"
@@ -131,14 +132,23 @@ void SettleRoots(Store& store) {
   }
 }
 
-void ReplaceFile(const fs::path& path, const std::string& content) {
+void ReplaceFile(const fs::path& root, const fs::path& name, const std::string& content) {
+  const fs::path path = root / name;
   const fs::path draft = path.string() + ".new-" + std::to_string(getpid());
   try {
+    fs::path folder = root;
+    for (const fs::path& part : name.parent_path()) {
+      const fs::path above = std::exchange(folder, folder / part);
+      fs::create_directory(folder);
+      SyncFolder(above);  // also where one made it that was killed then
+    }
     fs::remove(draft);
     WriteNewFile(draft, content);
     fs::rename(draft, path);
-    SyncFolder(path.parent_path());
+    SyncFolder(folder);
   } catch (const fs::filesystem_error& error) {
+    std::error_code ignored;
+    fs::remove(draft, ignored);
     throw LabError("\"" + path.string() + "\" cannot be written: " + error.code().message());
   }
 }

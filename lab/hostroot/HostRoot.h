@@ -23,7 +23,9 @@ void MakeRoot(Store& store, const HostRow& host, const std::filesystem::path& fi
 /// removed hosts: until then it could still have been undone. What fails stays for the next time.
 void SettleRoots(Store& store);
 
-/// Writes the file anew, so that its readers see the old or the new content. Throws `LabError`.
-void ReplaceFile(const std::filesystem::path& path, const std::string& content);
+/// Writes the file below the root anew, so that its readers see the old or the new content, and
+/// makes the folders that it needs there; the root it does not make. Throws `LabError`.
+void ReplaceFile(const std::filesystem::path& root, const std::filesystem::path& name,
+                 const std::string& content);
 
 }  // namespace Lab

@@ -1,6 +1,6 @@
 // `lab traced`.
 
-#include <filesystem>
+#include <string>
 
 #include "corectl/LabHost.h"
 #include "frame/Frame.h"
@@ -12,15 +12,9 @@ using namespace OrvaneCli::DovraNamespace;
 
 namespace {
 
-namespace fs = std::filesystem;
-
 /// The file in which the stand-in daemon keeps its state.
 void WriteState(bool running, std::int64_t failingRestarts) {
-  const fs::path folder = LabHost::Current().GetRoot() / "var" / "run";
-  std::error_code ignored;
-  for (const fs::path& missing : {folder.parent_path(), folder})
-    fs::create_directory(missing, ignored);
-  ReplaceFile(folder / "dovratraced.json",
+  ReplaceFile(LabHost::Current().GetRoot(), "var/run/dovratraced.json",
               std::string(R"({"running": )") + (running ? "true" : "false") +
                   R"(, "fail_restarts": )" + std::to_string(failingRestarts) + "}\n");
 }
