@@ -1,9 +1,10 @@
 // Any result makes a document that other people's parsers read, and JSON gives the result back.
+// The input is MessagePack, which holds what JSON does, and texts that are not UTF-8.
 
-#include <fuzzer/FuzzedDataProvider.h>
 #include <libxml/parser.h>
 
 #include <nlohmann/json.hpp>
+#include <utility>
 
 #include "Fuzz.h"
 #include "clitools/Format.h"
@@ -13,94 +14,69 @@ using Json = nlohmann::ordered_json;
 
 namespace {
 
-/// A result, and what is to be read back of it.
-struct Made {
-  std::shared_ptr<MetaObject> result;
-  Json json;
-};
+/// With U+FFFD for what is not UTF-8.
+Json Readable(const Json& value) {
+  return Json::parse(value.dump(-1, ' ', false, Json::error_handler_t::replace));
+}
 
-/// Makes any result of the fuzzer's bytes.
-class Maker {
- public:
-  Maker(const std::uint8_t* data, std::size_t size) : data_(data, size) {}
-
-  Made Make(int depth = 0) {
-    constexpr int kText = 2, kAll = 5, kDeepest = 3;
-    switch (data_.ConsumeIntegralInRange(0, depth < kDeepest ? kAll : kText)) {
-      case 0: {
-        const bool value = data_.ConsumeBool();
-        return {MetaBool::New(value), value};
-      }
-      case 1: {
-        const auto value = data_.ConsumeIntegral<std::int64_t>();
-        return {MetaInt::New(value), value};
-      }
-      case kText: {
-        const std::string value = data_.ConsumeRandomLengthString();
-        return {MetaString::New(value), Utf8(value)};
-      }
-      case 3: {
-        const auto list = MetaList::New(MetaType::kString);
-        Json json = Json::array();
-        while (data_.ConsumeBool()) {
-          const std::string value = data_.ConsumeRandomLengthString();
-          list->Add(value);
-          json.push_back(Utf8(value));
+/// Of any value that which a result can be: its lists are of texts, or of records that have fields
+/// of the first one's.
+Json Tame(const Json& value) {
+  if (value.is_boolean() || value.is_string()) return value;
+  if (value.is_number_integer()) return value.get<std::int64_t>();
+  Json tamed = value.is_object() ? Json::object() : Json::array();
+  if (value.is_object()) {
+    for (const auto& [name, field] : value.items()) tamed[Readable(name)] = Tame(field);
+  } else if (value.is_array()) {
+    for (const Json& element : value) {
+      if (value.front().is_object() ? !element.is_object() : !element.is_string()) continue;
+      Json kept = Tame(element);
+      if (kept.is_object() && !tamed.empty()) {
+        const Json whole = std::exchange(kept, Json::object());
+        for (const auto& [name, ignored] : tamed.front().items()) {
+          if (whole.contains(name)) kept[name] = whole[name];
         }
-        return {list, json};
       }
-      case 4:
-        return MakeRecord(depth);
-      default: {
-        const auto list = MetaList::New(MetaType::kStruct);
-        Json json = Json::array();
-        while (json.empty() || data_.ConsumeBool()) {
-          const Made record = json.empty() ? MakeRecord(depth) : MakeRecord(depth, json[0]);
-          list->Add(std::static_pointer_cast<MetaStruct>(record.result));
-          json.push_back(record.json);
-        }
-        return {list, json};
-      }
+      tamed.push_back(kept);
     }
   }
+  return tamed;
+}
 
- private:
-  /// With U+FFFD for what is not UTF-8.
-  static std::string Utf8(const std::string& text) {
-    return Json::parse(Json(text).dump(-1, ' ', false, Json::error_handler_t::replace));
-  }
-
-  /// A record of any fields.
-  Made MakeRecord(int depth) {
-    Json names = Json::object();
-    while (data_.ConsumeBool()) names[Utf8(data_.ConsumeRandomLengthString())] = true;
-    return MakeRecord(depth, names);
-  }
-
-  /// A record that has fields of another one's, as all of a list's have those of its first.
-  Made MakeRecord(int depth, const Json& other) {
+std::shared_ptr<MetaObject> Make(const Json& tamed) {
+  if (tamed.is_boolean()) return MetaBool::New(tamed.get<bool>());
+  if (tamed.is_string()) return MetaString::New(tamed.get<std::string>());
+  if (tamed.is_number()) return MetaInt::New(tamed.get<std::int64_t>());
+  if (tamed.is_object()) {
     const auto record = MetaStruct::New("R");
-    Json json = Json::object();
-    for (const auto& [name, ignored] : other.items()) {
-      if (!data_.ConsumeBool()) continue;
-      const Made field = Make(depth + 1);
-      record->SetField(name, field.result);
-      json[name] = field.json;
-    }
-    return {record, json};
+    for (const auto& [name, field] : tamed.items()) record->SetField(name, Make(field));
+    return record;
   }
-
-  FuzzedDataProvider data_;
-};
+  const bool isOfRecords = !tamed.empty() && tamed.front().is_object();
+  const auto list = MetaList::New(isOfRecords ? MetaType::kStruct : MetaType::kString);
+  for (const Json& element : tamed) {
+    if (isOfRecords) {
+      list->Add(std::static_pointer_cast<MetaStruct>(Make(element)));
+    } else {
+      list->Add(element.get<std::string>());
+    }
+  }
+  return list;
+}
 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const Made made = Maker(data, size).Make();
+  constexpr std::size_t kMost = 1000;  // bytes; more would only nest more than the parser can take
+  const Json value = size > kMost ? Json(Json::value_t::discarded)
+                                  : Json::from_msgpack(data, data + size, true, false);
+  if (value.is_discarded()) return -1;
+  const Json tamed = Tame(value);
+  const auto result = Make(tamed);
   for (const std::string& formatter : CliTools::FormatterNames()) {
-    const std::string text = CliTools::Format(*made.result, formatter, {});
+    const std::string text = CliTools::Format(*result, formatter, {});
     Require("UTF-8", !Json(text).dump().empty());  // throws
-    if (formatter == "json") Require("JSON", Json::parse(text) == made.json);
+    if (formatter == "json") Require("JSON", Json::parse(text) == Readable(tamed));
     if (formatter != "xml") continue;
     xmlDoc* const document =
         xmlReadMemory(text.data(), static_cast<int>(text.size()), nullptr, nullptr, XML_PARSE_HUGE);
