@@ -58,9 +58,9 @@ void CheckTraceFile(const std::string& text) {
   const std::string kField = "Number Of Files To Rotate: ";
   const std::size_t begin = wanted.rfind(kField) + kField.size();
   wanted.replace(begin, wanted.find(',', begin) - begin, "77");
-  Require("set", Testing::Run("trace set", {{"numfiles", std::int64_t{77}}}).root == "true");
+  Require("set", Testing::Run("trace set --numfiles 77").root == "true");
   Require("what was set is shown", show() == wanted);
-  Require("reset", Testing::Run("trace set", {{"reset", true}}).root == "true");
+  Require("reset", Testing::Run("trace set --reset true").root == "true");
   Require("nothing is left", show() == empty);
 }
 
