@@ -1,5 +1,4 @@
-// A plug-in with a command, `break`, that throws what no command may, and what else the variable
-// FAULT asks for.
+// A plug-in with a command, `odd`, that does what no plug-in may: what the variable FAULT names.
 #include "baselibs/Environment.h"
 #include "corectl/Hosts.h"
 #include "corectl/LabHost.h"
@@ -8,33 +7,22 @@
 namespace {
 
 using namespace OrvaneCli::DovraNamespace;
-
-class Break final : public SuccessCommand<Break> {
- public:
-  Break() { DescribeOperation("Break off in the middle of a change."); }
-
- private:
-  InputSpecPtr GetInputSpecInternal() override {
-    return MakeInputSpec({{"with", "w", ParameterType::kString, Need::kRequired, "%ENUM%",
-                           OneOf({{"error", ""}, {"refusal", ""}, {"number", ""}})}});
-  }
-
-  void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
-    output->SetRootObject(MetaBool::New(true));
-    Lab::LabHost::Current().Change([&](Lab::Store& store, Lab::HostRow& host) {
-      host.faultDomain = "half done";
-      store.Save(host);
-      Lab::AddHost(store, "half-done");
-      const std::string what = input->GetParameter("with");
-      if (what == "error") throw std::runtime_error("an error\nof its own");
-      if (what == "refusal") throw DovraCtlException("a refusal");
-      throw 7;
-    });
-  }
-};
+using CliTools::AutoCli::Namespace;
 
 std::string Fault() {
   return BaseLibs::Environment("FAULT");
+}
+
+/// Begins a change, and throws what no command may.
+void BreakOff() {
+  Lab::LabHost::Current().Change([&](Lab::Store& store, Lab::HostRow& host) {
+    host.faultDomain = "half done";
+    store.Save(host);
+    Lab::AddHost(store, "half-done");
+    if (Fault() == "throws an error") throw std::runtime_error("an error\nof its own");
+    if (Fault() == "throws a refusal") throw DovraCtlException("a refusal");
+    throw 7;
+  });
 }
 
 class Odd final : public CliTools::AutoCli::Command {
@@ -50,6 +38,7 @@ class Odd final : public CliTools::AutoCli::Command {
   }
 
   void ExecuteInternal(const InputPtr&, const OutputPtr& output) override {
+    if (Fault().starts_with("throws")) BreakOff();
     static const auto record = MetaStruct::New("Odd");  // lasting, as nobody else could release it
     if (Fault() == "part of itself") record->SetField("Itself", record);
     const auto list = MetaList::New(MetaType::kStruct);
@@ -62,25 +51,18 @@ class Odd final : public CliTools::AutoCli::Command {
 
 }  // namespace
 
-extern "C" void AutoCli_RegisterNamespaces(
-    const std::shared_ptr<CliTools::AutoCli::Namespace>& root) {
-  using CliTools::AutoCli::Namespace;
-  root->RegisterNamespaceNode(Break::New(), "break");
+extern "C" void AutoCli_RegisterNamespaces(const std::shared_ptr<Namespace>& root) {
   const std::string fault = Fault();
-  if (fault == "throws") throw std::runtime_error("no licence");
-  if (fault == "many") {
-    for (int number = 0; number < 10000; ++number) {
-      root->RegisterNamespaceNode(Namespace::New(), "name" + std::to_string(number));
-    }
+  if (fault == "has no licence") throw std::runtime_error("no licence");
+  for (int number = 0; fault == "many names" && number < 10000; ++number) {
+    root->RegisterNamespaceNode(Namespace::New(), "name" + std::to_string(number));
   }
   // Lasting, as nobody else could release what holds itself.
   static const auto space = Namespace::New();
   static const auto inner = Namespace::New();
+  space->RegisterNamespaceNode(inner, "inner");
   if (fault == "no node") root->RegisterNamespaceNode(nullptr, "odd");
   if (fault == "below itself") space->RegisterNamespaceNode(space, "odd");
-  if (fault == "above its parent") {
-    space->RegisterNamespaceNode(inner, "inner");
-    inner->RegisterNamespaceNode(space, "odd");
-  }
-  if (!fault.empty()) root->RegisterNamespaceNode(std::make_shared<Odd>(), "odd");
+  if (fault == "above its parent") inner->RegisterNamespaceNode(space, "odd");
+  root->RegisterNamespaceNode(std::make_shared<Odd>(), "odd");
 }
