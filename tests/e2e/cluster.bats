@@ -10,19 +10,6 @@ roles() { # HOST: master, backup and members as the host sees them, by host name
         sed "s/$nil/none/g; $(autocli --formatter json lab host list | jq -r '.[] | "s/\(.UUID)/\(.Name)/g"' | paste -sd';')"
 }
 
-@test "the empty record, its message and exit 1 outside any cluster" {
-    expect 1 '*' 'Dovra Clustering is not enabled on this host' --formatter json dovra cluster get
-    [[ $(jq -c . <<<"$output") == '{"Enabled":false,"Current Local Time":"","Local Node UUID":"","Local Node Type":"","Local Node State":"","Local Node Health State":"","Sub-Cluster Master UUID":"","Sub-Cluster Backup UUID":"","Sub-Cluster UUID":"","Sub-Cluster Membership Entry Revision":0,"Sub-Cluster Member Count":0,"Sub-Cluster Member UUIDs":[],"Sub-Cluster Membership UUID":"","Unicast Mode Enabled":false,"Maintenance Mode State":"","Config Generation":""}' ]]
-}
-
-@test "one object with typed fields in order" {
-    new_cluster
-    expect 0 '*' '' --formatter json dovra cluster get
-    [[ $(jq -c 'to_entries | map(.value | type)' <<<"$output") == '["boolean","string","string","string","string","string","string","string","string","number","number","array","string","boolean","string","string"]' ]]
-    [[ $(jq -r .Enabled <<<"$output") == true ]]
-    [[ $(jq -r '."Config Generation"' <<<"$output") =~ ^[0-9a-f-]{36}\ 1\ [0-9T:-]+\.[0-9]{1,3}$ ]]
-}
-
 @test "three hosts see one cluster, and leaving hands the roles on" {
     new_cluster host2
     autocli lab host add --name witness
@@ -121,9 +108,8 @@ roles() { # HOST: master, backup and members as the host sees them, by host name
 
 @test "time stamps show the host's time zone" {
     new_cluster
-    for zone in UTC Asia/Kolkata America/New_York; do
-        time=$(TZ=$zone cluster_field "Config Generation" | cut -d' ' -f3)
-        [[ $(TZ=$zone date -d "${time%.*}" +%s) -le $(date +%s) ]]
-        [[ $(TZ=$zone date -d "${time%.*}" +%s) -gt $(($(date +%s) - 60)) ]]
-    done
+    export TZ=Asia/Kolkata
+    generation=$(cluster_field "Config Generation")
+    [[ $generation =~ ^$(host_uuid host1)\ 1\ ([0-9T:-]+)\.[0-9]{1,3}$ ]]
+    ((age = $(date +%s) - $(date -d "${BASH_REMATCH[1]}" +%s), age >= 0 && age < 60))
 }

@@ -6,24 +6,17 @@ unusable() { expect 3 '' "autocli: $1" "${@:2}"; }
 
 @test "a wrong command line is refused in words that name what is allowed" {
     wrong 'a command is missing; known here: dovra, lab (more: autocli --help)'
-    wrong '*' dovra clutser get
-    [[ $stderr == 'autocli: dovra: there is no "clutser"; did you mean "cluster"? (known here: '* ]]
+    wrong 'dovra: there is no "clutser"; did you mean "cluster"? (known here: *' dovra clutser get
     wrong 'dovra faultdomain: a command is missing; known here: set, get, reset (more: autocli dovra faultdomain --help)' dovra faultdomain
-    wrong 'dovra cluster join: Missing required parameter --cluster-uuid (text)' dovra cluster join
-    wrong '*' --formatter yaml dovra cluster get
-    [[ $stderr == *'"yaml"'*'simple, table, json, csv, xml, keyvalue'* ]]
+    wrong '*"yaml"*simple, table, json, csv, xml, keyvalue*' --formatter yaml dovra cluster get
     wrong "dovra cluster new: --formatter: \"csv\" cannot show this command's result; allowed: simple, json, xml, keyvalue" --formatter csv dovra cluster new
-    wrong '*' --hots host2 dovra cluster get
-    [[ $stderr == *--hots*--host* ]]
-    wrong '*' dovra resync throttle set --level 513
-    [[ $stderr == *'"513" for --level'*'0 to 512'* ]]
-    wrong '*' lab fault add --operation LeaveClutser --message x
-    [[ $stderr == *'did you mean "LeaveCluster"'* ]]
+    wrong '*--hots*--host*' --hots host2 dovra cluster get
+    wrong '*"513" for --level*0 to 512*' dovra resync throttle set --level 513
+    wrong '*did you mean "LeaveCluster"*' lab fault add --operation LeaveClutser --message x
     wrong 'dovra cluster get: --batch goes without a command' dovra cluster get --batch x
     wrong '--version goes without a command; "dovra" is one too many' --version dovra
     wrong 'dovra trace get: --plugin-dir goes before the command: it says which there are' dovra trace get --plugin-dir x
-    wrong '*' --completion ksh
-    [[ $stderr == 'autocli: Invalid value "ksh" for --completion: expected one of bash, zsh, fish' ]]
+    wrong 'Invalid value "ksh" for --completion: expected one of bash, zsh, fish' --completion ksh
     wrong '--batch and --list do not go together' --list --batch x
     wrong '--list and --version do not go together' --version --list
     wrong 'dovra cluster get: --echo goes with --batch' dovra cluster get --echo
@@ -36,21 +29,10 @@ unusable() { expect 3 '' "autocli: $1" "${@:2}"; }
     [[ ! -e $AUTOCLI_LAB ]] # none of this made a lab
 }
 
-@test "help at every level, the same for both spellings of ip" {
-    expect 0 '*' '' dovra --help
-    [[ $output == *'faultdomain      Commands for'* ]]
-    expect 0 '*' '' --help
-    [[ $output == *'Options:'*'Orvane Dovra commands'*'Exit status'* ]]
-    for command in add set remove; do
-        expect 0 '*' '' dovra network ip $command --help
-        about=${output#*$'\n\n'} # all but the path in the usage
-        ip=${about%%$'\n'Example*}
-        expect 0 '*' '' dovra network ipv4 $command -h
-        about=${output#*$'\n\n'}
-        [[ ${about%%$'\n'Example*} == "$ip" ]]
-    done
-    expect 0 '*' '' dovra resync throttle set --help
-    [[ $output == *'Mbps (0 to 512, 0 means'* ]]
+@test "help at every level, however it is asked for" {
+    expect 0 '*faultdomain      Commands for*' '' dovra --help
+    expect 0 '*Options:*Orvane Dovra commands*Exit status*' '' --help
+    expect 0 '*Mbps (0 to 512, 0 means*' '' dovra resync throttle set --help
     for words in 'help dovra resync throttle set' 'dovra resync throttle help set' 'dovra resync throttle set help' \
         'dovra -h resync throttle set' 'dovra resync throttle set --level --bogus -h'; do
         # shellcheck disable=SC2086
@@ -79,8 +61,7 @@ unusable() { expect 3 '' "autocli: $1" "${@:2}"; }
     mkdir "$folder"
     unusable "there is no plug-in in \"$folder\"" --plugin-dir "$folder" --list
     echo none >"$folder/libnone.so"
-    unusable '*' --plugin-dir "$folder" --list
-    [[ $stderr == *libnone.so*'cannot be loaded'* ]]
+    unusable '*libnone.so*cannot be loaded*' --plugin-dir "$folder" --list
 }
 
 @test "results and errors go their own ways, and a full output is noticed" {

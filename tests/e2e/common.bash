@@ -14,10 +14,8 @@ platform() { (cd "$(dirname "$AUTOCLI")/../lib/autocli/platform" && pwd); }
 # released_only: skips a test of what ships, which is never what was built with sanitizers.
 released_only() { ! nm -D "$PLUGIN" | grep -q __asan || skip "built with sanitizers"; }
 
-# matches TEXT WANTED: whether they are equal, or TEXT begins as WANTED does up to a "*" at its end.
-matches() {
-    if [[ $2 == *'*' ]]; then [[ $1 == "${2%'*'}"* ]]; else [[ $1 == "$2" ]]; fi
-}
+# matches TEXT WANTED: whether they are equal but for what a "*" in WANTED stands for.
+matches() { [[ $1 == ${2//[\\?[(]/\\&} ]]; }
 
 # expect STATUS STDOUT STDERR WORDS...: runs autocli and compares all that it left.
 expect() {
@@ -51,5 +49,17 @@ new_cluster() {
         autocli --host "$host" dovra cluster join -u "$cluster" >/dev/null
     done
 }
+
+# hold SECONDS: keeps others from writing to the lab for so long, or until `release`.
+hold() {
+    coproc held { python3 -c '
+import select, sqlite3, sys
+lab = sqlite3.connect(sys.argv[1], isolation_level=None)
+lab.execute("BEGIN IMMEDIATE")
+print(flush=True)
+select.select([sys.stdin], [], [], float(sys.argv[2]))' "$AUTOCLI_LAB/lab.db" "$1"; }
+    read -r -u "${held[0]}" _
+}
+release() { eval "exec ${held[1]}>&-"; }
 
 host_uuid() { autocli --formatter json lab host list | jq -r --arg n "$1" '.[] | select(.Name == $n).UUID'; }

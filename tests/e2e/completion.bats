@@ -21,8 +21,6 @@ shows() {
     completes 'autocli ' dovra lab
     completes 'autocli --formatter ' simple table json csv xml keyvalue
     completes "autocli 'dovra' datastore name set --" --uuid --newname --lab --host --formatter --fields --no-header --help
-    completes 'autocli dovra policy setdefault -c vm' vmnamespace vmswap vmem
-    completes 'autocli dovra network ip add --traffic-type w' witness
     completes 'autocli dovra storage remove -m e' ensureObjectAccessibility evacuateAllData
     completes 'autocli lab fault add --operation Leave' LeaveCluster
     completes 'autocli dovra storage automode get --fields ' Enabled

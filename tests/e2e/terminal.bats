@@ -41,13 +41,7 @@ on_terminal() {
 
 @test "a command that takes long shows that it is at work, and leaves no trace of that" {
     autocli dovra cluster new
-    coproc held { python3 -c '
-import sqlite3, sys, time
-lab = sqlite3.connect(sys.argv[1], isolation_level=None)
-lab.execute("BEGIN IMMEDIATE")
-print(flush=True)
-time.sleep(4)' "$AUTOCLI_LAB/lab.db"; }
-    read -r -u "${held[0]}" _
+    hold 4
     cd "$BATS_TEST_TMPDIR"
     on_terminal '$AUTOCLI lab host add --name host2' >good &
     on_terminal '$AUTOCLI lab host add --name host1' >bad &
