@@ -23,12 +23,6 @@ RULES = {
           (SELECT count(*) FROM datastores WHERE cluster = clusters.uuid AND is_default)""",
     "a cluster has a host":
         "SELECT uuid FROM clusters WHERE uuid NOT IN (SELECT cluster FROM members)",
-    "a host has its interfaces and its disks": """
-        SELECT name FROM hosts WHERE 2 > (SELECT count(*) FROM interfaces WHERE host = hosts.id)
-        OR 6 > (SELECT count(*) FROM disks WHERE host = hosts.id)""",
-    "a disk group has a capacity disk": """
-        SELECT device FROM disks AS ssd WHERE uuid = disk_group AND NOT EXISTS
-          (SELECT 1 FROM disks WHERE disk_group = ssd.uuid AND uuid <> ssd.uuid)""",
 }
 
 
@@ -112,13 +106,6 @@ class Lab:
         """Makes `folder` a lab that is as this one."""
         shutil.copytree(self.folder, folder)
         return Lab(folder)
-
-    def make_cluster(self):
-        """Puts host1 and a new host2 into one cluster."""
-        self.do("dovra cluster new")
-        self.do("lab host add -n host2")
-        self.do(f"--host host2 dovra cluster join -u {self.cluster()}")
-        return self
 
     def cluster(self):
         return self.query("SELECT uuid FROM clusters")[0][0]

@@ -1,9 +1,6 @@
 # What people type, rightly and wrongly, and what they are told.
 load common
 
-wrong() { expect 2 '' "autocli: $1" "${@:2}"; }
-unusable() { expect 3 '' "autocli: $1" "${@:2}"; }
-
 @test "a wrong command line is refused in words that name what is allowed" {
     wrong 'a command is missing; known here: dovra, lab (more: autocli --help)'
     wrong 'dovra: there is no "clutser"; did you mean "cluster"? (known here: *' dovra clutser get
@@ -75,15 +72,4 @@ unusable() { expect 3 '' "autocli: $1" "${@:2}"; }
     done
     run bash -c 'printf "dovra trace get\nlab host add -n host3" | "$AUTOCLI" --keep-going --batch - >/dev/full'
     [[ $status == 4 && $(autocli lab host list) != *host3* ]]
-}
-
-@test "it works from any directory, and moved to another" {
-    cp -r "$(dirname "$(dirname "$AUTOCLI")")" "$BATS_TEST_TMPDIR/moved"
-    cd "$BATS_TEST_TMPDIR"
-    run env -i HOME="$BATS_TEST_TMPDIR" PATH="$PATH" "$BATS_TEST_TMPDIR/moved/bin/autocli" dovra cluster new
-    [[ $status == 0 && $output == true ]]
-    [[ -f $BATS_TEST_TMPDIR/.local/state/autocli/lab/lab.db ]]
-    mkdir host # whose libraries have the names of the lab's
-    for library in clitools corectl corectlcore dovracorectl baselibs; do echo other >host/lib$library.so; done
-    LD_LIBRARY_PATH=$PWD/host expect 0 '*' '' dovra trace get
 }

@@ -36,6 +36,10 @@ succeed() { expect 0 true '' "$@"; }
 # refuse MESSAGE WORDS...: a command that fails with this message and no result.
 refuse() { expect 1 '' "$@"; }
 
+# wrong MESSAGE WORDS...: a command line that is refused. unusable: the same of a lab or a host.
+wrong() { expect 2 '' "autocli: $1" "${@:2}"; }
+unusable() { expect 3 '' "autocli: $1" "${@:2}"; }
+
 # cluster_field NAME [HOST]: one field of `dovra cluster get`.
 cluster_field() { autocli --host "${2:-host1}" --formatter json dovra cluster get | jq -r --arg n "$1" '.[$n]'; }
 

@@ -1,8 +1,6 @@
 # The lab's folder and its store: what is touched, by whom, and what is refused.
 load common
 
-unusable() { expect 3 '' "autocli: $1" "${@:2}"; }
-
 # tamper SQL: changes the store behind the lab's back.
 tamper() { python3 -c 'import sqlite3, sys; sqlite3.connect(sys.argv[1], isolation_level=None).executescript(sys.argv[2])' "$AUTOCLI_LAB/lab.db" "$1"; }
 

@@ -3,12 +3,16 @@ load common
 
 build=$(dirname "$(dirname "$AUTOCLI")")
 
-# works PROGRAM: whether it finds all that belongs to it, without help from the environment.
+# works PROGRAM: whether it finds all that belongs to it, without help from the environment, also
+# beside a host's libraries, which have the names of the lab's.
 works() {
-    local home=$BATS_TEST_TMPDIR/home
-    mkdir -p "$home"
-    [[ $(env -i HOME="$home" PATH=/usr/bin:/bin "$1" dovra trace set --numfiles 3) == true ]]
-    [[ $(env -i HOME="$home" PATH=/usr/bin:/bin "$1" --formatter json dovra trace get | jq '."Number Of Files To Rotate"') == 3 ]]
+    local home=$BATS_TEST_TMPDIR/home library
+    mkdir -p "$home/host"
+    for library in clitools corectl corectlcore dovracorectl baselibs; do echo other >"$home/host/lib$library.so"; done
+    alone() { env -i HOME="$home" PATH=/usr/bin:/bin LD_LIBRARY_PATH="$home/host" "$@"; }
+    [[ $(alone "$1" dovra trace set --numfiles 3) == true ]]
+    [[ $(alone "$1" --formatter json dovra trace get | jq '."Number Of Files To Rotate"') == 3 ]]
+    [[ -f $home/.local/state/autocli/lab/lab.db ]]
 }
 
 @test "an installed tree works, also when it is moved" {

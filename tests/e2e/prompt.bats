@@ -1,8 +1,6 @@
 # What is at hand to somebody at the prompt or with a script: chosen fields, batches.
 load common
 
-wrong() { expect 2 '' "autocli: $1" "${@:2}"; }
-
 @test "fields are chosen and ordered, in every format" {
     new_cluster
     fields='Local Node State, Enabled'

@@ -102,17 +102,17 @@ mounted() { autocli --formatter json dovra storage list | jq -c 'map(."Is Mounte
     expect 0 $'Policy Class  Policy Value\n------------  ------------\nvmswap' '' dovra policy getdefault -c vmswap
     set='dovra policy setdefault -c vdisk -p'
     succeed $set 'hostFailuresToTolerate=2, stripeWidth=12 replicaPreference=RAID-5/6'
-    wrong() { expect 1 false "$1" $set "$2"; }
-    wrong 'Unknown policy attribute "width"; the attributes are cacheReservation, *' width=1
-    wrong 'The policy attribute stripeWidth cannot be "13"; it is a whole number from 1 to 12.' stripeWidth=13
-    wrong 'The policy attribute hostFailuresToTolerate cannot be "4"; it is a whole number from 0 to 3.' hostFailuresToTolerate=4
-    wrong 'The policy attribute cacheReservation cannot be "1000001"; *' cacheReservation=1000001
-    wrong 'The policy attribute proportionalCapacity cannot be "101"; *' proportionalCapacity=101
-    wrong 'The policy attribute iopsLimit cannot be "99999999999999999999"; it is a whole number from 0 up.' iopsLimit=99999999999999999999
-    wrong 'The policy attribute replicaPreference cannot be "RAID-0"; it is RAID-1 or RAID-5/6.' replicaPreference=RAID-0
-    wrong 'The policy attribute iopsLimit is given twice.' iopsLimit=1,iopsLimit=2
-    wrong '"thick" is not of the form attribute=value.' thick
-    wrong 'The policy is empty; *' ' , '
+    spoiled() { expect 1 false "$1" $set "$2"; }
+    spoiled 'Unknown policy attribute "width"; the attributes are cacheReservation, *' width=1
+    spoiled 'The policy attribute stripeWidth cannot be "13"; it is a whole number from 1 to 12.' stripeWidth=13
+    spoiled 'The policy attribute hostFailuresToTolerate cannot be "4"; it is a whole number from 0 to 3.' hostFailuresToTolerate=4
+    spoiled 'The policy attribute cacheReservation cannot be "1000001"; *' cacheReservation=1000001
+    spoiled 'The policy attribute proportionalCapacity cannot be "101"; *' proportionalCapacity=101
+    spoiled 'The policy attribute iopsLimit cannot be "99999999999999999999"; it is a whole number from 0 up.' iopsLimit=99999999999999999999
+    spoiled 'The policy attribute replicaPreference cannot be "RAID-0"; it is RAID-1 or RAID-5/6.' replicaPreference=RAID-0
+    spoiled 'The policy attribute iopsLimit is given twice.' iopsLimit=1,iopsLimit=2
+    spoiled '"thick" is not of the form attribute=value.' thick
+    spoiled 'The policy is empty; *' ' , '
     [[ $(autocli --formatter csv dovra policy getdefault) == $'Policy Class,Policy Value\ncluster,\nvdisk,"hostFailuresToTolerate=2, stripeWidth=12 replicaPreference=RAID-5/6"\nvmnamespace,\nvmswap,\nvmem,' ]]
     succeed dovra policy cleardefault
     [[ $(autocli --formatter json dovra policy getdefault | jq -c 'map(."Policy Value") | unique') == '[""]' ]]

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "../unit/lab/Tree.h"
 #include "Fuzz.h"
 
 using namespace CliTools::CallSpec;
@@ -17,27 +18,22 @@ using Strings = std::vector<std::string>;
 constexpr std::int64_t kMin = -5, kMax = 512;
 const Strings kAllowed = {"one", "two", "", "-o"};
 
-InputSpec MakeSpec() {
-  InputSpec spec;
-  const auto add = [&spec](const char* name, const char* letter, ParameterType type) {
-    spec.AddParameter(ParameterSpec::New(name, type));
-    spec.GetParameters().back()->SetShortName(letter);
-    return spec.GetParameters().back();
-  };
-  add("text", "t", ParameterType::kString)->SetRequired(true);
-  add("text-file", "", ParameterType::kString);
-  add("number", "n", ParameterType::kInt);
-  add("truth", "b", ParameterType::kBool);
-  add("flag", "f", ParameterType::kFlag);
-  add("wait", "w", ParameterType::kFlag);
-  add("list", "l", ParameterType::kStringList);
-  auto range = ParameterConstraint::New(ParameterConstraintType::kIntRange);
+std::shared_ptr<InputSpec> MakeSpec() {
+  CliTools::FakeCommand command;
+  command.Add("text", "t", ParameterType::kString, "").SetRequired(true);
+  command.Add("text-file", "", ParameterType::kString, "");
+  command.Add("number", "n", ParameterType::kInt, "");
+  command.Add("truth", "b", ParameterType::kBool, "");
+  command.Add("flag", "f", ParameterType::kFlag, "");
+  command.Add("wait", "w", ParameterType::kFlag, "");
+  command.Add("list", "l", ParameterType::kStringList, "");
+  const auto range = ParameterConstraint::New(ParameterConstraintType::kIntRange);
   range->SetIntRange(kMin, kMax);
-  add("level", "L", ParameterType::kInt)->SetConstraint(range);
-  auto choice = ParameterConstraint::New(ParameterConstraintType::kStringEnum);
+  command.Add("level", "L", ParameterType::kInt, "").SetConstraint(range);
+  const auto choice = ParameterConstraint::New(ParameterConstraintType::kStringEnum);
   for (const std::string& value : kAllowed) choice->AddStringEnum(value, "");
-  add("choice", "c", ParameterType::kStringList)->SetConstraint(choice);
-  return spec;
+  command.Add("choice", "c", ParameterType::kStringList, "").SetConstraint(choice);
+  return command.input;
 }
 
 /// The words that give these values, in the spelling that leaves no doubt.
@@ -46,23 +42,13 @@ Strings WriteOut(const InputSpec& spec, const Input& input) {
   for (const auto& parameter : spec.GetParameters()) {
     const std::string& name = parameter->GetName();
     if (!input.HasParameter(name)) continue;
+    const ParameterType type = parameter->GetType();
     Strings values;
-    switch (parameter->GetType()) {
-      case ParameterType::kString:
-        values = {input.GetParameter(name)};
-        break;
-      case ParameterType::kInt:
-        values = {std::to_string(input.GetParameterInt(name))};
-        break;
-      case ParameterType::kBool:
-        values = {input.GetParameterBool(name) ? "true" : "false"};
-        break;
-      case ParameterType::kStringList:
-        input.GetParameterList(name, values);
-        break;
-      case ParameterType::kFlag:
-        words.push_back("--" + name);
-    }
+    if (type == ParameterType::kString) values = {input.GetParameter(name)};
+    if (type == ParameterType::kInt) values = {std::to_string(input.GetParameterInt(name))};
+    if (type == ParameterType::kBool) values = {input.GetParameterBool(name) ? "yes" : "no"};
+    if (type == ParameterType::kStringList) input.GetParameterList(name, values);
+    if (type == ParameterType::kFlag) words.push_back("--" + name);
     for (const std::string& value : values) words.push_back("--" + name + '=' + value);
   }
   return words;
@@ -85,7 +71,7 @@ void CheckAllowed(const Input& input) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  static const InputSpec kSpec = MakeSpec();
+  static const std::shared_ptr<InputSpec> kSpec = MakeSpec();
   Strings words;
   for (const std::uint8_t* const end = data + size; data < end;) {
     const auto zero = std::find(data, end, 0);
@@ -93,11 +79,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     data = zero + (zero == end ? 0 : 1);
   }
   try {
-    const auto input = CliTools::ParseParameters(kSpec, words);
+    const auto input = CliTools::ParseParameters(*kSpec, words);
     CheckAllowed(*input);
-    const Strings written = WriteOut(kSpec, *input);
-    const auto again = CliTools::ParseParameters(kSpec, written);
-    Require("the same again", WriteOut(kSpec, *again) == written);
+    const Strings written = WriteOut(*kSpec, *input);
+    const auto again = CliTools::ParseParameters(*kSpec, written);
+    Require("the same again", WriteOut(*kSpec, *again) == written);
   } catch (const CliTools::UsageError& error) {
     const auto isControl = [](unsigned char c) { return c < ' ' || c == 0x7F; };
     Require("one line", std::ranges::none_of(std::string(error.what()), isControl));
