@@ -53,11 +53,8 @@ agents() { autocli --formatter json dovra cluster unicastagent list | jq -c 'map
     id_of() { autocli --host "$1" --formatter json dovra faultdomain get | jq -r .faultDomainId; }
     expect 0 $'   Preferred Fault Domain Name: site-b\n   Preferred Fault Domain Id: '"$(id_of host2)" '' $preferred get
     [[ $(id_of host1) != $(id_of host2) ]]
-    expect 1 true 'Cannot set preferred fault domain if the host is not a witness node.' $preferred set -n 'site a'
-    expect 1 '' 'Unable to set preferred fault domain name: "site-c" is not a fault domain of a data site; these are "site a" and "site-b".' --host witness $preferred set -n site-c
     succeed --host witness $preferred set -n 'site a'
     expect 0 $'   Preferred Fault Domain Name: site a\n   Preferred Fault Domain Id: '"$(id_of host1)" '' --host host2 $preferred get
-    expect 1 '[]' "Unable to list unicast agent, this host is a witness node which doesn't support listing unicast agent." --host witness --formatter json dovra cluster unicastagent list
 
     # The site that the witness prefers is given up.
     succeed dovra faultdomain set -n site-z
@@ -123,13 +120,4 @@ knics() { autocli --formatter json dovra network list | jq -c 'map([."KNic Name"
     succeed $add knic0
     refuse 'The multicast TTL 256 is not between 1 and 255.' dovra network ip set -i knic0 -t 256
     [[ $(knics) == '[["knic0",23451,5,"dovra"]]' ]]
-}
-
-@test "a control library too old for the newer network operations" {
-    succeed lab api set --version 1
-    old='Could not get DovraInfo2. Plugin version mismatch?'
-    refuse "$old" dovra network ip add -i knic0
-    expect 1 false 'Interface "knic0" is not in the Dovra network configuration.' dovra network remove -i knic0
-    succeed lab api set --version 2
-    succeed dovra network ip add -i knic0
 }
