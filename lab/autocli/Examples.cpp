@@ -161,6 +161,8 @@ constexpr Example kExamples[] = {
      "autocli lab fault add -o GetDiskInfo -m \"I/O error.\" --after 2"},
     {"lab fault list", "What is still to fail.", "autocli lab fault list"},
     {"lab fault clear", "Nothing fails any more.", "autocli lab fault clear"},
+    {"lab fault clear", "One of two faults on an operation of a host.",
+     "autocli --host host2 lab fault clear -o GetClusterConfig -m \"No answer.\""},
     {"lab api set", "A host whose control library is too old.", "autocli lab api set --version 1"},
     {"lab maintenance start", "The host enters maintenance mode, until that is cancelled.",
      "autocli lab maintenance start"},
