@@ -46,7 +46,7 @@ void Run(benchmark::State& state, const std::string& path,
          void (*addEntries)(RecordingLibrary&, std::int64_t)) {
   RecordingLibrary library;
   addEntries(library, state.range(0));
-  auto& command = Testing::Find(path);
+  auto& command = Testing::Find(path).first;
   const auto input = CliTools::CallSpec::Input::New();
   for (auto _ : state) {
     library.calls.clear();
