@@ -15,7 +15,9 @@ namespace {
 
 // Whoever waits for others looks again after a pause that never grows: with growing pauses the
 // store lies idle while all sleep, and those who came last overtake those who have waited longest.
-constexpr std::chrono::milliseconds kPause(1);
+constexpr std::chrono::microseconds kPause(1000);
+// One who is about to commit waits for readers, who stay for a moment, and all others for him.
+constexpr std::chrono::microseconds kPauseForReaders(100);
 // Long enough for any queue of commands; whoever waits longer has met a process that hangs.
 constexpr std::chrono::seconds kLongestWait(60);
 
@@ -118,11 +120,12 @@ const char* WaitsFor() {
 
 int Database::WaitForOthers(void* self, int pauses) {
   const auto now = std::chrono::steady_clock::now();
-  auto& since = static_cast<Database*>(self)->waitsSince_;
-  if (pauses == 0) since = now;
-  if (now - since >= kLongestWait) return 0;
+  auto* const database = static_cast<Database*>(self);
+  if (pauses == 0) database->waitsSince_ = now;
+  if (now - database->waitsSince_ >= kLongestWait) return 0;
   waitsFor = "waits for another process";
-  std::this_thread::sleep_for(kPause);
+  const bool commits = sqlite3_txn_state(database->handle_, "main") == SQLITE_TXN_WRITE;
+  std::this_thread::sleep_for(commits ? kPauseForReaders : kPause);
   return 1;
 }
 
