@@ -160,6 +160,7 @@ void WriteProgram(ManualPage& page) {
   page.Definitions({
       {"~/.local/state/autocli/lab", "The lab if nothing names its folder."},
       {"LAB/lab.db", "The lab's hosts and clusters."},
+      {"LAB/lab.db-journal", "What undoes a change of them that is cut short."},
       {"LAB/hosts/NAME", "What the host NAME takes for /: configuration, scripts, logs."},
   });
 }
