@@ -6,13 +6,6 @@ using namespace Testing;
 
 namespace {
 
-TEST(DatastoreCommands, HandOneRequestToTheLibrary) {
-  Check("datastore add --uuid 'no uuid' --name n", kOpen + "AddDatastore(no uuid, n, false)",
-        kTrue);
-  Check("datastore clear", kOpen + "ClearDatastores()", kTrue);
-  Check("datastore remove --uuid U", kOpen + "RemoveDatastore(U, true)", kTrue);
-}
-
 TEST(DatastoreAdd, MakesAUuidOfItsOwnForEachDatastore) {
   RecordingLibrary library;
   Testing::Run("datastore add --name n");
@@ -33,17 +26,6 @@ TEST(DatastoreList, KeepsTheOrder) {
         {"[{Datastore UUID: u2, User Friendly Name: second, Default: false}, "
          "{Datastore UUID: u1, User Friendly Name: first, \"quoted\", Default: true}]",
          {}});
-}
-
-TEST(DatastoreName, IsThatOfTheDefaultDatastoreUnlessSaidOtherwise) {
-  const auto names = [](RecordingLibrary& library) {
-    library.datastoreNames = {{"", "the default"}, {"U 1", "first"}};
-  };
-  Check("datastore name get", names, kOpen + "GetDatastoreName()", {"{Name: the default}", {}});
-  Check("datastore name get --uuid 'U 1'", names, kOpen + "GetDatastoreName(U 1)",
-        {"{Name: first}", {}});
-  Check("datastore name set --newname 'new name'", kOpen + "SetDatastoreName(, new name)", kTrue);
-  Check("datastore name set --uuid U --newname ''", kOpen + "SetDatastoreName(U, )", kTrue);
 }
 
 }  // namespace

@@ -25,8 +25,6 @@ TEST(FaultDomainSet, CountsBytesAndLeavesTrue) {
   Check("faultdomain set --fdname " + longest + "x", {},
         Failed("Fault domain name cannot exceed 256 characters.", "true"));
   Check("faultdomain set --fdname " + longest, kOpen + ("SetFaultDomain(" + longest + ")"), kTrue);
-  Check("faultdomain set --fdname ''", kOpen + "ResetFaultDomain()", kTrue);
-  Check("faultdomain reset", kOpen + "ResetFaultDomain()", kTrue);
 }
 
 TEST(FaultDomainPreferredGet, NeedsAStretchedCluster) {
@@ -54,10 +52,6 @@ TEST(FaultDomainPreferredSet, CountsCharactersOnTheWitnessOnly) {
         Failed("Cannot set preferred fault domain if the host is not a witness node.", "true"));
   Check(command + Wide(256), onWitness,
         asked + kOpen[0] + kOpen[1] + ("SetPreferredFaultDomain(" + Wide(256) + ")"), kTrue);
-}
-
-TEST(FaultDomainMaintenance, CancelNeedsNoLibraryObject) {
-  Check("maintenancemode cancel", {"DecomCancel()"}, kTrue);
 }
 
 }  // namespace

@@ -165,8 +165,6 @@ TEST(NetworkTearDown, AsksAnOldLibraryToo) {
     Check(command + " --interface-name knic0 --force",
           kOpen + "RemoveKnic(knic0, true, dovra)" + "RemoveKnic(knic0, true, witness)", kTrue);
   }
-  Check("network clear", kTooOld, kOpen + "ClearNetworkConfig()", kTrue);
-  Check("network restore", kTooOld, kOpen + "RestoreNetworkConfig()", kTrue);
 }
 
 }  // namespace

@@ -30,10 +30,4 @@ TEST(PolicyGetDefault, ShowsAllClassesOrOne) {
   EXPECT_TRUE(unknown.errors[0].starts_with("Unknown policy class \"nonsense\""));
 }
 
-TEST(PolicyCommands, HandOneRequestToTheLibrary) {
-  Check("policy setdefault --policy-class vdisk --policy ' a=1, \"b\"=2\n'",
-        kOpen + "SetPolicyDefault(vdisk,  a=1, \"b\"=2\n)", kTrue);
-  Check("policy cleardefault", kOpen + "ClearPolicyDefaults()", kTrue);
-}
-
 }  // namespace

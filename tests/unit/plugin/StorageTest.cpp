@@ -11,18 +11,7 @@ namespace {
 
 using HostCtl::Dovra::DovraDiskInfo;
 
-TEST(StorageAdd, HandsTheDisksOnAsGiven) {
-  Check("storage add --ssd flash -d b -d a -d b", kOpen + "AddDisks(flash, [b, a, b])", kTrue);
-}
-
 TEST(StorageRemove, KnowsItsEvacuationModes) {
-  for (const auto& [given, passed] : {std::pair<std::string, std::string>{"noAction", "NoAction"},
-                                      {"NoAction", "NoAction"},
-                                      {"ensureObjectAccessibility", "EnsureObjectAccessibility"},
-                                      {"evacuateAllData", "EvacuateAllData"}}) {
-    Check("storage remove --ssd s -m " + given, kOpen + ("RemoveDiskGroup(s, " + passed + ")"),
-          kTrue);
-  }
   // The last one begins with a byte that is no letter by itself.
   for (const std::string given : {"", "noaction", "NOACTION", " noAction", "noAction ", "\xFF"}) {
     for (const std::string disk : {"--disk d ", ""}) {
@@ -31,18 +20,6 @@ TEST(StorageRemove, KnowsItsEvacuationModes) {
                    "evacuateAllData] got '" +
                    given + "'"));
     }
-  }
-}
-
-TEST(StorageOptions, ChooseTheOperation) {
-  const std::string commands[][3] = {{"storage remove", "Remove", ", )"},
-                                     {"storage diskgroup mount", "Mount", ")"},
-                                     {"storage diskgroup unmount", "Unmount", ")"}};
-  for (const auto& [command, verb, end] : commands) {
-    Check(command + " --ssd s", kOpen + (verb + "DiskGroup(s" + end), kTrue);
-    Check(command + " --disk d", kOpen + (verb + "Disk(d" + end), kTrue);
-    Check(command + " --uuid '5AFA '", kOpen + (verb + "DiskByUuid(5AFA " + end), kTrue);
-    Check(command + " --uuid ''", kOpen + (verb + "DiskByUuid(" + end), kTrue);
   }
 }
 
@@ -59,21 +36,6 @@ TEST(StorageOptions, NameOneDiskExactly) {
   Check("storage diskgroup unmount", kOpen, Failed("Need one of --disk, --ssd or --uuid."));
   Check("storage diskgroup mount", kOpen,
         Failed("Either --ssd, --disk or --uuid is required", "false"));
-}
-
-TEST(StorageAutoMode, IsReadAndSet) {
-  for (const std::string mode : {"true", "false"}) {
-    const auto setUp = [&](RecordingLibrary& library) { library.autoClaim = mode == "true"; };
-    Check("storage automode set --enabled " + mode, kOpen + ("SetAutoClaimMode(" + mode + ")"),
-          kTrue);
-    Check("storage automode get", setUp, kOpen + "GetAutoClaimMode()",
-          {"{Enabled: " + mode + "}", {}});
-  }
-}
-
-TEST(StorageTag, NamesTheDisk) {
-  Check("storage tag add -t capacityFlash -d d", kOpen + "AddCapacityFlashTag(d)", kTrue);
-  Check("storage tag remove -t capacityFlash -d d", kOpen + "RemoveCapacityFlashTag(d)", kTrue);
 }
 
 // Disks are told apart by the last digits of their UUIDs.

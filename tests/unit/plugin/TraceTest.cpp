@@ -49,34 +49,33 @@ TEST_F(TraceTest, GetReadsEachSetting) {
     std::int64_t maxFiles = 8, fileSize = 45;
     bool urgentToSyslog = true;
   } cases[] = {
-      {"\n\n# comment\nno setting\nDOVRATRACED_OTHER=1\n", none},
       {"DOVRATRACED_LAST_SELECTED_VOLUME=\"/vol/a b\"\nDOVRATRACED_ROTATE_MAX_FILES=16\n"
        "DOVRATRACED_ROTATE_FILE_SIZE=90\nDOVRATRACED_LOG_URGENT_TO_SYSLOG=0\n",
        "/vol/a b", 16, 90, false},
-      // What is set but not yet taken over is not shown.
-      {"DOVRATRACED_VOLUME=\"/new\"", none},
-      // A directory loses every quote and nothing else.
-      {"DOVRATRACED_LAST_SELECTED_VOLUME=\"/a\"b\"=c ", "/ab=c "},
-      {"DOVRATRACED_LAST_SELECTED_VOLUME=/a\r\n", "/a\r"},
-      {"DOVRATRACED_LAST_SELECTED_VOLUME=\n", ""},
-      // Blanks may stand before a key, and nothing else.
-      {"   DOVRATRACED_ROTATE_MAX_FILES=16", none, 16},
-      {"\tDOVRATRACED_ROTATE_MAX_FILES=16\n \tDOVRATRACED_ROTATE_FILE_SIZE=90\n", none},
-      {"#DOVRATRACED_ROTATE_MAX_FILES=16\n # DOVRATRACED_ROTATE_FILE_SIZE=90\n", none},
-      {"export DOVRATRACED_ROTATE_MAX_FILES=16\nDOVRATRACED_ROTATE_MAX_FILES =16\n", none},
-      {"A=1 DOVRATRACED_ROTATE_MAX_FILES=16\nDOVRATRACED_ROTATE_FILE_SIZE\n", none},
-      // The last line of a key counts. Numbers read as streams read them.
-      {"DOVRATRACED_ROTATE_MAX_FILES= \t12x\nDOVRATRACED_ROTATE_FILE_SIZE=-010\r\n", none, 12, -10},
-      {"DOVRATRACED_ROTATE_MAX_FILES=0x10\nDOVRATRACED_ROTATE_FILE_SIZE=8589934593\n", none, 0,
-       8589934593},
-      {"DOVRATRACED_ROTATE_MAX_FILES=\"16\"\nDOVRATRACED_ROTATE_FILE_SIZE=many\n", none, 0, 0},
-      {"DOVRATRACED_ROTATE_MAX_FILES=1\nDOVRATRACED_ROTATE_MAX_FILES=99999999999999999999\n", none,
-       INT64_MAX},
-      {"DOVRATRACED_ROTATE_MAX_FILES=\nDOVRATRACED_ROTATE_FILE_SIZE= \r\n"
+      // None of these sets anything; a new volume is not shown before it is taken over.
+      {"\n\n# comment\nno setting\nDOVRATRACED_OTHER=1\nDOVRATRACED_VOLUME=\"/new\"\n"
+       "\tDOVRATRACED_ROTATE_MAX_FILES=16\n \tDOVRATRACED_ROTATE_FILE_SIZE=90\n"
+       "#DOVRATRACED_ROTATE_MAX_FILES=16\n # DOVRATRACED_ROTATE_FILE_SIZE=90\n"
+       "export DOVRATRACED_ROTATE_MAX_FILES=16\nDOVRATRACED_ROTATE_MAX_FILES =16\n"
+       "A=1 DOVRATRACED_ROTATE_MAX_FILES=16\nDOVRATRACED_ROTATE_FILE_SIZE\n"
+       "DOVRATRACED_ROTATE_MAX_FILES=\nDOVRATRACED_ROTATE_FILE_SIZE= \r\n"
        "DOVRATRACED_LOG_URGENT_TO_SYSLOG=\n",
        none},
-      {"DOVRATRACED_LOG_URGENT_TO_SYSLOG=0\nDOVRATRACED_LOG_URGENT_TO_SYSLOG=1\r\n", none},
-      {"DOVRATRACED_LOG_URGENT_TO_SYSLOG=true\n", none, 8, 45, false},
+      // A directory loses every quote and nothing else. Blanks may stand before a key. The last
+      // line of a key counts. Numbers read as streams read them.
+      {"DOVRATRACED_LAST_SELECTED_VOLUME=\"/a\"b\"=c \n   DOVRATRACED_ROTATE_MAX_FILES=16\n"
+       "DOVRATRACED_ROTATE_FILE_SIZE=-010\r\nDOVRATRACED_LOG_URGENT_TO_SYSLOG=true",
+       "/ab=c ", 16, -10, false},
+      {"DOVRATRACED_LAST_SELECTED_VOLUME=/a\r\nDOVRATRACED_ROTATE_MAX_FILES= \t12x\n"
+       "DOVRATRACED_ROTATE_FILE_SIZE=8589934593\n"
+       "DOVRATRACED_LOG_URGENT_TO_SYSLOG=0\nDOVRATRACED_LOG_URGENT_TO_SYSLOG=1\r\n",
+       "/a\r", 12, 8589934593},
+      {"DOVRATRACED_LAST_SELECTED_VOLUME=\nDOVRATRACED_ROTATE_MAX_FILES=0x10\n"
+       "DOVRATRACED_ROTATE_FILE_SIZE=\"16\"\n",
+       "", 0, 0},
+      {"DOVRATRACED_ROTATE_MAX_FILES=1\nDOVRATRACED_ROTATE_MAX_FILES=99999999999999999999\n"
+       "DOVRATRACED_ROTATE_FILE_SIZE=many\n",
+       none, INT64_MAX, 0},
   };
   for (const auto& one : cases) {
     Write(one.file);
@@ -92,19 +91,16 @@ TEST_F(TraceTest, GetReadsEachSetting) {
 
 TEST_F(TraceTest, GetAsksForTheDaemonFirst) {
   const std::string unreadable = "Error opening Dovra trace config file for reading.";
-  const struct {
-    int status;
-    std::string error;
-  } cases[] = {
+  const std::pair<int, std::string> cases[] = {
       {-1, "Checking dovratraced status failed.Refer to /var/log/syslog.log for details."},
       {3, "Dovra is not enabled on this host."},
       {0, unreadable},
       {1, unreadable},
   };
-  for (const auto& one : cases) {
+  for (const auto& [status, error] : cases) {
     library_.calls.clear();
-    library_.execStatuses = {one.status};
-    EXPECT_EQ(Get(), (Outcome{"none", {one.error}}));
+    library_.execStatuses = {status};
+    EXPECT_EQ(Get(), (Outcome{"none", {error}}));
     EXPECT_EQ(library_.calls, Strings{kStatusCall});
   }
   std::filesystem::create_directory(Host::traceConfiguration);  // opens, but does not read

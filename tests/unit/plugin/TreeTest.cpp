@@ -3,8 +3,6 @@
 
 #include <gmock/gmock.h>
 
-#include <set>
-
 #include "Run.h"
 #include "frame/Tree.h"
 
@@ -22,17 +20,6 @@ std::string PathsBelow(const NamespaceNode& node) {
   std::string paths;
   for (const auto& [path, below] : Below(node)) paths += path + '\n';
   return paths;
-}
-
-TEST(CommandTree, HoldsObjectsThatKnowThemselves) {
-  std::set<const NamespaceNode*> objects;
-  const auto root = Registered();
-  for (const auto& [path, node] : Below(*root)) {
-    EXPECT_TRUE(objects.insert(node.get()).second) << path << " has an object of its own";
-    const auto self = dynamic_cast<CommandSpec&>(*node).GetThis();
-    EXPECT_TRUE(self == node && !self.owner_before(node) && !node.owner_before(self)) << path;
-  }
-  EXPECT_EQ(objects.size(), 68U);
 }
 
 TEST(CommandTree, GrowsOnTheNamespaceThatIsThere) {
