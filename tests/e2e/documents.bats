@@ -32,6 +32,11 @@ source=$BATS_TEST_DIRNAME/../..
         "$BATS_TEST_DIRNAME/run-document" "$source/docs/deploy.md"
 }
 
+@test "a fleet is made, stays, is mended and lets a host go as docs/fleet.md shows" {
+    released_only
+    TREE=$(realpath "$source") PATH=$(dirname "$AUTOCLI"):$PATH "$BATS_TEST_DIRNAME/run-document" "$source/docs/fleet.md"
+}
+
 @test "a document that shows something else is found out" {
     document() { printf '## Title\n```console\n%s\n```\n' "$1" >"$BATS_TEST_TMPDIR/d.md"; "$BATS_TEST_DIRNAME/run-document" "$BATS_TEST_TMPDIR/d.md"; }
     a=11111111-1111-4111-8111-111111111111 b=22222222-2222-4222-8222-222222222222

@@ -35,6 +35,7 @@ as_nobody() {
     succeed lab host add --name host2
     mkdir "$AUTOCLI_LAB/hosts/mine"
     echo mine >"$AUTOCLI_LAB/hosts/mine/file"
+    echo "another-lab $(host_uuid host1)" >"$AUTOCLI_LAB/hosts/mine/.autocli-host"
     mv "$AUTOCLI_LAB/hosts/host2" "$BATS_TEST_TMPDIR/moved-root"
     ln -s "$BATS_TEST_TMPDIR/moved-root" "$AUTOCLI_LAB/hosts/host2"
     before=$(tree "$AUTOCLI_LAB/hosts/mine" && tree "$BATS_TEST_TMPDIR/moved-root")
@@ -85,10 +86,7 @@ as_nobody() {
         cp "$BATS_TEST_TMPDIR/good" "$store"
         ask "$enabled"
         [[ $told == true ]]
-        case $damage in
-        SQL*) tamper "${damage#SQL}" ;;
-        *) eval "$damage" ;;
-        esac
+        eval "$damage"
         before=$(sha256sum <"$store")
         IFS=, read -ra lines <<<"$commands"
         for line in "${lines[@]}"; do
@@ -104,16 +102,16 @@ as_nobody() {
 seq 9999 >"\$store"|"$store" is not a lab's store|dovra cluster get,dovra cluster leave
 truncate -s -100 "\$store"|the lab's store "$store" is damaged: its end is missing|dovra cluster get,dovra cluster leave
 truncate -s 8192 "\$store"|the lab's store "$store" is damaged: *|dovra cluster get,dovra cluster leave
-SQLPRAGMA user_version = 9|the lab's store "$store" is from a newer version of autocli (9; this one knows *|dovra cluster get
-SQLPRAGMA user_version = 1|the lab's store "$store" is from an older version of autocli (1; this one knows *|dovra cluster get,lab reset --force
-SQLPRAGMA foreign_keys = OFF; DELETE FROM clusters|the lab's store "$store" is damaged: there is no cluster *|dovra cluster get,dovra faultdomain set -n x,dovra datastore clear,dovra datastore list,lab host list
-SQLUPDATE clusters SET generation = $max|the lab's store "$store" is damaged: *|dovra faultdomain set -n x,dovra datastore add -n x
-SQLUPDATE clusters SET revision = $max|the lab's store "$store" is damaged: *|lab host reboot
-SQLUPDATE clusters SET generation_time = -1|the lab's store "$store" is damaged: *|dovra cluster get
-SQLUPDATE members SET place = $max, running = 0|the lab's store "$store" is damaged: *|dovra cluster restore
-SQLUPDATE hosts SET name = '../../victim'|the lab's store "$store" is damaged: a host is called "../../victim"|lab host list,--host ../../victim dovra trace get
-SQLUPDATE hosts SET uuid = '/../victim'|the lab's store "$store" is damaged: *|dovra trace get,lab host list
-SQLDELETE FROM lab|the lab's store "$store" is damaged: it has no name|lab host add -n x
+tamper "PRAGMA user_version = 9"|the lab's store "$store" is from a newer version of autocli (9; this one knows *|dovra cluster get
+tamper "PRAGMA user_version = 1"|the lab's store "$store" is from an older version of autocli (1; this one knows *|dovra cluster get,lab reset --force
+tamper "PRAGMA foreign_keys = OFF; DELETE FROM clusters"|the lab's store "$store" is damaged: there is no cluster *|dovra cluster get,dovra faultdomain set -n x,dovra datastore clear,dovra datastore list,lab host list
+tamper "UPDATE clusters SET generation = $max"|the lab's store "$store" is damaged: *|dovra faultdomain set -n x,dovra datastore add -n x
+tamper "UPDATE clusters SET revision = $max"|the lab's store "$store" is damaged: *|lab host reboot
+tamper "UPDATE clusters SET generation_time = -1"|the lab's store "$store" is damaged: *|dovra cluster get
+tamper "UPDATE members SET place = $max, running = 0"|the lab's store "$store" is damaged: *|dovra cluster restore
+tamper "UPDATE hosts SET name = '../../victim'"|the lab's store "$store" is damaged: a host is called "../../victim"|lab host list,--host ../../victim dovra trace get
+tamper "UPDATE hosts SET uuid = '/../victim'"|the lab's store "$store" is damaged: *|dovra trace get,lab host list
+tamper "DELETE FROM lab"|the lab's store "$store" is damaged: it has no name|lab host add -n x
 EOF
     cp "$BATS_TEST_TMPDIR/good" "$store"
     [[ $(cluster_field Enabled) == true ]]
@@ -156,6 +154,8 @@ EOF
     done
     expect 1 '' '*' dovra trace set -p /x
     [[ $(tree "$AUTOCLI_LAB") == "$before" ]]
+    chmod go-r "$AUTOCLI_LAB/lab.db"
+    unusable "the lab's store \"$AUTOCLI_LAB/lab.db\" cannot be *(Permission denied)" dovra cluster get
     chown -R 65534:65534 "$AUTOCLI_LAB"
     expect 0 true '' dovra cluster leave
     autocli() { "$AUTOCLI" "$@"; }
