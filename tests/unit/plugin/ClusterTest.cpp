@@ -3,13 +3,9 @@
 #include <gmock/gmock.h>
 
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <regex>
 
 #include "Cases.h"
-#include "frame/Text.h"
 
 using namespace Testing;
 
@@ -138,59 +134,33 @@ TEST(ClusterNew, NeedsAUuid) {
   }
 }
 
-/// A notification script that notes each of its words.
-class ClusterLeave : public testing::Test {
- protected:
-  ClusterLeave() {
-    if (mkdtemp(folder_.data()) == nullptr) throw std::runtime_error("no temporary folder");
-    Host::notifyScript = folder_ + "/notify script.sh";
-    std::ofstream(Host::notifyScript) << "#!/bin/sh\ncd \"$(dirname \"$0\")\"\n"
-                                         "for word; do printf '<%s>' \"$word\" >>told; done\n";
-    std::filesystem::permissions(Host::notifyScript, std::filesystem::perms::owner_all);
-  }
-  ~ClusterLeave() override {
-    std::filesystem::remove_all(folder_);
-    Host::notifyScript = "/bin/true";
-  }
-
-  /// Checks what the command leaves of a cluster with these datastores, and what it tells.
-  void CheckLeaving(const Strings& datastores, const Testing::SetUp& setUp, const Strings& calls,
-                    const Outcome& outcome, const std::string& told) {
-    const auto prepare = [&](RecordingLibrary& library) {
-      for (const auto& name : datastores) library.datastores.emplace_back("u", name, false);
-      if (setUp) setUp(library);
-    };
-    Check("cluster leave", prepare, calls, outcome);
-    std::ifstream file(folder_ + "/told");
-    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(file), {}), told);
-    std::filesystem::remove(folder_ + "/told");
-  }
-
- private:
-  std::string folder_ = testing::TempDir() + "leaveXXXXXX";
-};
-
-TEST_F(ClusterLeave, TellsOfTheDatastores) {
-  const Strings read = kConfig + "GetDatastores()";
-  const Strings left = read + "LeaveCluster(false)";
-  const auto failing = [](std::size_t place) -> Testing::SetUp {
-    using HostCtl::Lib::Dovra::DovraCtlException;
-    const auto busy = std::make_exception_ptr(DovraCtlException("busy"));
-    return [=](RecordingLibrary& library) { library.exceptions[place] = busy; };
+TEST(ClusterLeave, TellsOfTheDatastores) {
+  struct Case {
+    Strings datastores;
+    std::size_t failing;  // the place of the call that fails
+    Strings calls, shell;
+    Outcome outcome;
   };
-  CheckLeaving({"a", "it's; $(b)"}, {}, left, kTrue, "<-t><PreUnmount><-d><a,it's; $(b)>");
-  CheckLeaving({"a", "b"}, failing(4), left, Failed("busy"),
-               "<-t><PreUnmount><-d><a,b><-t><FailedUnmount><-d><a,b>");
-  CheckLeaving({}, failing(4), left, Failed("busy"), "<-t><PreUnmount><-d>");
-  // It says nothing before it knows what to say.
-  CheckLeaving({"a"}, failing(3), read, Failed("busy"), "");
-  CheckLeaving({"a"}, kNotEnabled, kConfig, Failed("The host is not in a Dovra cluster."), "");
-}
-
-TEST(ShellWord, QuotesWhatIsNotPlain) {
-  using OrvaneCli::DovraNamespace::ShellWord;
-  EXPECT_EQ(ShellWord("aZ09._-,:/@+"), "aZ09._-,:/@+");
-  EXPECT_EQ(ShellWord("\u00e4 it's\n"), "'\u00e4 it'\\''s\n'");
+  const Strings read = kConfig + "GetDatastores()", left = read + "LeaveCluster(false)";
+  const std::string before = "GetDatastores(): '/notify datastores' -t PreUnmount -d ";
+  const std::string after = "LeaveCluster(false): '/notify datastores' -t FailedUnmount -d ";
+  const Case cases[] = {
+      {{"a", "it's; $(b)"}, 9, left, {before + "'a,it'\\''s; $(b)'"}, kTrue},
+      {{"a", "\u00e4"}, 4, left, {before + "'a,\u00e4'", after + "'a,\u00e4'"}, Failed("busy")},
+      {{}, 4, left, {before}, Failed("busy")},
+      {{"aZ09._-,:/@+"}, 9, left, {before + "aZ09._-,:/@+"}, kTrue},
+      {{"a"}, 3, read, {}, Failed("busy")},  // it says nothing before it knows what to say
+  };
+  using HostCtl::Lib::Dovra::DovraCtlException;
+  for (const auto& [datastores, failing, calls, shell, outcome] : cases) {
+    RecordingLibrary library;
+    for (const auto& name : datastores) library.datastores.emplace_back("u", name, false);
+    library.exceptions[failing] = std::make_exception_ptr(DovraCtlException("busy"));
+    EXPECT_EQ(Testing::Run("cluster leave"), outcome);
+    EXPECT_EQ(library.calls, calls);
+    EXPECT_EQ(library.shell, shell);
+  }
+  Check("cluster leave", kNotEnabled, kConfig, Failed("The host is not in a Dovra cluster."));
 }
 
 }  // namespace

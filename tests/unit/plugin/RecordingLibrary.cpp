@@ -7,7 +7,9 @@
 
 #include "baselibs/Text.h"
 #include "platform/baselibs/Uuid.h"
+#include "platform/clitools/AutoCli.h"
 #include "platform/corectl/DovraUtil.h"
+#include "trace/RestartPause.h"
 
 namespace Testing {
 
@@ -219,6 +221,16 @@ extern "C" char* UUID_CreateRandom() {
 extern "C" char* UUID_PackText(const char* source, char* destination, std::size_t length) {
   if (living && living->uuids == RecordingLibrary::Uuids::kUnreadable) return nullptr;
   return Original<decltype(UUID_PackText)>("UUID_PackText")(source, destination, length);
+}
+
+int CliTools::AutoCli::AutoCli_ShellCmd(const std::string& command, std::string&,
+                                        const std::string&) {
+  living->shell.push_back(living->calls.back() + ": " + command);
+  return 0;
+}
+
+void OrvaneCli::DovraNamespace::PauseBeforeRestart() {
+  Record(__func__);
 }
 
 namespace HostCtl {

@@ -6,17 +6,13 @@
 #include "clitools/CommandLine.h"
 #include "clitools/Words.h"
 #include "frame/HostPaths.h"
-#include "trace/RestartPause.h"
 
 namespace Testing {
 
 using namespace CliTools::AutoCli;
 using namespace CliTools::MetaObj;
 
-std::string Host::notifyScript = "/bin/true";
-std::string Host::traceConfiguration = "/nowhere/dovratraced.conf";
-std::string Host::traceInitScript = "/etc/init.d/dovratraced";
-int Host::restartPauses = 0;
+std::string traceConfiguration = "/nowhere/dovratraced.conf";
 
 std::string ToText(const std::shared_ptr<MetaObject>& value) {
   if (!value) return "none";
@@ -103,18 +99,13 @@ namespace OrvaneCli::DovraNamespace {
 
 namespace HostPaths {
 std::string NotifyDatastoreScript() {
-  return Testing::Host::notifyScript;
+  return "/notify datastores";
 }
 std::string TraceConfiguration() {
-  return Testing::Host::traceConfiguration;
+  return Testing::traceConfiguration;
 }
 std::string TraceInitScript() {
-  return Testing::Host::traceInitScript;
+  return "/etc/init.d/dovratraced";
 }
 }  // namespace HostPaths
-
-void PauseBeforeRestart() {
-  ++Testing::Host::restartPauses;
-}
-
 }  // namespace OrvaneCli::DovraNamespace

@@ -44,13 +44,7 @@ Outcome Run(const std::string& line);
 /// Runs one with these parameters, whether they could be typed or not.
 Outcome Run(CliTools::AutoCli::Command& command, const Given& given);
 
-/// The files of the host under test, set by the test; and what was asked of the host beside the
-/// control library.
-struct Host {
-  static std::string notifyScript;
-  static std::string traceConfiguration;
-  static std::string traceInitScript;
-  static int restartPauses;
-};
+/// The host's file, set by the test.
+extern std::string traceConfiguration;
 
 }  // namespace Testing

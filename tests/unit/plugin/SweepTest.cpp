@@ -220,7 +220,7 @@ std::set<std::string> Sweep(Command& command, const Failure& failure) {
 }
 
 TEST(Sweep, EveryCommandStandsEveryFailure) {
-  Host::traceConfiguration = "/dev/null";
+  traceConfiguration = "/dev/null";
   std::set<std::string> paths, operations;
   for (const auto& [path, node] : Below(*Registered()->GetNamespaceNode("dovra"))) {
     const auto command = std::dynamic_pointer_cast<Command>(node);

@@ -22,15 +22,14 @@ class TraceTest : public testing::Test {
   TraceTest() {
     folder_ = testing::TempDir() + "traceXXXXXX";
     if (mkdtemp(folder_.data()) == nullptr) throw std::runtime_error("no temporary folder");
-    Host::traceConfiguration = folder_ + "/dovratraced.conf";
-    Host::restartPauses = 0;
+    traceConfiguration = folder_ + "/dovratraced.conf";
   }
   ~TraceTest() override { std::filesystem::remove_all(folder_); }
 
-  static void Write(const std::string& text) { std::ofstream(Host::traceConfiguration) << text; }
+  static void Write(const std::string& text) { std::ofstream(traceConfiguration) << text; }
   static std::string Read() {
     std::ostringstream text;
-    text << std::ifstream(Host::traceConfiguration).rdbuf();
+    text << std::ifstream(traceConfiguration).rdbuf();
     return text.str();
   }
 
@@ -103,7 +102,7 @@ TEST_F(TraceTest, GetAsksForTheDaemonFirst) {
     EXPECT_EQ(Get(), (Outcome{"none", {error}}));
     EXPECT_EQ(library_.calls, Strings{kStatusCall});
   }
-  std::filesystem::create_directory(Host::traceConfiguration);  // opens, but does not read
+  std::filesystem::create_directory(traceConfiguration);  // opens, but does not read
   EXPECT_EQ(Get(), (Outcome{"none", {unreadable}}));
 }
 
@@ -171,14 +170,14 @@ TEST_F(TraceTest, SetLeavesTheDaemonAloneWhenTheFileFails) {
   const Outcome unreadable = {"none", {"Error opening Dovra Trace Config File for reading."}};
   const Outcome unwritable = {"none", {"Error opening Dovra Trace Config File for writing."}};
   EXPECT_EQ(Set("-p /p"), unreadable);
-  std::filesystem::create_directory(Host::traceConfiguration);
+  std::filesystem::create_directory(traceConfiguration);
   EXPECT_EQ(Set("-p /p"), unreadable);
 
-  Host::traceConfiguration = "/proc/version";  // can be read, but not even root can write it
+  traceConfiguration = "/proc/version";  // can be read, but not even root can write it
   EXPECT_EQ(Set("-p /p"), unwritable);
 
   // A disk that is full after four bytes.
-  Host::traceConfiguration = folder_ + "/small";
+  traceConfiguration = folder_ + "/small";
   Write("");
   rlimit before{};
   ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
@@ -203,27 +202,27 @@ TEST_F(TraceTest, SetRestartsTheDaemonWithPatience) {
   const struct {
     std::vector<int> statuses;  // of "status", then of each "restart"
     Outcome outcome;
-    std::size_t restarts;
-    int pauses;
+    int restarts;
   } cases[] = {
-      {{0, 0}, {"true", {}}, 1, 0},
-      {{1, 0}, {"true", {}}, 1, 0},
-      {{3}, {"true", {}}, 0, 0},
-      {{-1}, {"none", {"Failed to check dovratraced status." + refer}}, 0, 0},
-      {{0, 1, 3, 0}, {"true", {}}, 3, 2},
-      {{0, 1, 1, 1, 1, 1, 1, 1, 0}, {"true", {}}, 8, 7},
-      {{0, 1, 1, 1, 1, 1, 1, 1, -1, 0}, {"none", {eightTimes + refer}}, 8, 7},
+      {{0, 0}, {"true", {}}, 1},
+      {{1, 0}, {"true", {}}, 1},
+      {{3}, {"true", {}}, 0},
+      {{-1}, {"none", {"Failed to check dovratraced status." + refer}}, 0},
+      {{0, 1, 3, 0}, {"true", {}}, 3},
+      {{0, 1, 1, 1, 1, 1, 1, 1, 0}, {"true", {}}, 8},
+      {{0, 1, 1, 1, 1, 1, 1, 1, -1, 0}, {"none", {eightTimes + refer}}, 8},
   };
   for (const auto& one : cases) {
     Write("");
-    Host::restartPauses = 0;
     library_.calls.clear();
     library_.execStatuses = one.statuses;
     EXPECT_EQ(Set("-f 1"), one.outcome);
-    Strings calls(1 + one.restarts, kRestartCall);
-    calls.front() = kStatusCall;
+    Strings calls = {kStatusCall};
+    for (int restart = 1; restart <= one.restarts; ++restart) {
+      if (restart > 1) calls.push_back("PauseBeforeRestart()");
+      calls.push_back(kRestartCall);
+    }
     EXPECT_EQ(library_.calls, calls);
-    EXPECT_EQ(Host::restartPauses, one.pauses);
     EXPECT_EQ(Read(), "DOVRATRACED_ROTATE_MAX_FILES=1\n") << "the new settings stay";
   }
 }
