@@ -4,6 +4,7 @@
 #include <csignal>
 #include <filesystem>
 #include <fstream>
+#include <locale>
 #include <sstream>
 
 #include "Run.h"
@@ -40,7 +41,14 @@ class TraceTest : public testing::Test {
   RecordingLibrary library_;
 };
 
-TEST_F(TraceTest, GetReadsEachSetting) {
+/// Numbers as some people write them: 1,024.
+struct Grouping : std::numpunct<char> {
+  char do_thousands_sep() const override { return ','; }
+  std::string do_grouping() const override { return "\3"; }
+};
+
+TEST_F(TraceTest, GetReadsEachSettingInAnyLocale) {
+  const std::locale before = std::locale::global(std::locale(std::locale(), new Grouping));
   const std::string none = "No volume selected.";
   const struct {
     const char* file;
@@ -70,8 +78,8 @@ TEST_F(TraceTest, GetReadsEachSetting) {
        "DOVRATRACED_LOG_URGENT_TO_SYSLOG=0\nDOVRATRACED_LOG_URGENT_TO_SYSLOG=1\r\n",
        "/a\r", 12, 8589934593},
       {"DOVRATRACED_LAST_SELECTED_VOLUME=\nDOVRATRACED_ROTATE_MAX_FILES=0x10\n"
-       "DOVRATRACED_ROTATE_FILE_SIZE=\"16\"\n",
-       "", 0, 0},
+       "DOVRATRACED_ROTATE_FILE_SIZE=1,024\n",
+       "", 0, 1},
       {"DOVRATRACED_ROTATE_MAX_FILES=1\nDOVRATRACED_ROTATE_MAX_FILES=99999999999999999999\n"
        "DOVRATRACED_ROTATE_FILE_SIZE=many\n",
        none, INT64_MAX, 0},
@@ -86,6 +94,7 @@ TEST_F(TraceTest, GetReadsEachSetting) {
     EXPECT_EQ(Get(), (Outcome{record, {}})) << one.file;
     EXPECT_EQ(Read(), one.file);
   }
+  std::locale::global(before);
 }
 
 TEST_F(TraceTest, GetAsksForTheDaemonFirst) {
