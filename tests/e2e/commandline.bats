@@ -27,7 +27,6 @@ load common
 }
 
 @test "help at every level, however it is asked for" {
-    expect 0 '*faultdomain      Commands for*' '' dovra --help
     expect 0 '*Options:*Orvane Dovra commands*Exit status*' '' --help
     expect 0 '*Mbps (0 to 512, 0 means*' '' dovra resync throttle set --help
     for words in 'help dovra resync throttle set' 'dovra resync throttle help set' 'dovra resync throttle set help' \

@@ -5,7 +5,6 @@ load common
     new_cluster
     fields='Local Node State, Enabled'
     expect 0 $'Cluster Information\n   Local Node State: MASTER\n   Enabled: true' '' --fields "$fields" dovra cluster get
-    expect 0 $'Local Node State,Enabled\nMASTER,true' '' --fields "$fields" --formatter csv dovra cluster get
     expect 0 $'{\n  "Local Node State": "MASTER",\n  "Enabled": true\n}' '' --fields "$fields" --formatter json dovra cluster get
     wrong "dovra cluster leave: --fields: this command's result has no fields" --fields Name dovra cluster leave
     wrong '--fields: a name is empty' --fields 'Name,' lab host list
