@@ -149,11 +149,15 @@ void Database::Execute(const std::string& sql) {
   if (sqlite3_exec(handle_, sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) Fail(handle_);
 }
 
-bool Database::Renew() {
+bool Database::Renew(const std::filesystem::path& path) {
   sqlite3_db_release_memory(handle_);
   int hasMoved = 0;
   sqlite3_file_control(handle_, "main", SQLITE_FCNTL_HAS_MOVED, &hasMoved);
-  return hasMoved == 0 && sqlite3_db_readonly(handle_, "main") == 0 && !IsInTransaction();
+  // SQLite looks behind the symlinks that were on the way to the file.
+  std::error_code ignored;
+  return hasMoved == 0 &&
+         std::filesystem::equivalent(path, sqlite3_db_filename(handle_, "main"), ignored) &&
+         sqlite3_db_readonly(handle_, "main") == 0 && !IsInTransaction();
 }
 
 void Database::BeginToRead() {

@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <filesystem>
 #include <map>
 #include <string>
 #include <string_view>
@@ -82,9 +83,9 @@ class Database {
   void Execute(const std::string& sql);
 
   /// Forgets what was read of the file, which may have been overwritten by another program than
-  /// SQLite. False if it has to be opened anew: its name is no longer its own, it could only be
-  /// read, or a transaction could not be ended.
-  bool Renew();
+  /// SQLite. False if it has to be opened anew: another file is at `path`, where this one was
+  /// opened, it could only be read, or a transaction could not be ended.
+  bool Renew(const std::filesystem::path& path);
 
   /// Begins a transaction that only reads.
   void BeginToRead();

@@ -44,7 +44,7 @@ Store::Store(const fs::path& folder, const NewLab& newLab) : folder_(fs::absolut
 }
 
 bool Store::IsCurrent() {
-  if (!database_->Renew()) return false;
+  if (!database_->Renew(GetFile())) return false;
   RequireTrust();
   Check();
   return true;

@@ -115,6 +115,15 @@ tamper "DELETE FROM lab"|the lab's store "$store" is damaged: it has no name|lab
 EOF
     cp "$BATS_TEST_TMPDIR/good" "$store"
     [[ $(cluster_field Enabled) == true ]]
+    link="--lab $BATS_TEST_TMPDIR/link $enabled"
+    mkdir "$BATS_TEST_TMPDIR/new"
+    ln -s "$AUTOCLI_LAB" "$BATS_TEST_TMPDIR/link"
+    ask "$link"
+    [[ $told == true ]]
+    ln -sfn new "$BATS_TEST_TMPDIR/link"
+    ask "$link"
+    [[ $told == false ]]
+    read -r <&"${batch[0]}" # why
     ask "$enabled"
     [[ $told == true ]]
     rm -r "$AUTOCLI_LAB"
