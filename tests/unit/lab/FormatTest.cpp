@@ -71,25 +71,14 @@ TEST(Format, ShowsPeopleRecords) {
   EXPECT_EQ(Format(*MakeDisk("x\n   Is SSD: true\x1b\xff", -1), "simple",
                    {{"header:Disk", "Disk"}, {"fields:Disk", "Gone,Name,Size"}}),
             "Disk\n   Name: x\\n   Is SSD: true\\x1b\uFFFD\n   Size: -1\n");
-  EXPECT_EQ(Format(*MakeDisk("e\u0301\n"), "table", {{"fields:Disk", "Size,Tags,Name,Gone"}}),
-            "Size  Tags  Name  Gone\n"
-            "----  ----  ----  ----\n"
-            "   0        e\u0301\\n\n");
+  EXPECT_EQ(Format(*MakeDisk("e\u0301\n"), "table", {{"fields:Disk", "Size,Name,Gone"}},
+                   {.header = false}),
+            "   0  e\u0301\\n\n");
+  EXPECT_THROW(SelectFields(nullptr, {}, {"Size"}), UsageError);
 }
 
 TEST(Format, WritesDocuments) {
   const auto disks = MakeDisks({MakeDisk("", 5, {"a", "b"}), MakeDisk("", 1000)});
-  EXPECT_EQ(Format(*disks, "json", {{"fields:Disk", "Size,Is SSD"}}),
-            "[\n"
-            "  {\n"
-            "    \"Size\": 5,\n"
-            "    \"Is SSD\": false\n"
-            "  },\n"
-            "  {\n"
-            "    \"Size\": 1000,\n"
-            "    \"Is SSD\": true\n"
-            "  }\n"
-            "]\n");
   EXPECT_EQ(Format(*disks, "keyvalue", {{"fields:Disk", "Size,Tags"}}),
             "Disk_0_Size=5\nDisk_0_Tags_0=a\nDisk_0_Tags_1=b\nDisk_1_Size=1000\n");
   EXPECT_EQ(Format(*MakeDisk("<&>\"\r\n\t\u009b\x1b\uFFFE\xff", 1, {"a", "b"}), "xml",
@@ -188,47 +177,6 @@ TEST(Format, FitsTablesToThePage) {
   EXPECT_EQ(page(7, true),
             "Name\n---------\nc0ffee00\u2026\n"
             "(2 fields are left out, UUIDs are cut short; --fields chooses what is shown.)\n");
-}
-
-TEST(Format, LeavesTheHeadingOut) {
-  for (const auto& [formatter, expected] :
-       {std::pair("table", "   5  a\n"), std::pair("csv", "5,a\n")}) {
-    EXPECT_EQ(
-        Format(*MakeDisk("a", 5), formatter, {{"fields:Disk", "Size,Name"}}, {.header = false}),
-        expected);
-  }
-}
-
-TEST(Format, LetsCaptionsStandOut) {
-  const auto disk = MakeDisk("a", 1);
-  EXPECT_EQ(
-      Format(*disk, "simple", {{"header:Disk", "%Name%"}, {"fields:Disk", "Size"}}, {.bold = true}),
-      "\x1b[1ma\x1b[0m\n   Size: 1\n");
-  EXPECT_EQ(Format(*disk, "table", {{"fields:Disk", "Size"}}, {.bold = true}),
-            "\x1b[1mSize\x1b[0m\n----\n   1\n");
-  EXPECT_EQ(Format(*disk, "csv", {{"fields:Disk", "Size"}}, {.width = 3, .bold = true}),
-            "Size\n1\n");
-}
-
-/// The table of these fields of a disk; or what was refused.
-std::string Select(const MetaObject* layout, const Names& fields) try {
-  return Format(*MakeDisk("a", 1), "csv", SelectFields(layout, kParameters, fields));
-} catch (const UsageError& error) {
-  return error.what();
-}
-
-TEST(Format, SelectsFields) {
-  const std::string known = " (known here: Name, Size, Tags, Is SSD)";
-  const std::string none = "--fields: this command's result has no fields";
-  EXPECT_EQ(Select(MakeDisk().get(), {"Is SSD", "Name"}), "Is SSD,Name\nfalse,a\n");
-  EXPECT_EQ(Select(MakeDisks({}).get(), {"Tags"}), "Tags\n\n");
-  EXPECT_EQ(Select(MakeDisk().get(), {"Size", "name"}),
-            "--fields: there is no field \"name\"; did you mean \"Name\"?" + known);
-  EXPECT_EQ(Select(MakeDisk().get(), {"Hidden"}), "--fields: there is no field \"Hidden\"" + known);
-  EXPECT_EQ(Select(MakeDisk().get(), {"Size", "Size"}), "--fields: \"Size\" is named twice");
-  EXPECT_EQ(Select(MetaBool::New().get(), {"Size"}), none);
-  EXPECT_EQ(Select(MetaList::New(MetaType::kString).get(), {"Size"}), none);
-  EXPECT_EQ(Select(nullptr, {"Size"}), none);
 }
 
 TEST(Format, DocumentsGiveBackEveryText) {

@@ -43,13 +43,10 @@ TEST(Help, TellsACommandsParameters) {
            "    all: move everything that is on the disk away from it\n"
            "    none: move nothing")
       .SetConstraint(values);
-  const auto range = ParameterConstraint::New(ParameterConstraintType::kIntRange);
-  range->SetIntRange(0, 512);
-  remove.Add("level", "", ParameterType::kInt, "Rate (%ENUM%).").SetConstraint(range);
-  remove.Add("quiet", "q", ParameterType::kFlag, "Literal, as nothing is listed: %ENUM%");
+  remove.Add("quiet", "", ParameterType::kFlag, "Nothing is listed for %ENUM%.");
   EXPECT_EQ(CommandHelp("program", remove, {60}),
             "Usage: program disk remove --disk TEXT [--disk TEXT]...\n"
-            "       [--mode TEXT] [--level NUMBER] [--quiet]\n"
+            "       [--mode TEXT] [--quiet]\n"
             "\nRemove disks, and wait until their data is elsewhere.\n"
             "\nParameters:\n"
             "  -d, --disk TEXT (required; text; may be repeated)\n"
@@ -59,11 +56,8 @@ TEST(Help, TellsACommandsParameters) {
             "            all: move everything that is on the disk away\n"
             "            from it\n"
             "            none: move nothing\n"
-            "      --level NUMBER (optional; a whole number from 0 to\n"
-            "      512)\n"
-            "        Rate (0 to 512).\n"
-            "  -q, --quiet (optional; takes no value)\n"
-            "        Literal, as nothing is listed: %ENUM%\n"
+            "      --quiet (optional; takes no value)\n"
+            "        Nothing is listed for %ENUM%.\n"
             "\nOutput: true on success\n");
 }
 

@@ -22,6 +22,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using CoreCtl::Dovra::DovraUtil;
+using HostCtl::Dovra::DovraDatastore;
 using HostCtl::Dovra::DovraDiskInfo;
 using HostCtl::Dovra::DovraInfo;
 using HostCtl::Dovra::DovraIpAddress;
@@ -33,6 +34,9 @@ using testing::HasSubstr;
 using Strings = std::vector<std::string>;
 
 constexpr const char* kNode = "10000000-0000-0000-0000-000000000002";
+const std::string kSsd = "mpx.xhba1:C0:T0:L0";
+const std::string kOne = "mpx.xhba2:C0:T0:L0";
+const std::string kTwo = "mpx.xhba2:C0:T1:L0";
 
 /// A lab in a new folder, and the control library of its first host.
 class Rules : public testing::Test {
@@ -134,9 +138,9 @@ TEST_F(Rules, NamesAreCountedInCharacters) {
 }
 
 TEST_F(Rules, DisksTakeTheStateOfTheirGroup) {
-  info_->AddDisks("mpx.xhba1:C0:T0:L0", {"mpx.xhba2:C0:T0:L0"});
-  info_->UnmountDiskGroup("mpx.xhba1:C0:T0:L0");
-  info_->AddDisks("mpx.xhba1:C0:T0:L0", {"mpx.xhba2:C0:T1:L0"});
+  info_->AddDisks(kSsd, {kOne});
+  info_->UnmountDiskGroup(kSsd);
+  info_->AddDisks(kSsd, {kTwo});
   info_->SetAutoClaimMode(true);
   Change([](Store& store, const HostRow& host) {
     SetCapacityTag(store, host, "mpx.xhba1:C0:T1:L0", true);
@@ -147,63 +151,53 @@ TEST_F(Rules, DisksTakeTheStateOfTheirGroup) {
 }
 
 TEST_F(Rules, OneDiskIsNotAddedTwice) {
-  for (const Strings& disks :
-       {Strings{"mpx.xhba2:C0:T0:L0", "mpx.xhba2:C0:T0:L0"}, Strings{"mpx.xhba1:C0:T0:L0"}}) {
-    EXPECT_EQ(Refusal([&] { info_->AddDisks("mpx.xhba1:C0:T0:L0", disks); }),
+  for (const Strings& disks : {Strings{kOne, kOne}, Strings{kSsd}}) {
+    EXPECT_EQ(Refusal([&] { info_->AddDisks(kSsd, disks); }),
               "Disk \"" + disks.back() + "\" is given twice.");
   }
 }
 
 TEST_F(Rules, ALostDiskIsOutOfUseUntilItIsBack) {
-  const std::string ssd = "mpx.xhba1:C0:T0:L0";
-  const std::string one = "mpx.xhba2:C0:T0:L0";
-  const std::string two = "mpx.xhba2:C0:T1:L0";
   info_->CreateCluster(kNode, true, false);
-  info_->AddDisks(ssd, {one, two});
-  const Strings healthy = {ssd + " known", one + " known", two + " known"};
+  info_->AddDisks(kSsd, {kOne, kTwo});
+  const Strings healthy = ListDisks();
   const auto lose = [&](auto&& how, const std::string& device) {
     Change([&](Store& store, const HostRow& host) { how(store, host, device); });
   };
+  const auto mount = [&] { return Refusal([&] { info_->MountDisk(kOne); }); };
+  const auto replace = [&] { return Refusal([&] { lose(Replace, kOne); }); };
+  const std::string failed = "Disk \"" + kOne + "\" has failed.";
 
-  lose(Unplug, one);
+  lose(Unplug, kOne);
   EXPECT_THAT(ListDisks(),
-              ElementsAre("Unknown unmounted away known", ssd + " known", two + " known"));
-  EXPECT_EQ(Refusal([&] { info_->MountDisk(one); }), "Host host1 has no disk \"" + one + "\".");
-  EXPECT_EQ(Refusal([&] { lose(Unplug, one); }), "Disk \"" + one + "\" is unplugged already.");
-  lose(Replug, one);
+              ElementsAre("Unknown unmounted away known", kSsd + " known", kTwo + " known"));
+  EXPECT_EQ(mount(), "Host host1 has no disk \"" + kOne + "\".");
+  EXPECT_EQ(Refusal([&] { lose(Unplug, kOne); }), "Disk \"" + kOne + "\" is unplugged already.");
+  lose(Replug, kOne);
   EXPECT_EQ(ListDisks(), healthy);
-  lose(Unplug, ssd);
-  EXPECT_THAT(ListDisks(),
-              ElementsAre("Unknown unmounted away known", one + " unmounted", two + " unmounted"));
-  EXPECT_THAT(Refusal([&] { info_->MountDisk(one); }),
-              HasSubstr("is not mounted; mount it by its"));
-  lose(Replug, ssd);
-  EXPECT_EQ(ListDisks(), healthy);
-
-  lose(Fail, one);
-  EXPECT_THAT(ListDisks(), ElementsAre(ssd + " known", one + " unmounted broken", two + " known"));
-  EXPECT_EQ(Refusal([&] { info_->MountDisk(one); }), "Disk \"" + one + "\" has failed.");
-  lose(Unplug, one);
-  lose(Replug, one);
-  EXPECT_EQ(Refusal([&] { info_->MountDisk(one); }), "Disk \"" + one + "\" has failed.");
-  info_->UnmountDiskGroup(ssd);
-  info_->MountDiskGroup(ssd);
-  EXPECT_THAT(ListDisks(), ElementsAre(ssd + " known", one + " unmounted broken", two + " known"));
-  EXPECT_THAT(Refusal([&] { info_->RemoveDisk(one, "EvacuateAllData"); }), HasSubstr("noAction"));
-  EXPECT_THAT(Refusal([&] { lose(Replace, one); }), HasSubstr("remove it from there first"));
-  info_->RemoveDisk(one, "NoAction");
-  EXPECT_EQ(Refusal([&] { info_->AddDisks(ssd, {one}); }), "Disk \"" + one + "\" has failed.");
-  lose(Replace, one);
-  info_->AddDisks(ssd, {one});
+  lose(Unplug, kSsd);
+  EXPECT_THAT(ListDisks(), ElementsAre("Unknown unmounted away known", kOne + " unmounted",
+                                       kTwo + " unmounted"));
+  EXPECT_THAT(mount(), HasSubstr("is not mounted; mount it by its"));
+  lose(Replug, kSsd);
   EXPECT_EQ(ListDisks(), healthy);
 
-  lose(Fail, ssd);
+  lose(Fail, kOne);
+  lose(Unplug, kOne);
+  lose(Replug, kOne);
+  EXPECT_EQ(mount(), failed);
+  info_->UnmountDiskGroup(kSsd);
+  info_->MountDiskGroup(kSsd);
   EXPECT_THAT(ListDisks(),
-              ElementsAre(ssd + " unmounted broken", one + " unmounted", two + " unmounted"));
-  EXPECT_EQ(Refusal([&] { info_->MountDiskGroup(ssd); }), "Disk \"" + ssd + "\" has failed.");
-  info_->RemoveDiskGroup(ssd, "");
-  EXPECT_THAT(ListDisks(), ElementsAre());
-  EXPECT_EQ(Refusal([&] { lose(Replace, one); }), "Disk \"" + one + "\" has not failed.");
+              ElementsAre(kSsd + " known", kOne + " unmounted broken", kTwo + " known"));
+  EXPECT_THAT(Refusal([&] { info_->RemoveDisk(kOne, "EvacuateAllData"); }), HasSubstr("noAction"));
+  EXPECT_THAT(replace(), HasSubstr("remove it from there first"));
+  info_->RemoveDisk(kOne, "NoAction");
+  EXPECT_EQ(Refusal([&] { info_->AddDisks(kSsd, {kOne}); }), failed);
+  EXPECT_EQ(replace(), "");
+  EXPECT_EQ(replace(), "Disk \"" + kOne + "\" has not failed.");
+  lose(Fail, kSsd);
+  EXPECT_EQ(Refusal([&] { info_->MountDiskGroup(kSsd); }), "Disk \"" + kSsd + "\" has failed.");
 }
 
 TEST_F(Rules, WhatIsReadOfAClusterIsOfOneMoment) {
@@ -223,7 +217,7 @@ TEST_F(Rules, WhatIsReadOfAClusterIsOfOneMoment) {
 
 TEST_F(Rules, AListingIsOfOneMoment) {
   info_->CreateCluster(kNode, true, false);
-  info_->AddDisks("mpx.xhba1:C0:T0:L0", {"mpx.xhba2:C0:T0:L0"});
+  info_->AddDisks(kSsd, {kOne});
   DovraInfo::DiskLuns luns;
   DovraInfo::GetDovraDisks(luns);
   ClearBehindItsBack();
@@ -250,9 +244,7 @@ TEST_F(Rules, WithoutTheMajorityOnlyTheHostsOwnGoesOn) {
     SplitNetwork(store, {"host2"});
   });
   const std::vector<std::function<void()>> shared = {
-      [&] {
-        info_->AddDatastore({NewUuid(), "two", false});
-      },
+      [&] { info_->AddDatastore(DovraDatastore(NewUuid(), "two", false)); },
       [&] { info_->SetDatastoreName("", "three"); },
       [&] { info_->RemoveDatastore(datastore, false); },
       [&] { info_->ClearDatastores(); },
@@ -260,89 +252,75 @@ TEST_F(Rules, WithoutTheMajorityOnlyTheHostsOwnGoesOn) {
       [&] { info_->ClearPolicyDefaults(); },
       [&] { info_->LeaveCluster(false); },
   };
-  for (std::size_t i = 0; i < shared.size(); ++i) {
-    EXPECT_THAT(Refusal(shared[i]), HasSubstr("1 of 2 votes")) << i;
-  }
+  for (const auto& change : shared) EXPECT_THAT(Refusal(change), HasSubstr("1 of 2 votes"));
   info_->SetFaultDomain("a");
   info_->SetAutoClaimMode(true);
   info_->SetResyncThrottle(1);
   AddAgent(false, Address("10.0.0.2"));
-  info_->AddDisks("mpx.xhba1:C0:T0:L0", {"mpx.xhba2:C0:T0:L0"});
+  info_->AddDisks(kSsd, {kOne});
   EXPECT_THAT(ListDisks(), testing::SizeIs(2));
   ChangeLab(HealNetwork);
   for (const auto& change : shared) EXPECT_EQ(Refusal(change), "");
 }
 
-/// A cluster in words: hosts in the order of their age, named after their sites; "w" is the
-/// witness,
-/// "!" marks one that is not running, "|" is where the network is split.
-struct Cluster {
+/// The sides of a cluster in words, each with "+" or "-": whether it has the majority. The words
+/// are hosts in the order of their age, named after their sites; "w" is the witness, "!" marks one
+/// that is not running, "|" is where the network is split.
+std::string Sides(const std::string& cluster, const std::string& preferred) {
   std::vector<Member> members;
-  std::int64_t groups = 1;
-
-  Cluster(const std::string& words, const std::string& preferred) {
-    std::istringstream stream(words);
-    for (std::string word; stream >> word;) {
-      if (word == "|") {
-        ++groups;
-        continue;
-      }
-      Member member;
-      member.row.running = word.back() != '!';
-      member.row.witness = word == "w";
-      member.row.preferredFaultDomain = preferred;
-      member.host.name = word;
-      member.host.faultDomain = word.substr(0, 1);
-      member.host.networkGroup = groups - 1;
-      members.push_back(member);
+  std::int64_t group = 0;
+  std::istringstream stream(cluster);
+  for (std::string word; stream >> word;) {
+    if (word == "|") {
+      ++group;
+      continue;
     }
+    Member& member = members.emplace_back();
+    member.row.running = word.back() != '!';
+    member.row.witness = word == "w";
+    member.row.preferredFaultDomain = preferred;
+    member.host.name = word;
+    member.host.faultDomain = word.substr(0, 1);
+    member.host.networkGroup = group;
   }
-
-  /// Its sides in the same words, each with "+" or "-": whether it has the majority.
-  std::string Sides() const {
-    std::string text;
-    for (std::int64_t group = 0; group < groups; ++group) {
-      const Side side = SideOf(members, group);
-      text += group == 0 ? "" : " | ";
-      for (const Member& member : side.members) text += member.host.name + ' ';
-      text += side.HasMajority() ? '+' : '-';
-    }
-    return text;
+  std::string text;
+  for (std::int64_t shown = 0; shown <= group; ++shown) {
+    const Side side = SideOf(members, shown);
+    for (const Member& member : side.members) text += member.host.name + ' ';
+    text += side.HasMajority() ? "+" : "-";
+    if (shown < group) text += " | ";
   }
-};
+  return text;
+}
 
 TEST(Splits, TheMajorityIsOnOneSideAtMost) {
-  struct Case {
-    const char* cluster;
-    const char* preferred;
-    const char* sides;
+  const std::tuple<const char*, const char*, const char*> cases[] = {
+      {"a1 a2 a3", "", "a1 a2 a3 +"},
+      {"a1 a2! a3!", "", "a1 +"},  // who is down is not cut off
+      {"a1 | a2", "", "a1 - | a2 -"},
+      {"a1 a2 | a3", "", "a1 a2 + | a3 -"},
+      {"a1 a2 | a3 a4", "", "a1 a2 - | a3 a4 -"},
+      {"a1 | a2 | a3", "", "a1 - | a2 - | a3 -"},
+      {"a1 a2! | a3", "", "a1 - | a3 -"},  // but has a vote all the same
+      {"a1 a2! a3 | a4", "", "a1 a3 - | a4 -"},
+      {"a1 a2 | w", "", "a1 a2 + | w -"},
+      // Between the sites, the witness goes with the one that it prefers.
+      {"a1 | b1 w", "a", "a1 w + | b1 -"},
+      {"a1 | b1 w", "b", "a1 - | b1 w +"},
+      {"a1 w | b1", "b", "a1 - | w b1 +"},
+      {"a1 a2 | b1 b2 w", "a", "a1 a2 w + | b1 b2 -"},
+      {"a1 | b1 b2 w", "a", "a1 w - | b1 b2 -"},
+      {"a1 | b1 | w", "a", "a1 - | b1 - | w -"},
+      {"a1 | a2 a3 | b1 w", "a", "a1 - | a2 a3 w + | b1 -"},
+      {"a1 | a2 | b1 w", "a", "a1 w - | a2 - | b1 -"},
+      {"a1! | b1 w", "a", "- | b1 w +"},
+      {"a1 b1 w", "b", "a1 b1 w +"},
+      // Not between the sites, or not stretched: where it is.
+      {"a1 b1 | a2 b2 w", "a", "a1 b1 - | a2 b2 w +"},
+      {"a1 | b1 c1 w", "a", "a1 - | b1 c1 w +"},
   };
-  for (const auto& [cluster, preferred, sides] : std::vector<Case>{
-           {"a1 a2 a3", "", "a1 a2 a3 +"},
-           {"a1 a2! a3!", "", "a1 +"},  // who is down is not cut off
-           {"a1 | a2", "", "a1 - | a2 -"},
-           {"a1 a2 | a3", "", "a1 a2 + | a3 -"},
-           {"a1 a2 | a3 a4", "", "a1 a2 - | a3 a4 -"},
-           {"a1 | a2 | a3", "", "a1 - | a2 - | a3 -"},
-           {"a1 a2! | a3", "", "a1 - | a3 -"},  // but has a vote all the same
-           {"a1 a2! a3 | a4", "", "a1 a3 - | a4 -"},
-           {"a1 a2 | w", "", "a1 a2 + | w -"},
-           // Between the sites, the witness goes with the one that it prefers.
-           {"a1 | b1 w", "a", "a1 w + | b1 -"},
-           {"a1 | b1 w", "b", "a1 - | b1 w +"},
-           {"a1 w | b1", "b", "a1 - | w b1 +"},
-           {"a1 a2 | b1 b2 w", "a", "a1 a2 w + | b1 b2 -"},
-           {"a1 | b1 b2 w", "a", "a1 w - | b1 b2 -"},
-           {"a1 | b1 | w", "a", "a1 - | b1 - | w -"},
-           {"a1 | a2 a3 | b1 w", "a", "a1 - | a2 a3 w + | b1 -"},
-           {"a1 | a2 | b1 w", "a", "a1 w - | a2 - | b1 -"},
-           {"a1! | b1 w", "a", "- | b1 w +"},
-           {"a1 b1 w", "b", "a1 b1 w +"},
-           // Not between the sites, or not stretched: where it is.
-           {"a1 b1 | a2 b2 w", "a", "a1 b1 - | a2 b2 w +"},
-           {"a1 | b1 c1 w", "a", "a1 - | b1 c1 w +"},
-       }) {
-    EXPECT_EQ(Cluster(cluster, preferred).Sides(), sides) << cluster << ", prefers " << preferred;
+  for (const auto& [cluster, preferred, sides] : cases) {
+    EXPECT_EQ(Sides(cluster, preferred), sides) << cluster << ", prefers " << preferred;
   }
 }
 

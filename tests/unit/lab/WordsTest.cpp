@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include "baselibs/Text.h"
 #include "clitools/Text.h"
 #include "clitools/UsageError.h"
 #include "clitools/Words.h"
@@ -8,7 +7,6 @@
 namespace {
 
 using namespace CliTools;
-using BaseLibs::Join;
 
 std::string Split(std::string_view line) try {
   std::string text;
@@ -36,19 +34,6 @@ TEST(Words, AreThoseOfAShell) {
       {"a \\", "nothing follows the backslash at the end of the line"},
   };
   for (const auto& [line, expected] : cases) EXPECT_EQ(Split(line), expected) << line;
-}
-
-TEST(Words, MayStillBeTyped) {
-  for (const auto& [line, expected] :
-       std::vector<std::pair<std::string, std::string>>{{"", "<>"},
-                                                        {"a b", "<a><b>"},
-                                                        {"a b ", "<a><b><>"},
-                                                        {"a 'b c", "<a><b c>"},
-                                                        {"a \"", "<a><>"},
-                                                        {"a b\\", "<a><b>"},
-                                                        {"a b\\ ", "<a><b >"}}) {
-    EXPECT_EQ("<" + Join(SplitTyped(line), "><") + ">", expected) << line;
-  }
 }
 
 }  // namespace
