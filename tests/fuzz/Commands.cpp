@@ -39,7 +39,7 @@ void CheckEntry(const std::string& text) {
 /// `reset` what it shows of no file at all.
 void CheckTraceFile(const std::string& text) {
   static const int kFile = memfd_create("dovratraced.conf", 0);
-  Host::traceConfiguration = "/proc/self/fd/" + std::to_string(kFile);
+  traceConfiguration = "/proc/self/fd/" + std::to_string(kFile);
   const auto fill = [](const std::string& content) {
     Require("written",
             ftruncate(kFile, 0) == 0 && pwrite(kFile, content.data(), content.size(), 0) ==
