@@ -192,7 +192,7 @@ TEST_F(Rules, ALostDiskIsOutOfUseUntilItIsBack) {
               ElementsAre(kSsd + " known", kOne + " unmounted broken", kTwo + " known"));
   EXPECT_THAT(Refusal([&] { info_->RemoveDisk(kOne, "EvacuateAllData"); }), HasSubstr("noAction"));
   EXPECT_THAT(replace(), HasSubstr("remove it from there first"));
-  info_->RemoveDisk(kOne, "NoAction");
+  info_->RemoveDisk(kOne, "");
   EXPECT_EQ(Refusal([&] { info_->AddDisks(kSsd, {kOne}); }), failed);
   EXPECT_EQ(replace(), "");
   EXPECT_EQ(replace(), "Disk \"" + kOne + "\" has not failed.");
@@ -255,7 +255,7 @@ TEST_F(Rules, WithoutTheMajorityOnlyTheHostsOwnGoesOn) {
   for (const auto& change : shared) EXPECT_THAT(Refusal(change), HasSubstr("1 of 2 votes"));
   info_->SetFaultDomain("a");
   info_->SetAutoClaimMode(true);
-  info_->SetResyncThrottle(1);
+  info_->SetResyncThrottle(512);
   AddAgent(false, Address("10.0.0.2"));
   info_->AddDisks(kSsd, {kOne});
   EXPECT_THAT(ListDisks(), testing::SizeIs(2));

@@ -45,7 +45,8 @@ TEST(Text, MeasuresColumnsWhateverTheProcessLocale) {
 }
 
 TEST(Text, WrapsOneWordALineAtLeast) {
-  EXPECT_EQ(Wrap("a b", 20, 5), std::string(20, ' ') + "a\n" + std::string(20, ' ') + "b\n");
+  EXPECT_EQ(Wrap("a b", 5, 3), "     a\n     b\n");
+  EXPECT_EQ(Wrap("a bcd", 0, 3), "a\nbcd\n");
 }
 
 TEST(Suggest, FindsNamesNearAMistypedOne) {
