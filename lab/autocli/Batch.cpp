@@ -12,6 +12,7 @@
 #include "clitools/Text.h"
 #include "clitools/UsageError.h"
 #include "clitools/Words.h"
+#include "corectl/LabHost.h"
 #include "store/LabError.h"
 
 namespace AutoCliProgram {
@@ -122,6 +123,7 @@ ExitStatus RunBatch(CommandTree& tree, const Options& options) {
     const bool goesOn = status == kSuccess || options.keepGoing;
     if (!goesOn || std::ferror(stdout) != 0) break;  // results that nobody gets help nobody
   }
+  Lab::Select({});  // closes the store, so that only what a line left behind is left
   if (options.keepGoing && failed > 0) {
     PrintError("autocli: " + std::to_string(failed) + (failed == 1 ? " line" : " lines") +
                " failed");
