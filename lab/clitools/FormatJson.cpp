@@ -100,7 +100,7 @@ class JsonWriter {
     buffer_.Clear();
   }
 
-  static constexpr std::size_t kPart = 64 * 1024;  // bytes
+  static constexpr std::size_t kPart = 65536;  // bytes
 
   const Pairs& parameters_;
   const Sink& sink_;
