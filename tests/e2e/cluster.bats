@@ -24,6 +24,10 @@ roles() { # HOST: master, backup and members as the host sees them, by host name
 
     succeed dovra cluster leave
     [[ $(roles host3) == 'host2 | host3 | host2 host3 witness' ]]
+    [[ $(cluster_field "Sub-Cluster Membership Entry Revision" host3) == 5 ]]
+    succeed dovra cluster join -u "$cluster"
+    [[ $(roles host3) == 'host2 | host3 | host2 host3 witness host1' ]]
+    succeed dovra cluster leave
     succeed --host host2 dovra cluster leave
     succeed --host host3 dovra cluster leave
     [[ $(roles witness) == 'none | none | witness' ]]

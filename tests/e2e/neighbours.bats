@@ -91,6 +91,7 @@ knics() { autocli --formatter json dovra network list | jq -c 'map([."KNic Name"
     succeed dovra network ipv4 add -i knic1 -T dovra -T witness -p 1000
     [[ $(knics) == '[["knic0",23451,5,"dovra"],["knic1",1000,5,"dovra, witness"]]' ]]
     uuids=$(autocli --formatter json dovra network list | jq -c 'map(."Interface UUID")')
+    [[ $uuids != *'""'* ]]
     succeed dovra network ip set -i knic0 -t 9 -T witness
     [[ $(autocli --formatter json dovra network list | jq -c 'map(."Interface UUID")') == "$uuids" ]]
     both='[["knic0",23451,9,"witness"],["knic1",1000,5,"dovra, witness"]]'

@@ -115,8 +115,10 @@ TEST_F(Rules, AgentsAreAtAddressesOfOneHost) {
     EXPECT_THAT(Refusal([&] { AddAgent(false, Address(text)); }), HasSubstr("not one of a single"))
         << text;
   }
+  AddAgent(false, Address("1.2.3.3"));
   AddAgent(true, Address("1.2.3.4"));
-  EXPECT_THAT(Refusal([&] { AddAgent(false, Address("::FFFF:1.2.3.4")); }), HasSubstr("already"));
+  EXPECT_THAT(Refusal([&] { AddAgent(false, Address("::FFFF:1.2.3.4")); }),
+              HasSubstr("a unicast agent"));
   EXPECT_EQ(Refusal([&] { AddAgent(true, Address("1.2.3.5")); }),
             "There is a unicast witness already: 1.2.3.4.");
   EXPECT_TRUE(info_->RemoveUnicastAgent("00000000-0000-0000-0000-000000000000",
