@@ -69,6 +69,14 @@ roles() { # HOST: master, backup and members as the host sees them, by host name
     succeed lab host reboot --name host1
     succeed dovra cluster restore
     [[ $(roles host1) == 'host1 | none | host1' ]]
+    # Joining anew does as well: neither does the cluster end, nor is there a second witness.
+    succeed lab host reboot --name host1
+    succeed dovra cluster join -u "$cluster"
+    for _ in 1 2; do
+        succeed --host host2 dovra cluster join -u "$cluster" -t -p a
+        succeed lab host reboot --name host2
+    done
+    [[ $(roles host1) == 'host1 | none | host1' ]]
 }
 
 @test "a host that dies leaves its cluster to the others" {

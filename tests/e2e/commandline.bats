@@ -13,6 +13,7 @@ load common
     wrong 'dovra cluster get: --batch goes without a command' dovra cluster get --batch x
     wrong '--version goes without a command; "dovra" is one too many' --version dovra
     wrong 'dovra trace get: --plugin-dir goes before the command: it says which there are' dovra trace get --plugin-dir x
+    wrong 'Unknown option "--bogus"; *' dovra cluster --bogus
     wrong 'Invalid value "ksh" for --completion: expected one of bash, zsh, fish' --completion ksh
     wrong '--batch and --list do not go together' --list --batch x
     wrong '--list and --version do not go together' --version --list
@@ -28,7 +29,7 @@ load common
 
 @test "help at every level, however it is asked for" {
     expect 0 '*Options:*Orvane Dovra commands*Exit status*' '' --help
-    expect 0 '*Mbps (0 to 512, 0 means*' '' dovra resync throttle set --help
+    expect 0 $'*Mbps (0 to 512, 0 means*\n\nExamples:\n  # Resync gets no more than 100 Mbps.\n  autocli*' '' dovra resync throttle set --help
     for words in 'help dovra resync throttle set' 'dovra resync throttle help set' 'dovra resync throttle set help' \
         'dovra -h resync throttle set' 'dovra resync throttle set --level --bogus -h'; do
         # shellcheck disable=SC2086
@@ -69,6 +70,8 @@ load common
         run bash -c '"$AUTOCLI" -H host2 dovra cluster get >'"${lost%|*}"
         [[ $status == 4 && $output == "autocli: the result cannot be written to standard output: ${lost#*|}"$'\nDovra Clustering is not enabled on this host' ]]
     done
+    run bash -c '"$AUTOCLI" --batch - <&-'
+    [[ $status == 2 && $output == 'autocli: --batch: "standard input" cannot be read: Bad file descriptor' ]]
     run bash -c 'printf "dovra trace get\nlab host add -n host3" | "$AUTOCLI" --keep-going --batch - >/dev/full'
     [[ $status == 4 && $(autocli lab host list) != *host3* ]]
 }

@@ -54,14 +54,15 @@ new_cluster() {
     done
 }
 
-# hold SECONDS: keeps others from writing to the lab for so long, or until `release`.
+# hold SECONDS [EXCLUSIVE]: keeps others from writing to the lab, or from reading it as well, for so
+# long, or until `release`.
 hold() {
     coproc held { python3 -c '
 import select, sqlite3, sys
 lab = sqlite3.connect(sys.argv[1], isolation_level=None)
-lab.execute("BEGIN IMMEDIATE")
+lab.execute("BEGIN " + sys.argv[3])
 print(flush=True)
-select.select([sys.stdin], [], [], float(sys.argv[2]))' "$AUTOCLI_LAB/lab.db" "$1"; }
+select.select([sys.stdin], [], [], float(sys.argv[2]))' "$AUTOCLI_LAB/lab.db" "$1" "${2-IMMEDIATE}"; }
     read -r -u "${held[0]}" _
 }
 release() { eval "exec ${held[1]}>&-"; }

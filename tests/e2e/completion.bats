@@ -41,6 +41,8 @@ shows() {
     completes 'autocli dovra datastore name get --uuid ' "$(autocli --formatter json dovra datastore list | jq -r '.[].UUID // .[]["Datastore UUID"]')"
     completes 'autocli dovra network ip add -i k' knic0 knic1
     completes 'autocli dovra cluster unicastagent add -u ' "$(host_uuid host1)" "$(host_uuid host2)"
+    completes 'autocli dovra storage add -s ' mpx.xhba1:C0:T0:L0
+    completes 'autocli dovra storage add -d mpx.xhba2:C0:T1' mpx.xhba2:C0:T1:L0
     completes 'autocli dovra storage remove --ssd ' mpx.xhba1:C0:T1:L0
     completes 'autocli dovra storage unmount --disk ' ''
     completes 'autocli dovra storage diskgroup unmount --disk ' mpx.xhba1:C0:T1:L0 mpx.xhba2:C0:T2:L0
@@ -49,6 +51,9 @@ shows() {
     AUTOCLI_HOST=host2 completes 'autocli dovra storage remove --ssd ' ''
     [[ $("$AUTOCLI" --complete "AUTOCLI_LAB=$BATS_TEST_TMPDIR/other autocli --host ") == '' ]]
     [[ ! -e $BATS_TEST_TMPDIR/other ]]
+    hold 600 EXCLUSIVE
+    timeout 10 "$AUTOCLI" --complete 'autocli --host ' # somebody waits at the keyboard
+    release
     echo damaged >"$AUTOCLI_LAB/lab.db"
     completes 'autocli --host ' ''
     completes "autocli --plugin-dir $BATS_TEST_TMPDIR/none " ''

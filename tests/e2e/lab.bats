@@ -28,6 +28,7 @@ as_nobody() {
     unusable "the lab's folder \"$folder/$path\" is not a folder" --lab "$folder/$path" dovra trace get
     unusable "the lab's folder \"$folder/$path/below\" *" --lab "$folder/$path/below" dovra trace get
     mkdir "$AUTOCLI_LAB"
+    touch "$AUTOCLI_LAB/lab.db.new-journal" # a loss of power left it
     succeed dovra cluster new
 }
 

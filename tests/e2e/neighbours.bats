@@ -56,6 +56,10 @@ agents() { autocli --formatter json dovra cluster unicastagent list | jq -c 'map
     succeed --host witness $preferred set -n 'site a'
     expect 0 $'   Preferred Fault Domain Name: site a\n   Preferred Fault Domain Id: '"$(id_of host1)" '' --host host2 $preferred get
 
+    succeed lab network split --name witness
+    refuse 'Unable to set preferred fault domain name: The network is split, *' --host witness $preferred set -n site-b
+    succeed lab network heal
+
     # The site that the witness prefers is given up.
     succeed dovra faultdomain set -n site-z
     refuse 'Unable to get preferred fault domain name: The witness prefers "site a", but the data sites are "site-b" and "site-z" now.' $preferred get
@@ -73,6 +77,7 @@ agents() { autocli --formatter json dovra cluster unicastagent list | jq -c 'map
     new_cluster
     expect 1 false 'No maintenance mode operation is in progress on this host.' dovra maintenancemode cancel
     succeed lab maintenance start
+    refuse 'Unable to start maintenance: This host is entering maintenance mode already.' lab maintenance start
     [[ $(cluster_field "Maintenance Mode State") == ENTERING ]]
     succeed dovra maintenancemode cancel
     [[ $(cluster_field "Maintenance Mode State") == OFF ]]
@@ -113,6 +118,7 @@ knics() { autocli --formatter json dovra network list | jq -c 'map([."KNic Name"
     add='dovra network ip add -i'
     refuse 'Host host1 has no interface "knic7"; it has knic0, knic1.' $add knic7
     refuse "The agent group's IPv4 address 10.0.0.1 is not a multicast address." $add knic0 -d 10.0.0.1
+    refuse "The agent group's IPv6 address fe80::1 is not a multicast address." $add knic0 --agent-v6-mc-addr fe80::1
     refuse "The master group's IPv6 address fe80::1 is not a multicast address." $add knic0 -U fe80::1
     refuse "The master group's port 70000 is not between 1 and 65535." $add knic0 -o 70000
     refuse "The host's unicast port -1 is not between 1 and 65535." $add knic0 -c -1

@@ -32,16 +32,17 @@ END
 
     expect 1 $'true\nfalse\ntrue' 'standard input:2: *' --host host2 --keep-going --batch - <<<$'lab traced set -s stopped\ndovra maintenancemode cancel\nlab reset --force'
     cd "$BATS_TEST_TMPDIR"
-    lines=$'lab "host\n--host nope dovra trace get\n--batch x\ndovra clutser\n\0'
+    lines=$'lab "host\n--host nope dovra trace get\n--batch x\n--echo lab reset\ndovra clutser\n\0'
     printf '%s' "$lines" >wrong
     printf '\0lab reset' >>wrong
     expect 3 '' '*' --keep-going --batch wrong
     [[ $stderr == 'autocli: wrong:1: the quote " in column 5 has no end
 autocli: wrong:2: no host "nope" in this lab; its hosts are: host1
 autocli: wrong:3: --batch, --keep-going and --echo are not for the lines of a batch
-autocli: wrong:4: dovra: there is no "clutser"; did you mean "cluster"? '*'
-autocli: wrong:5: a NUL byte: this is no text
-autocli: 5 lines failed' ]]
+autocli: wrong:4: --batch, --keep-going and --echo are not for the lines of a batch
+autocli: wrong:5: dovra: there is no "clutser"; did you mean "cluster"? '*'
+autocli: wrong:6: a NUL byte: this is no text
+autocli: 6 lines failed' ]]
     expect 2 '' 'autocli: wrong:1: *' --batch wrong
     wrong '--batch: "none" cannot be read: No such file or directory' --batch none
     wrong '--batch goes without a command; "dovra" is one too many' --batch wrong dovra
@@ -52,7 +53,9 @@ autocli: 5 lines failed' ]]
         'autocli: long:8: nothing follows the backslash at the end of the line' --echo --batch long
 }
 
-@test "a batch ends at a line for which there is no memory" {
+@test "a batch leaves no file open, and ends at a line for which there is no memory" {
+    run bash -c 'ulimit -n 40; yes "dovra trace get" | head -n 50 | "$AUTOCLI" --batch -'
+    [[ $status == 0 ]]
     released_only
     run bash -c 'ulimit -v 200000; "$AUTOCLI" --batch <(echo lab host list; head -c 300M /dev/zero)'
     echo "$status $output"

@@ -38,6 +38,8 @@ mounted() { autocli --formatter json dovra storage list | jq -c 'map(."Is Mounte
 @test "disk groups mount and unmount, flash is tagged" {
     succeed dovra storage tag add -t capacityFlash -d $ssd2
     refuse "Unable to add tag to disk: Disk \"$ssd2\" is tagged capacityFlash already." dovra storage tag add -t capacityFlash -d $ssd2
+    succeed dovra storage tag remove -t capacityFlash -d $ssd2
+    succeed dovra storage tag add -t capacityFlash -d $ssd2
     refuse "Unable to add tag to disk: Disk \"$(hdd 0)\" is not a flash device." dovra storage tag add -t capacityFlash -d "$(hdd 0)"
     refuse "Unable to add device: Disk \"$ssd2\" is tagged capacityFlash; it cannot front a disk group." dovra storage add -s $ssd2 -d "$(hdd 0)"
     succeed dovra storage add -s $ssd -d "$(hdd 0)" -d $ssd2
@@ -63,6 +65,16 @@ mounted() { autocli --formatter json dovra storage list | jq -c 'map(."Is Mounte
     succeed lab disk add -d new1 -k capacity
     [[ $(claimed | tr ' ' '\n' | cut -d= -f2 | sort | uniq -c | xargs) == '2 cache 6 capacity' ]]
     refuse 'Unable to add disk: Host host1 has a disk "new1" already.' lab disk add -d new1 -k flash
+    succeed lab disk add -d new2 -k flash
+    autocli --batch <(printf 'lab disk add -k capacity -d more%s\n' {1..16}) >/dev/null
+    [[ $(claimed | tr ' ' '\n' | cut -d= -f2 | sort | uniq -c | xargs) == '3 cache 21 capacity' ]] # all groups are full
+}
+
+@test "many disks come in groups, each time on an adapter of their own" {
+    succeed lab disk generate --count 9
+    succeed lab disk generate --count 1
+    [[ $(claimed) == "$(printf 'mpx.xhba3:C0:T%s ' 0:L0=cache {1..7}:L0=capacity 8:L0=cache)mpx.xhba4:C0:T0:L0=cache" ]]
+    [[ $(autocli -f json dovra storage list | jq -c 'map(."DOVRA Disk Group Name") | unique') == '["mpx.xhba3:C0:T0:L0","mpx.xhba3:C0:T8:L0","mpx.xhba4:C0:T0:L0"]' ]]
 }
 
 @test "the service knows the disks of other hosts, this host only its own" {

@@ -81,13 +81,13 @@ TEST(Format, WritesDocuments) {
   const auto disks = MakeDisks({MakeDisk("", 5, {"a", "b"}), MakeDisk("", 1000)});
   EXPECT_EQ(Format(*disks, "keyvalue", {{"fields:Disk", "Size,Tags"}}),
             "Disk_0_Size=5\nDisk_0_Tags_0=a\nDisk_0_Tags_1=b\nDisk_1_Size=1000\n");
-  EXPECT_EQ(Format(*MakeDisk("<&>\"\r\n\t\u009b\x1b\uFFFE\xff", 1, {"a", "b"}), "xml",
-                   {{"fields:Disk", "Name,Size,Tags"}}),
+  EXPECT_EQ(Format(*MakeDisk("<&>\"\r\n\t\u009b\x1b\uFFFE\uFFFF\xff", 1, {"a", "b"}), "xml",
+                   {{"fields:Disk", "Gone,Name,Size,Tags"}}),
             "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
             "<output>\n"
             "<structure name=\"Disk\">\n"
             "<field name=\"Name\"><string>&lt;&amp;&gt;&quot;&#13;&#10;&#9;&#155;"
-            "\uFFFD\uFFFD\uFFFD</string></field>\n"
+            "\uFFFD\uFFFD\uFFFD\uFFFD</string></field>\n"
             "<field name=\"Size\"><integer>1</integer></field>\n"
             "<field name=\"Tags\"><list><string>a</string><string>b</string></list></field>\n"
             "</structure>\n"
@@ -191,7 +191,7 @@ TEST(Format, DocumentsGiveBackEveryText) {
     ++parts;
   };
   Format(*MakeDisks(std::vector(1000, disk)), "json", tagsOnly, {}, takePart);
-  EXPECT_GT(parts, 1U);
+  EXPECT_TRUE(parts > 1 && parts < 100) << parts;
   const nlohmann::json records = nlohmann::json::parse(document);
   EXPECT_EQ(records.size(), 1000U);
   for (const auto& record : records) EXPECT_EQ(record.at("Tags").get<Names>(), expected);

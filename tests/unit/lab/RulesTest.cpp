@@ -125,6 +125,19 @@ TEST_F(Rules, AgentsAreAtAddressesOfOneHost) {
                                         Address("::ffff:102:304"), 1));
 }
 
+TEST_F(Rules, AnInterfaceStaysWhileItCarriesAnything) {
+  const DovraIpAddress v4 = Address("224.0.0.1"), v6 = Address("ff02::1");
+  for (const auto& [first, last] : {std::pair("dovra", "witness"), {"witness", "dovra"}}) {
+    dynamic_cast<HostCtl::Dovra::DovraInfo2&>(*info_).ConfigureKnic(
+        {"knic0", v4, v6, v4, v6, 1, 2, 3, 4, true, true, ""});
+    info_->RemoveKnic("knic0", false, first);
+    EXPECT_TRUE(info_->IsKnicInUse("knic0", last)) << last;
+    info_->RemoveKnic("knic0", false, last);
+    EXPECT_THAT(Refusal([&] { info_->RemoveKnic("knic0", false, "dovra"); }),
+                HasSubstr("is not in the Dovra network"));
+  }
+}
+
 TEST_F(Rules, NamesAreCountedInCharacters) {
   info_->CreateCluster(kNode, true, false);
   const auto add = [&](const std::string& name) {
@@ -209,7 +222,7 @@ TEST_F(Rules, WhatIsReadOfAClusterIsOfOneMoment) {
   ClearBehindItsBack();
   EXPECT_FALSE(info_->IsLocalNodeWitness());
   EXPECT_EQ(info_->GetConfigGeneration().generation, 1U);
-  std::vector<HostCtl::Dovra::DovraMemberInfo> members;
+  std::vector<HostCtl::Dovra::DovraMemberInfo> members(1);  // which go
   std::string text[7];
   std::uint64_t revision = 0;
   DovraUtil::GetInfoFromTavdir(members, text[0], text[1], text[2], revision, text[3], text[4],
@@ -262,6 +275,9 @@ TEST_F(Rules, WithoutTheMajorityOnlyTheHostsOwnGoesOn) {
   info_->AddDisks(kSsd, {kOne});
   EXPECT_THAT(ListDisks(), testing::SizeIs(2));
   ChangeLab(HealNetwork);
+  Change([](Store& store, const HostRow&) {
+    EXPECT_EQ(store.FindCluster(kNode)->revision, 4) << "founded, joined, split and healed";
+  });
   for (const auto& change : shared) EXPECT_EQ(Refusal(change), "");
 }
 

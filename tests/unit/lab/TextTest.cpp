@@ -16,7 +16,7 @@ using Names = std::vector<std::string>;
 TEST(Text, ReplacesWhatIsNotUtf8) {
   const std::vector<std::pair<std::string, std::string>> cases = {
       {"a\xC3\xA9\xE6\xBC\xA2\xF0\x9F\x98\x80", "aé漢😀"},
-      {"\x80|\xFF|\xC3", "\uFFFD|\uFFFD|\uFFFD"},
+      {"\x80|\xF5\x80\x80\x80|\xC3", "\uFFFD|\uFFFD\uFFFD\uFFFD\uFFFD|\uFFFD"},
       {"\xE6\xBC|x", "\uFFFD|x"},              // cut short: one character lost, not the rest
       {"\xC0\xAF", "\uFFFD\uFFFD"},            // overlong
       {"\xE0\x80\x80", "\uFFFD\uFFFD\uFFFD"},  // overlong
@@ -30,8 +30,8 @@ TEST(Text, ReplacesWhatIsNotUtf8) {
 }
 
 TEST(Text, ShowsPeopleNoCharacterThatATerminalActsOn) {
-  EXPECT_EQ(Printable("a\n\r\t\x1b[2J\x7f\0\u009b|\u202e\u2028|\\ é\xff"s),
-            R"(a\n\r\t\x1b[2J\x7f\x00\x9b|\u202e\u2028|\ é)"
+  EXPECT_EQ(Printable("a\n\r\t\x1b[2J\x7f\0\u009b|\u202e\u2028\u200f\u2066|\\ é\xff"s),
+            R"(a\n\r\t\x1b[2J\x7f\x00\x9b|\u202e\u2028\u200f\u2066|\ é)"
             "\uFFFD");
   EXPECT_EQ(Quote("a\nb"), "\"a\\nb\"");
 }
@@ -60,6 +60,7 @@ TEST(Suggest, FindsNamesNearAMistypedOne) {
                                                         {"ge", "get getdefault"},
                                                         {"bet", "set get"},
                                                         {"i", "ip"},
+                                                        {"rsyncx", "resync"},
                                                         {"network", ""},
                                                         {"x", ""},
                                                         {"", ""},
