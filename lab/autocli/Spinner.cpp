@@ -47,15 +47,12 @@ void Count(int) {
 Spinner::Spinner(std::string_view command) {
   if (!TakesEscapes(STDERR_FILENO)) return;
   name = command;
-  seconds = 0;
   signal(SIGALRM, Count);
   alarm(1);
 }
 
 Spinner::~Spinner() {
   signal(SIGALRM, SIG_IGN);  // also what is on its way already
-  alarm(0);
-  signal(SIGALRM, SIG_DFL);
   if (seconds > 0 && OwnsTerminal()) Write("\r\x1b[K");
   seconds = 0;
 }

@@ -65,6 +65,9 @@ print(flush=True)
 select.select([sys.stdin], [], [], float(sys.argv[2]))' "$AUTOCLI_LAB/lab.db" "$1" "${2-IMMEDIATE}"; }
     read -r -u "${held[0]}" _
 }
+# tamper SQL: changes the store behind the lab's back.
+tamper() { python3 -c 'import sqlite3, sys; sqlite3.connect(sys.argv[1], isolation_level=None).executescript(sys.argv[2])' "$AUTOCLI_LAB/lab.db" "$1"; }
+
 release() { eval "exec ${held[1]}>&-"; }
 
 host_uuid() { autocli --formatter json lab host list | jq -r --arg n "$1" '.[] | select(.Name == $n).UUID'; }

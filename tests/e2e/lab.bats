@@ -1,9 +1,6 @@
 # The lab's folder and its store: what is touched, by whom, and what is refused.
 load common
 
-# tamper SQL: changes the store behind the lab's back.
-tamper() { python3 -c 'import sqlite3, sys; sqlite3.connect(sys.argv[1], isolation_level=None).executescript(sys.argv[2])' "$AUTOCLI_LAB/lab.db" "$1"; }
-
 # tree FOLDER: all that is in it.
 tree() { (cd "$1" && find . -type f -exec sha256sum {} + -o -printf '%y %p %l\n' | sort); }
 

@@ -29,6 +29,10 @@ mounted() { autocli --formatter json dovra storage list | jq -c 'map(."Is Mounte
     refuse "Unable to remove device: Host host1 has no disk with UUID 00000000-0000-0000-0000-000000000000." $remove -u 00000000-0000-0000-0000-000000000000
     [[ $(claimed) == "$before" ]]
 
+    tamper "UPDATE disks SET deduplication = 1, checksum = 'sum', checksum_ok = 0, encryption = 1, key_loaded = 1, format_version = 3 WHERE device = '$ssd'"
+    expect 0 $'Device,Deduplication,Checksum,Checksum OK,Encryption,DiskKeyLoaded,On-disk format version\n'$ssd,true,sum,false,true,true,2.5 '' \
+        -f csv --fields 'Device,Deduplication,Checksum,Checksum OK,Encryption,DiskKeyLoaded,On-disk format version' dovra storage list -d $ssd
+
     succeed $remove -d "$(hdd 0)" -m evacuateAllData
     succeed $add $ssd -d "$(hdd 0)"
     succeed $remove -u "$(uuid_of $ssd)"

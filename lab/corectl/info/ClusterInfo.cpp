@@ -34,7 +34,8 @@ void Found(Store& store, const HostRow& host, const std::string& uuid) {
   ClusterRow cluster;
   cluster.uuid = uuid;
   store.Save(cluster);
-  store.Save(DatastoreRow{0, NewUuid(), uuid, kDefaultDatastoreName, true});
+  store.Save(DatastoreRow{
+      .uuid = NewUuid(), .cluster = uuid, .name = kDefaultDatastoreName, .isDefault = true});
   MemberRow member;
   member.cluster = uuid;
   AddMember(store, host, member);
