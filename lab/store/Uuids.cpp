@@ -16,7 +16,7 @@ std::string ToText(const uuid_t uuid) {
 
 bool IsUuid(const std::string& text) {
   uuid_t uuid;
-  return text.size() == UUID_STR_LEN - 1 && uuid_parse(text.c_str(), uuid) == 0;
+  return uuid_parse_range(text.data(), text.data() + text.size(), uuid) == 0;
 }
 
 std::string NewUuid() {

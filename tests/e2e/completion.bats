@@ -41,6 +41,8 @@ shows() {
     completes 'autocli dovra datastore name get --uuid ' "$(autocli --formatter json dovra datastore list | jq -r '.[].UUID // .[]["Datastore UUID"]')"
     completes 'autocli dovra network ip add -i k' knic0 knic1
     completes 'autocli dovra cluster unicastagent add -u ' "$(host_uuid host1)" "$(host_uuid host2)"
+    succeed dovra cluster unicastagent add -a 192.0.2.20
+    completes 'autocli dovra cluster unicastagent remove -a ' 192.0.2.20
     completes 'autocli dovra storage add -s ' mpx.xhba1:C0:T0:L0
     completes 'autocli dovra storage add -d mpx.xhba2:C0:T1' mpx.xhba2:C0:T1:L0
     completes 'autocli dovra storage remove --ssd ' mpx.xhba1:C0:T1:L0

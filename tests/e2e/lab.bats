@@ -58,6 +58,9 @@ as_nobody() {
     succeed dovra trace set --path /old
     succeed lab reset --force
     succeed lab host add --name host2
+    for name in '' -x .x a/b "$(printf 'a%.0s' {1..65})"; do
+        refuse "Unable to add host: \"$name\" cannot be a host's name: it has 1 to 64 *" lab host add --name="$name"
+    done
     for host in host1 host2; do
         expect 0 '   DOVRA Traces Directory: /var/dovra/traces*' '' --host $host dovra trace get
     done

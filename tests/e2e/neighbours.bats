@@ -124,7 +124,7 @@ knics() { autocli --formatter json dovra network list | jq -c 'map([."KNic Name"
     refuse "The host's unicast port -1 is not between 1 and 65535." $add knic0 -c -1
     refuse 'The multicast TTL 0 is not between 1 and 255.' $add knic0 -t 0
     [[ $(knics) == '[]' ]]
-    succeed $add knic0
+    succeed $add knic0 -p 65535 -t 255
     refuse 'The multicast TTL 256 is not between 1 and 255.' dovra network ip set -i knic0 -t 256
-    [[ $(knics) == '[["knic0",23451,5,"dovra"]]' ]]
+    [[ $(knics) == '[["knic0",65535,255,"dovra"]]' ]]
 }

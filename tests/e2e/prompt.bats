@@ -3,7 +3,7 @@ load common
 
 @test "fields are chosen and ordered, in every format" {
     new_cluster
-    fields='Local Node State, Enabled'
+    fields='Local Node State , Enabled'
     expect 0 $'Cluster Information\n   Local Node State: MASTER\n   Enabled: true' '' --fields "$fields" dovra cluster get
     expect 0 $'{\n  "Local Node State": "MASTER",\n  "Enabled": true\n}' '' --fields "$fields" --formatter json dovra cluster get
     wrong "dovra cluster leave: --fields: this command's result has no fields" --fields Name dovra cluster leave

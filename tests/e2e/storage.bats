@@ -66,6 +66,9 @@ mounted() { autocli --formatter json dovra storage list | jq -c 'map(."Is Mounte
     [[ -z $(claimed) ]]
     succeed dovra storage automode set --enabled on
     [[ -z $(claimed) ]]
+    succeed lab disk unplug -d new0
+    succeed lab disk replace -d new0
+    [[ $(claimed) == *' new0=capacity' ]]
     succeed lab disk add -d new1 -k capacity
     [[ $(claimed | tr ' ' '\n' | cut -d= -f2 | sort | uniq -c | xargs) == '2 cache 6 capacity' ]]
     refuse 'Unable to add disk: Host host1 has a disk "new1" already.' lab disk add -d new1 -k flash

@@ -31,10 +31,10 @@ on_terminal() {
 @test "what cannot be undone is asked for" {
     succeed lab host add --name host2
     cd "$BATS_TEST_TMPDIR"
-    for answered in n=1 =1 y=0; do
+    for answered in 'n=*Nothing was done.*1' '=*Nothing was done.*1' 'y=true*0'; do
         [[ $(autocli lab host list) == *host2* ]]
         TERM=dumb script -qec '$AUTOCLI lab reset; echo "status $?"' /dev/null <<<"${answered%=*}" >asked
-        [[ $(tr -d '\r' <asked) == *'Every host and cluster of the lab will be lost. Go on? [y/N] '*"status ${answered#*=}" ]]
+        [[ $(tr -d '\r' <asked) == *'Every host and cluster of the lab will be lost. Go on? [y/N] '${answered#*=} ]]
     done
     [[ $(autocli lab host list) != *host2* ]]
 }

@@ -118,6 +118,7 @@ TEST(Format, ShowsEverythingThatIsNoRecord) {
       {texts, "xml", xml + "<list><string>a</string><string>b&#10;</string></list></output>\n"},
       {texts, "keyvalue", "result_0=a\nresult_1=$'b\\n'\n"},
       {MakeDisks({}), "simple", ""},
+      {MakeDisk("a"), "", "a\n   Name: a\n   Size: 0 MB\n   Tags: \n   Is SSD: false\n"},
       {MakeDisks({}), "table", "Name  Size  Tags  Is SSD\n----  ----  ----  ------\n"},
       {MakeDisks({}), "json", "[]\n"},
       {MakeDisks({}), "csv", "Name,Size,Tags,Is SSD\n"},
@@ -157,11 +158,11 @@ TEST(Format, FitsTablesToThePage) {
 
   const auto same = MakeDisks({MakeDisk("not in fields:", 5, {"widest-of-all"})});
   const auto without = [&](std::size_t width) {
-    const AutoCli::CommandSpec::Pairs fields = {{"fields:Disk", "Hidden,Name,Size,Tags,Is SSD"}};
+    const AutoCli::CommandSpec::Pairs fields = {{"fields:Disk", "Hidden,Tags,Name,Size,Is SSD"}};
     const std::string text = Format(*same, "table", fields, {.width = width});
     return text.substr(0, text.find('\n'));
   };
-  EXPECT_EQ(without(36), "Hidden   Size  Tags           Is SSD");
+  EXPECT_EQ(without(36), "Hidden   Tags           Size  Is SSD");
   EXPECT_EQ(without(34), "Hidden          Size  Is SSD");
 
   const auto uuids = MakeDisks({MakeDisk("c0ffee00-1111-4222-8333-444455556666", 5)});

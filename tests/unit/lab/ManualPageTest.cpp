@@ -22,13 +22,14 @@ TEST(ManualPage, EscapesWhatManWouldActOn) {
   RoffPage page("t.1", "p", "q");
   page.Paragraph(".br \\n \"q\" ~^`'\n'x\n\n.TH -a");
   page.Section("a \"b\"");
+  page.Subsection("c \"d\"");
   page.Code("a  -b\n.c");
   page.Options({{{"-u", "--uuid"}, "one of a|b", true, "first\n    second | \"x\""},
                 {{"--wait"}, "", false, ".It's"}});
   EXPECT_EQ(page.GetText(),
             ".TH T 1 \"\" \"p\"\n.nh\n.ad l\n.SH \"NAME\"\nt \\- q\n"
             ".PP\n\\&.br \\en \\(dqq\\(dq \\(ti\\(ha\\(ga\\(aq\n.br\n\\(aqx\n.br\n\\&.TH \\-a\n"
-            ".SH \"A \\(dqB\\(dq\"\n"
+            ".SH \"A \\(dqB\\(dq\"\n.SS \"c \\(dqd\\(dq\"\n"
             ".PP\n.RS 4\n.nf\na  \\-b\n\\&.c\n.fi\n.RE\n"
             ".TP\n\\fB\\-u\\fR, \\fB\\-\\-uuid\\fR (one of a|b), required\nfirst\n.br\nsecond | "
             "\\(dqx\\(dq\n"

@@ -165,6 +165,11 @@ TEST_F(Rules, DisksTakeTheStateOfTheirGroup) {
   });
 }
 
+TEST_F(Rules, TheLibraryTrustsNoCaller) {
+  EXPECT_THAT(Refusal([&] { info_->SetResyncThrottle(513); }), HasSubstr("between 0 and 512"));
+  EXPECT_THAT(Refusal([&] { info_->SetPolicyDefault("none", "iopsLimit=1"); }), HasSubstr("none"));
+}
+
 TEST_F(Rules, OneDiskIsNotAddedTwice) {
   for (const Strings& disks : {Strings{kOne, kOne}, Strings{kSsd}}) {
     EXPECT_EQ(Refusal([&] { info_->AddDisks(kSsd, disks); }),
@@ -198,6 +203,7 @@ TEST_F(Rules, ALostDiskIsOutOfUseUntilItIsBack) {
   EXPECT_EQ(ListDisks(), healthy);
 
   lose(Fail, kOne);
+  EXPECT_EQ(Refusal([&] { lose(Fail, kOne); }), "Disk \"" + kOne + "\" has failed already.");
   lose(Unplug, kOne);
   lose(Replug, kOne);
   EXPECT_EQ(mount(), failed);

@@ -30,9 +30,9 @@ TEST(Text, ReplacesWhatIsNotUtf8) {
 }
 
 TEST(Text, ShowsPeopleNoCharacterThatATerminalActsOn) {
-  EXPECT_EQ(Printable("a\n\r\t\x1b[2J\x7f\0\u009b|\u202e\u2028\u200f\u2066|\\ é\xff"s),
-            R"(a\n\r\t\x1b[2J\x7f\x00\x9b|\u202e\u2028\u200f\u2066|\ é)"
-            "\uFFFD");
+  EXPECT_EQ(Printable("a\n\r\t\x1b[2J\x7f\0\u009b|\u061c\u202e\u2028\u200f\u2066|\\ é\u2010\xff"s),
+            R"(a\n\r\t\x1b[2J\x7f\x00\x9b|\u061c\u202e\u2028\u200f\u2066|\ é)"
+            "\u2010\uFFFD");
   EXPECT_EQ(Quote("a\nb"), "\"a\\nb\"");
 }
 
