@@ -87,47 +87,28 @@ DiskRow TakeFronting(Store& store, const HostRow& host, const std::string& ssd) 
   return disk;
 }
 
-/// What auto-claim has to work with.
-struct Unclaimed {
-  std::vector<DiskRow> flash;
-  std::vector<DiskRow> capacity;
-  /// By number of disks: the groups that have room.
-  std::multimap<std::size_t, std::string> groups;
-};
-
-Unclaimed FindUnclaimed(Store& store, const HostRow& host) {
-  Unclaimed found;
-  std::map<std::string, std::size_t> sizes;
-  for (const DiskRow& disk : store.ListDisks(host.id)) {
-    if (disk.IsLost()) continue;
-    if (disk.IsCache()) {
-      sizes[disk.device] += 0;
-    } else if (disk.IsClaimed()) {
-      ++sizes[disk.groupName];
-    } else if (disk.IsCapacityKind()) {
-      found.capacity.push_back(disk);
-    } else {
-      found.flash.push_back(disk);
-    }
-  }
-  for (const auto& [name, size] : sizes) found.groups.emplace(size, name);
-  return found;
-}
-
 /// Claims every empty disk: a group for each flash device as far as there are disks to put behind
-/// it, the others evenly behind them all.
+/// it, the others evenly behind them all. A group whose flash device is lost takes no more.
 void AutoClaim(Store& store, const HostRow& host) {
-  Unclaimed unclaimed = FindUnclaimed(store, host);
-  auto fronting = unclaimed.flash.begin();
-  for (const DiskRow& disk : unclaimed.capacity) {
-    auto smallest = unclaimed.groups.begin();
-    if (fronting != unclaimed.flash.end()) {
-      smallest = unclaimed.groups.emplace(0, (fronting++)->device);
-    }
-    if (smallest == unclaimed.groups.end() || smallest->first >= kMaxGroupDisks) return;
-    AddDisks(store, host, smallest->second, {disk.device});
-    unclaimed.groups.emplace(smallest->first + 1, smallest->second);
-    unclaimed.groups.erase(smallest);
+  const std::vector<DiskRow> disks = store.ListDisks(host.id);
+  std::map<std::string, std::size_t> groups;  // by flash device, with the number of disks
+  for (const DiskRow& disk : disks) {
+    if (disk.IsCache() && !disk.IsLost()) groups.emplace(disk.device, 0);
+  }
+  std::vector<std::string> flash, capacity;
+  for (const DiskRow& disk : disks) {
+    if (const auto group = groups.find(disk.groupName); group != groups.end()) ++group->second;
+    if (disk.IsClaimed() || disk.IsLost()) continue;
+    (disk.IsCapacityKind() ? capacity : flash).push_back(disk.device);
+  }
+  auto fronting = flash.begin();
+  for (const std::string& device : capacity) {
+    if (fronting != flash.end()) groups.emplace(*fronting++, 1);
+    const auto smallest =
+        std::ranges::min_element(groups, {}, [](const auto& group) { return group.second; });
+    if (smallest == groups.end() || smallest->second > kMaxGroupDisks) return;
+    AddDisks(store, host, smallest->first, {device});
+    ++smallest->second;
   }
 }
 

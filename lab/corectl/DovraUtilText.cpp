@@ -50,8 +50,8 @@ std::size_t DovraUtil::UTF8StringCharLength(const std::string& text) {
 
 Uuid DovraUtil::StringToDovraUuid(const std::string& text) {
   Uuid uuid;
-  // By its length too: a text that goes on behind a zero byte is not the UUID before it.
-  if (text.size() != UUID_STR_LEN - 1 || uuid_parse(text.c_str(), uuid.bytes.data()) != 0) {
+  const char* const begin = text.data();
+  if (uuid_parse_range(begin, begin + text.size(), uuid.bytes.data()) != 0) {
     throw DovraCtlException("\"" + text +
                             "\" is not a UUID: expected 36 characters of the form "
                             "nnnnnnnn-nnnn-nnnn-nnnn-nnnnnnnnnnnn, each n a hexadecimal digit.");

@@ -77,6 +77,9 @@ roles() { # HOST: master, backup and members as the host sees them, by host name
         succeed lab host reboot --name host2
     done
     [[ $(roles host1) == 'host1 | none | host1' ]]
+    revision=$(cluster_field "Sub-Cluster Membership Entry Revision")
+    succeed --host host2 dovra cluster join -u 11111111-2222-3333-4444-555555555555
+    [[ $(cluster_field "Sub-Cluster Membership Entry Revision") == $((revision + 1)) ]] # it was given up here
 }
 
 @test "a host that dies leaves its cluster to the others" {

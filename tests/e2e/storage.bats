@@ -73,6 +73,7 @@ mounted() { autocli --formatter json dovra storage list | jq -c 'map(."Is Mounte
     [[ $(claimed | tr ' ' '\n' | cut -d= -f2 | sort | uniq -c | xargs) == '2 cache 6 capacity' ]]
     refuse 'Unable to add disk: Host host1 has a disk "new1" already.' lab disk add -d new1 -k flash
     succeed lab disk add -d new2 -k flash
+    succeed lab disk unplug -d new1 # it keeps its place
     autocli --batch <(printf 'lab disk add -k capacity -d more%s\n' {1..16}) >/dev/null
     [[ $(claimed | tr ' ' '\n' | cut -d= -f2 | sort | uniq -c | xargs) == '3 cache 21 capacity' ]] # all groups are full
 }
