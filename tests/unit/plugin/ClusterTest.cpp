@@ -4,6 +4,7 @@
 
 #include <cstdlib>
 #include <regex>
+#include <set>
 
 #include "Cases.h"
 
@@ -109,20 +110,27 @@ TEST(ClusterJoin, ChecksInOrderAndJoins) {
   EXPECT_EQ(library.calls, kConfig);
 }
 
-TEST(ClusterNew, CreatesUnderANewUuidEachTime) {
-  RecordingLibrary library;
-  library.config.enabled = false;
-  for (int time = 0; time < 2; ++time) EXPECT_EQ(Testing::Run("cluster new"), kTrue);
+TEST(NewUuid, IsAnotherEachTime) {
   const std::regex uuid("[0-9a-f]{8}(-[0-9a-f]{4}){3}-[0-9a-f]{12}");
-  for (const std::size_t call : {3u, 7u}) {
-    EXPECT_EQ(std::regex_replace(library.calls.at(call), uuid, "UUID"),
-              "CreateCluster(UUID, true, false)");
+  const std::pair<const char*, const char*> cases[] = {
+      {"cluster new", "CreateCluster(UUID, true, false)"},
+      {"datastore add --name n", "AddDatastore(UUID, n, false)"},
+      {"datastore add --uuid '' --name n", "AddDatastore(UUID, n, false)"},
+  };
+  std::set<std::string> calls;
+  for (const auto& [line, call] : cases) {
+    for (int time = 0; time < 2; ++time) {
+      RecordingLibrary library;
+      library.config.enabled = false;
+      EXPECT_EQ(Testing::Run(line), kTrue);
+      EXPECT_EQ(std::regex_replace(library.calls.back(), uuid, "UUID"), call);
+      EXPECT_TRUE(calls.insert(library.calls.back()).second) << library.calls.back();
+    }
   }
-  EXPECT_NE(library.calls[3], library.calls[7]);
   Check("cluster new", kConfig, kAlreadyIn);
 }
 
-TEST(ClusterNew, NeedsAUuid) {
+TEST(NewUuid, MayBeMissing) {
   using Uuids = RecordingLibrary::Uuids;
   for (const Uuids uuids : {Uuids::kNone, Uuids::kUnreadable}) {
     const auto without = [uuids](RecordingLibrary& library) {
