@@ -45,8 +45,6 @@ autocli: wrong:6: a NUL byte: this is no text
 autocli: 6 lines failed' ]]
     expect 2 '' 'autocli: wrong:1: *' --batch wrong
     wrong '--batch: "none" cannot be read: No such file or directory' --batch none
-    wrong '--batch goes without a command; "dovra" is one too many' --batch wrong dovra
-    wrong '--keep-going goes with --batch' --keep-going dovra
 
     printf '\xef\xbb\xbflab host add \\\n-n "h\\\nost5"\n# none\n-f json dovra trace ge\\\nt --fields "Number Of\\\n Files To Rotate"\nlab host \\\nlist \\' >long
     expect 2 $'> lab host add -n "host5"\ntrue\n> # none\n> -f json dovra trace get --fields "Number Of Files To Rotate"\n{\n  "Number Of Files To Rotate": 8\n}\n> lab host list \\' \

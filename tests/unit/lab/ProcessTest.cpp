@@ -9,14 +9,8 @@
 namespace BaseLibs {
 namespace {
 
-struct Case {
-  const char* line;
-  int status;
-  std::string output;
-};
-
 TEST(ProcessTest, TellsHowTheProgramEndedAndWhatItSaid) {
-  const Case cases[] = {
+  const std::tuple<const char*, int, std::string> cases[] = {
       {"echo said; echo complained >&2; exit 7", 7, "said\ncomplained\n"},
       {"read -r one; read -r two; echo \"$two\"; read -r three", 1, "b\n"},
       {"kill -9 $$", 128 + 9, ""},
@@ -24,10 +18,10 @@ TEST(ProcessTest, TellsHowTheProgramEndedAndWhatItSaid) {
   };
   for (const auto callers : {SIG_DFL, SIG_IGN}) {  // a shell may have left SIGCHLD ignored
     signal(SIGCHLD, callers);
-    for (const Case& one : cases) {
-      const Outcome outcome = RunProgram({"/bin/sh", "-c", one.line}, "a\nb\n");
-      EXPECT_EQ(outcome.status, one.status) << one.line;
-      EXPECT_EQ(outcome.output, one.output) << one.line;
+    for (const auto& [line, status, output] : cases) {
+      const Outcome outcome = RunProgram({"/bin/sh", "-c", line}, "a\nb\n");
+      EXPECT_EQ(outcome.status, status) << line;
+      EXPECT_EQ(outcome.output, output) << line;
     }
     EXPECT_EQ(signal(SIGCHLD, SIG_DFL), callers);
   }

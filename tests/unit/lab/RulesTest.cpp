@@ -168,13 +168,8 @@ TEST_F(Rules, DisksTakeTheStateOfTheirGroup) {
 TEST_F(Rules, TheLibraryTrustsNoCaller) {
   EXPECT_THAT(Refusal([&] { info_->SetResyncThrottle(513); }), HasSubstr("between 0 and 512"));
   EXPECT_THAT(Refusal([&] { info_->SetPolicyDefault("none", "iopsLimit=1"); }), HasSubstr("none"));
-}
-
-TEST_F(Rules, OneDiskIsNotAddedTwice) {
-  for (const Strings& disks : {Strings{kOne, kOne}, Strings{kSsd}}) {
-    EXPECT_EQ(Refusal([&] { info_->AddDisks(kSsd, disks); }),
-              "Disk \"" + disks.back() + "\" is given twice.");
-  }
+  EXPECT_THAT(Refusal([&] { info_->AddDisks(kSsd, {kOne, kOne}); }), HasSubstr("given twice"));
+  EXPECT_THAT(Refusal([&] { info_->AddDisks(kSsd, {kSsd}); }), HasSubstr("given twice"));
 }
 
 TEST_F(Rules, ALostDiskIsOutOfUseUntilItIsBack) {

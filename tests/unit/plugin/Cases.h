@@ -29,6 +29,13 @@ inline Outcome Failed(const std::string& message, const std::string& root = "non
   return {root, {message}};
 }
 
+/// What the base library says of a text that is no UUID.
+inline std::string NoUuid(const std::string& text) {
+  return '"' + text +
+         "\" is not a UUID: expected 36 characters of the form "
+         "nnnnnnnn-nnnn-nnnn-nnnn-nnnnnnnnnnnn, each n a hexadecimal digit.";
+}
+
 /// `line` is what is typed behind `dovra`.
 inline void Check(const std::string& line, const SetUp& setUp, const Strings& calls,
                   const Outcome& outcome, const char* file = __builtin_FILE(),

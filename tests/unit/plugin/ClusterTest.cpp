@@ -1,4 +1,4 @@
-// Status and membership.
+// Status, membership and fault domains.
 
 #include <gmock/gmock.h>
 
@@ -65,13 +65,7 @@ TEST(ClusterGet, CountsManyMembers) {
 }
 
 TEST(ClusterGet, PrintsTimestampsWithUnpaddedMilliseconds) {
-  const struct {
-    std::uint64_t timestamp;
-    const char* zone;
-    const char* printed;
-  } cases[] = {
-      {0, "UTC", "0.0"},
-      {999, "UTC", "0.999"},
+  const std::tuple<std::uint64_t, const char*, const char*> cases[] = {
       {1000, "UTC", "1970-01-01T00:00:01.0"},
       {1456827630045, "<+0530>-5:30", "2016-03-01T15:50:30.45"},
       {UINT64_MAX, "UTC", "584556019-04-03T14:25:51.615"},
@@ -102,12 +96,7 @@ TEST(ClusterJoin, ChecksInOrderAndJoins) {
   Check(join, kNotEnabled, joined(", false, , false"), kTrue);
   Check(join + " --wait", kNotEnabled, joined(", false, , true"), kTrue);
   Check(witness + longest, kNotEnabled, joined(", true, " + longest + ", false"), kTrue);
-  RecordingLibrary library;
-  library.config.enabled = false;
-  const Outcome malformed = Testing::Run("cluster join -u 0123");
-  EXPECT_EQ(malformed.root, "false");
-  EXPECT_EQ(malformed.errors.size(), 1U);
-  EXPECT_EQ(library.calls, kConfig);
+  Check("cluster join -u 0123", kNotEnabled, kConfig, Failed(NoUuid("0123"), "false"));
 }
 
 TEST(NewUuid, IsAnotherEachTime) {
@@ -143,16 +132,11 @@ TEST(NewUuid, MayBeMissing) {
 }
 
 TEST(ClusterLeave, TellsOfTheDatastores) {
-  struct Case {
-    Strings datastores;
-    std::size_t failing;  // the place of the call that fails
-    Strings calls, shell;
-    Outcome outcome;
-  };
   const Strings read = kConfig + "GetDatastores()", left = read + "LeaveCluster(false)";
   const std::string before = "GetDatastores(): '/notify datastores' -t PreUnmount -d ";
   const std::string after = "LeaveCluster(false): '/notify datastores' -t FailedUnmount -d ";
-  const Case cases[] = {
+  // The numbers are the places of the calls that fail.
+  const std::tuple<Strings, std::size_t, Strings, Strings, Outcome> cases[] = {
       {{"a", "it's; $(b)"}, 9, left, {before + "'a,it'\\''s; $(b)'"}, kTrue},
       {{"a", "\u00e4"}, 4, left, {before + "'a,\u00e4'", after + "'a,\u00e4'"}, Failed("busy")},
       {{}, 4, left, {before}, Failed("busy")},
@@ -169,6 +153,54 @@ TEST(ClusterLeave, TellsOfTheDatastores) {
     EXPECT_EQ(library.shell, shell);
   }
   Check("cluster leave", kNotEnabled, kConfig, Failed("The host is not in a Dovra cluster."));
+}
+
+/// `count` characters of three bytes each.
+std::string Wide(std::size_t count) {
+  std::string text;
+  while (count-- > 0) text += "\u20ac";
+  return text;
+}
+
+TEST(FaultDomainGet, ShowsNameAndId) {
+  const Strings named = kOpen + "GetFaultDomainName()" + "GetClusterConfig()";
+  Check("faultdomain get", named + "GetFaultDomainId()",
+        {"{faultDomainName: site-a, faultDomainId: fault-domain-id}", {}});
+  Check("faultdomain get", kNotEnabled, named, {"{faultDomainName: site-a, faultDomainId: }", {}});
+}
+
+TEST(FaultDomainSet, CountsBytesAndLeavesTrue) {
+  const std::string longest = Wide(85) + "x";  // 256 bytes
+  Check("faultdomain set --fdname " + longest + "x", {},
+        Failed("Fault domain name cannot exceed 256 characters.", "true"));
+  Check("faultdomain set --fdname " + longest, kOpen + ("SetFaultDomain(" + longest + ")"), kTrue);
+}
+
+TEST(FaultDomainPreferredGet, NeedsAStretchedCluster) {
+  const std::string command = "cluster preferredfaultdomain get";
+  const auto together = [](RecordingLibrary& library) { library.stretched = false; };
+  const Outcome refused =
+      Failed("Cannot get preferred fault domain if host is not in a stretched cluster.");
+  const Strings first = kOpen + "GetClusterConfig()";
+  const Strings both = first + "IsInStretchedCluster()";
+  Check(command, kNotEnabled, first, refused);
+  Check(command, together, both, refused);
+  Check(command, both + "GetPreferredFaultDomainInfo()",
+        {"{Preferred Fault Domain Name: preferred-name, Preferred Fault Domain Id: preferred-id}",
+         {}});
+}
+
+TEST(FaultDomainPreferredSet, CountsCharactersOnTheWitnessOnly) {
+  const std::string command = "cluster preferredfaultdomain set --preferred-fault-domain-name ";
+  const auto onWitness = [](RecordingLibrary& library) { library.isWitness = true; };
+  const Strings asked = {"IsWitnessNode()"};
+  Check(command + "''", {}, Failed("Cannot set preferred fault domain name as empty."));
+  Check(command + Wide(257), {},
+        Failed("Preferred Fault domain name cannot exceed 256 characters.", "true"));
+  Check(command + "site-b", asked,
+        Failed("Cannot set preferred fault domain if the host is not a witness node.", "true"));
+  Check(command + Wide(256), onWitness,
+        asked + kOpen[0] + kOpen[1] + ("SetPreferredFaultDomain(" + Wide(256) + ")"), kTrue);
 }
 
 }  // namespace

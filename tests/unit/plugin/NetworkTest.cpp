@@ -65,11 +65,7 @@ std::string Configure(const Settings& settings) {
 }
 
 TEST(NetworkIpAddAndSet, EachParameterReplacesOneSetting) {
-  const struct {
-    const char* option;
-    std::size_t position;
-    std::string stored;
-  } rows[] = {
+  const std::tuple<const char*, std::size_t, std::string> rows[] = {
       {"--agent-mc-addr 224.7.7.7", 0, "v4 224.7.7.7"},
       {"--agent-v6-mc-addr ff02::7", 1, "v6 ff02::7"},
       {"--master-mc-addr 224.7.7.7", 2, "v4 224.7.7.7"},

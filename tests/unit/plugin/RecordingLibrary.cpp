@@ -3,7 +3,7 @@
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 
-#include <concepts>
+#include <type_traits>
 
 #include "baselibs/Text.h"
 #include "platform/baselibs/Uuid.h"
@@ -22,23 +22,20 @@ using Word = const std::string&;
 
 RecordingLibrary* living = nullptr;
 
-std::string Text(const std::string& text) {
-  return text;
-}
-std::string Text(bool value) {
-  return value ? "true" : "false";
-}
-std::string Text(std::integral auto value) {
-  return std::to_string(value);
-}
-std::string Text(const Uuid& uuid) {
-  return DovraUtil::DovraUuidToString(uuid);
-}
-std::string Text(const DovraIpAddress& address) {
-  return (address.isIpv6 ? "v6 " : "v4 ") + address.GetStringAddress();
-}
-std::string Text(const Strings& values) {
-  return "[" + BaseLibs::Join(values, ", ") + "]";
+template <class Value>
+std::string Text(const Value& value) {
+  if constexpr (std::is_same_v<Value, bool>)
+    return value ? "true" : "false";
+  else if constexpr (std::is_integral_v<Value>)
+    return std::to_string(value);
+  else if constexpr (std::is_same_v<Value, Uuid>)
+    return DovraUtil::DovraUuidToString(value);
+  else if constexpr (std::is_same_v<Value, Strings>)
+    return "[" + BaseLibs::Join(value, ", ") + "]";
+  else if constexpr (std::is_same_v<Value, DovraIpAddress>)
+    return (value.isIpv6 ? "v6 " : "v4 ") + value.GetStringAddress();
+  else
+    return value;
 }
 
 /// Notes the call, then fails if the test said so.

@@ -15,28 +15,26 @@ using namespace CliTools::MetaObj;
 std::string traceConfiguration = "/nowhere/dovratraced.conf";
 
 std::string ToText(const std::shared_ptr<MetaObject>& value) {
-  if (!value) return "none";
-  std::vector<std::string> texts;
-  switch (value->GetType()) {
-    case MetaType::kBool:
-      return static_cast<const MetaBool&>(*value).GetValue() ? "true" : "false";
-    case MetaType::kInt:
-      return std::to_string(static_cast<const MetaInt&>(*value).GetValue());
-    case MetaType::kString:
-      return static_cast<const MetaString&>(*value).GetValue();
-    case MetaType::kStruct:
-      for (const auto& name : static_cast<const MetaStruct&>(*value).GetFieldNames()) {
-        texts.push_back(name + ": " +
-                        ToText(static_cast<const MetaStruct&>(*value).GetField(name)));
-      }
-      return "{" + BaseLibs::Join(texts, ", ") + "}";
-    case MetaType::kList:
-      for (const auto& element : static_cast<const MetaList&>(*value).GetElements()) {
-        texts.push_back(ToText(element));
-      }
-      return "[" + BaseLibs::Join(texts, ", ") + "]";
+  const MetaObject* const any = value.get();
+  if (const auto* truth = dynamic_cast<const MetaBool*>(any)) {
+    return truth->GetValue() ? "true" : "false";
   }
-  return "a value of no known type";
+  if (const auto* number = dynamic_cast<const MetaInt*>(any)) {
+    return std::to_string(number->GetValue());
+  }
+  if (const auto* text = dynamic_cast<const MetaString*>(any)) return text->GetValue();
+  std::vector<std::string> texts;
+  if (const auto* record = dynamic_cast<const MetaStruct*>(any)) {
+    for (const auto& name : record->GetFieldNames()) {
+      texts.push_back(name + ": " + ToText(record->GetField(name)));
+    }
+    return "{" + BaseLibs::Join(texts, ", ") + "}";
+  }
+  if (!value) return "none";
+  for (const auto& element : dynamic_cast<const MetaList&>(*any).GetElements()) {
+    texts.push_back(ToText(element));
+  }
+  return "[" + BaseLibs::Join(texts, ", ") + "]";
 }
 
 std::ostream& operator<<(std::ostream& stream, const Outcome& outcome) {

