@@ -14,11 +14,12 @@ load common
     wrong '--version goes without a command; "dovra" is one too many' --version dovra
     wrong 'dovra trace get: --plugin-dir goes before the command: it says which there are' dovra trace get --plugin-dir x
     wrong 'Unknown option "--bogus"; *' dovra cluster --bogus
+    wrong 'there is no "diskgroup"; did you mean "dovra storage diskgroup"? *' diskgroup
     wrong 'Invalid value "ksh" for --completion: expected one of bash, zsh, fish' --completion ksh
     wrong '--batch and --list do not go together' --list --batch x
     wrong '--list and --version do not go together' --version --list
     wrong 'dovra cluster get: --echo goes with --batch' dovra cluster get --echo
-    for command in 'host list' 'host add -n x' 'host remove -n x' reset; do
+    for command in 'host list' 'host add -n x' 'host remove -n x' 'network heal' 'network split -n x' reset; do
         # shellcheck disable=SC2086
         wrong "lab ${command%% -n*}: --host: this command is for the whole lab, not for one of its hosts" --host host1 lab $command
     done
@@ -29,6 +30,7 @@ load common
 
 @test "help at every level, however it is asked for" {
     expect 0 '*Options:*Orvane Dovra commands*Exit status*' '' --help
+    expect 0 $'*\n\nOutput: one record with the fields\n  Enabled, *' '' dovra cluster get --help
     expect 0 $'*Mbps (0 to 512, 0 means*\n\nExamples:\n  # Resync gets no more than 100 Mbps.\n  autocli*' '' dovra resync throttle set --help
     for words in 'help dovra resync throttle set' 'dovra resync throttle help set' 'dovra resync throttle set help' \
         'dovra -h resync throttle set' 'dovra resync throttle set --level --bogus -h'; do

@@ -47,6 +47,7 @@ mounted() { autocli --formatter json dovra storage list | jq -c 'map(."Is Mounte
     refuse "Unable to add tag to disk: Disk \"$(hdd 0)\" is not a flash device." dovra storage tag add -t capacityFlash -d "$(hdd 0)"
     refuse "Unable to add device: Disk \"$ssd2\" is tagged capacityFlash; it cannot front a disk group." dovra storage add -s $ssd2 -d "$(hdd 0)"
     succeed dovra storage add -s $ssd -d "$(hdd 0)" -d $ssd2
+    refuse "Unable to add device: Disk \"$ssd2\" is in use by disk group \"$ssd\"." dovra storage add -s $ssd2 -d "$(hdd 1)"
     refuse "Unable to remove tag for disk: Disk \"$ssd2\" is in use *" dovra storage tag remove -t capacityFlash -d $ssd2
     group='dovra storage diskgroup'
     succeed $group unmount -s $ssd

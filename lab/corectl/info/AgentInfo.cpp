@@ -38,10 +38,7 @@ void LabInfo::AddUnicastAgent(const std::string& nodeUuid, bool isWitness, bool 
       Refuse("The address " + agent.address + " is not one of a single host.");
     }
     RequirePort("port", port);
-    if (hasBoundInterface) {
-      if (boundInterface.empty()) Refuse("The bound interface has no name.");
-      RequireInterface(store, host, boundInterface);
-    }
+    if (hasBoundInterface) RequireInterface(store, host, boundInterface);
     const auto agents = store.ListAgents(host.id);
     if (agents.size() >= kMaxAgents) {
       Refuse("There can be at most " + std::to_string(kMaxAgents) + " unicast agents.");

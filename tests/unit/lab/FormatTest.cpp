@@ -78,9 +78,9 @@ TEST(Format, ShowsPeopleRecords) {
 }
 
 TEST(Format, WritesDocuments) {
-  const auto disks = MakeDisks({MakeDisk("", 5, {"a", "b"}), MakeDisk("", 1000)});
+  const auto disks = MakeDisks({MakeDisk("", 5, {"a", "/b-1"}), MakeDisk("", 1000)});
   EXPECT_EQ(Format(*disks, "keyvalue", {{"fields:Disk", "Size,Tags"}}),
-            "Disk_0_Size=5\nDisk_0_Tags_0=a\nDisk_0_Tags_1=b\nDisk_1_Size=1000\n");
+            "Disk_0_Size=5\nDisk_0_Tags_0=a\nDisk_0_Tags_1=/b-1\nDisk_1_Size=1000\n");
   EXPECT_EQ(Format(*MakeDisk("<&>\"\r\n\t\u009b\x1b\uFFFE\uFFFF\xff", 1, {"a", "b"}), "xml",
                    {{"fields:Disk", "Gone,Name,Size,Tags"}}),
             "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"

@@ -23,11 +23,6 @@ TEST(Help, ListsANamespacesChildren) {
             "          their data is elsewhere.\n"
             "  list\n"
             "\nTo read on: program disk NAME --help\n");
-  EXPECT_EQ(NamespaceHelp("program", *tree.root),
-            "Usage: program [NAMESPACE...] COMMAND [OPTIONS]\n"
-            "\nNamespaces:\n"
-            "  disk  Commands for disks\n"
-            "\nTo read on: program NAME --help\n");
 }
 
 TEST(Help, TellsACommandsParameters) {

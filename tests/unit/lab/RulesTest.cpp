@@ -170,6 +170,7 @@ TEST_F(Rules, TheLibraryTrustsNoCaller) {
   EXPECT_THAT(Refusal([&] { info_->SetPolicyDefault("none", "iopsLimit=1"); }), HasSubstr("none"));
   EXPECT_THAT(Refusal([&] { info_->AddDisks(kSsd, {kOne, kOne}); }), HasSubstr("given twice"));
   EXPECT_THAT(Refusal([&] { info_->AddDisks(kSsd, {kSsd}); }), HasSubstr("given twice"));
+  EXPECT_THAT(Refusal([&] { info_->RemoveDisk(kSsd, "none"); }), HasSubstr("none"));
 }
 
 TEST_F(Rules, ALostDiskIsOutOfUseUntilItIsBack) {
@@ -334,6 +335,7 @@ TEST(Splits, TheMajorityIsOnOneSideAtMost) {
       {"a1 | a2 a3 | b1 w", "a", "a1 - | a2 a3 w + | b1 -"},
       {"a1 | a2 | b1 w", "a", "a1 w - | a2 - | b1 -"},
       {"a1! | b1 w", "a", "- | b1 w +"},
+      {"a1 | b1 | c1 w", "a", "a1 - | b1 - | c1 w -"},
       // Not between the sites, or not stretched: where it is.
       {"a1 b1 | a2 b2 w", "a", "a1 b1 - | a2 b2 w +"},
   };

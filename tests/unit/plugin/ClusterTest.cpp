@@ -13,6 +13,7 @@ using namespace Testing;
 namespace {
 
 constexpr const char* kUuid = "01234567-89ab-cdef-0123-456789abcdef";
+const std::string kLongest = std::string(255, 'x') + "\u20ac";  // 256 characters, 258 bytes
 const Strings kConfig = kOpen + "GetClusterConfig()";
 const Outcome kAlreadyIn = Failed(
     "The host is in a Dovra cluster and enabled for Dovra. You need to remove it from the cluster "
@@ -76,7 +77,6 @@ TEST(ClusterGet, PrintsTimestampsWithUnpaddedMilliseconds) {
 }
 
 TEST(ClusterJoin, ChecksInOrderAndJoins) {
-  const std::string longest = std::string(255, 'x') + "\u20ac";  // 256 characters, 258 bytes
   const std::string join = std::string("cluster join -u ") + kUuid;
   const std::string witness = join + " --witness-node --witness-preferred-fault-domain ";
   const auto joined = [](const std::string& arguments) {
@@ -89,13 +89,13 @@ TEST(ClusterJoin, ChecksInOrderAndJoins) {
         Failed("If --witness-node is specified, --witness-preferred-fault-domain must also be "
                "specified."));
   Check(witness + "''", kNotEnabled, kConfig, badName);
-  Check(witness + longest + "x", kNotEnabled, kConfig, badName);
+  Check(witness + kLongest + "x", kNotEnabled, kConfig, badName);
   Check(join + " --witness-preferred-fault-domain ''", kNotEnabled, kConfig,
         Failed("--witness-preferred-fault-domain is valid only when --witness-node is "
                "specified."));
   Check(join, kNotEnabled, joined(", false, , false"), kTrue);
   Check(join + " --wait", kNotEnabled, joined(", false, , true"), kTrue);
-  Check(witness + longest, kNotEnabled, joined(", true, " + longest + ", false"), kTrue);
+  Check(witness + kLongest, kNotEnabled, joined(", true, " + kLongest + ", false"), kTrue);
   Check("cluster join -u 0123", kNotEnabled, kConfig, Failed(NoUuid("0123"), "false"));
 }
 
@@ -155,13 +155,6 @@ TEST(ClusterLeave, TellsOfTheDatastores) {
   Check("cluster leave", kNotEnabled, kConfig, Failed("The host is not in a Dovra cluster."));
 }
 
-/// `count` characters of three bytes each.
-std::string Wide(std::size_t count) {
-  std::string text;
-  while (count-- > 0) text += "\u20ac";
-  return text;
-}
-
 TEST(FaultDomainGet, ShowsNameAndId) {
   const Strings named = kOpen + "GetFaultDomainName()" + "GetClusterConfig()";
   Check("faultdomain get", named + "GetFaultDomainId()",
@@ -170,7 +163,7 @@ TEST(FaultDomainGet, ShowsNameAndId) {
 }
 
 TEST(FaultDomainSet, CountsBytesAndLeavesTrue) {
-  const std::string longest = Wide(85) + "x";  // 256 bytes
+  const std::string longest = std::string(253, 'x') + "\u20ac";  // 256 bytes
   Check("faultdomain set --fdname " + longest + "x", {},
         Failed("Fault domain name cannot exceed 256 characters.", "true"));
   Check("faultdomain set --fdname " + longest, kOpen + ("SetFaultDomain(" + longest + ")"), kTrue);
@@ -195,12 +188,12 @@ TEST(FaultDomainPreferredSet, CountsCharactersOnTheWitnessOnly) {
   const auto onWitness = [](RecordingLibrary& library) { library.isWitness = true; };
   const Strings asked = {"IsWitnessNode()"};
   Check(command + "''", {}, Failed("Cannot set preferred fault domain name as empty."));
-  Check(command + Wide(257), {},
+  Check(command + kLongest + "x", {},
         Failed("Preferred Fault domain name cannot exceed 256 characters.", "true"));
   Check(command + "site-b", asked,
         Failed("Cannot set preferred fault domain if the host is not a witness node.", "true"));
-  Check(command + Wide(256), onWitness,
-        asked + kOpen[0] + kOpen[1] + ("SetPreferredFaultDomain(" + Wide(256) + ")"), kTrue);
+  Check(command + kLongest, onWitness,
+        asked + kOpen[0] + kOpen[1] + ("SetPreferredFaultDomain(" + kLongest + ")"), kTrue);
 }
 
 }  // namespace
