@@ -7,11 +7,12 @@
 #include <unistd.h>
 
 #include <array>
-#include <cerrno>
 
 namespace BaseLibs {
 
 namespace {
+
+// No call ends early for a signal: handlers are set with signal(), behind which calls go on.
 
 /// A nameless file. Unlike a pipe, it holds up nobody: neither us, when a program does not read its
 /// input, nor when another one goes on writing to its output.
@@ -30,8 +31,8 @@ class MemoryFile {
   bool Fill(std::string_view text) const {
     while (!text.empty()) {
       const ssize_t count = write(descriptor_, text.data(), text.size());
-      if (count < 0 && errno != EINTR) return false;
-      if (count > 0) text.remove_prefix(static_cast<std::size_t>(count));
+      if (count < 0) return false;
+      text.remove_prefix(static_cast<std::size_t>(count));
     }
     return lseek(descriptor_, 0, SEEK_SET) == 0;
   }
@@ -39,11 +40,12 @@ class MemoryFile {
   std::string Read() const {
     std::string text;
     std::array<char, 4096> buffer;
-    ssize_t count = 0;
-    do {
-      count = pread(descriptor_, buffer.data(), buffer.size(), static_cast<off_t>(text.size()));
-      if (count > 0) text.append(buffer.data(), static_cast<std::size_t>(count));
-    } while (count > 0 || (count < 0 && errno == EINTR));
+    const auto readOn = [&] {
+      return pread(descriptor_, buffer.data(), buffer.size(), static_cast<off_t>(text.size()));
+    };
+    for (ssize_t count = readOn(); count > 0; count = readOn()) {
+      text.append(buffer.data(), static_cast<std::size_t>(count));
+    }
     return text;
   }
 
@@ -69,16 +71,13 @@ class DefaultChildSignal {
 
 int WaitFor(pid_t child) {
   int status = 0;
-  while (waitpid(child, &status, 0) < 0) {
-    if (errno != EINTR) return -1;
-  }
+  if (waitpid(child, &status, 0) < 0) return -1;
   return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
 }
 
 /// -1 when the program cannot be started.
 pid_t Start(std::vector<std::string>& words, int input, int output) {
   std::vector<char*> arguments;
-  arguments.reserve(words.size() + 1);
   for (std::string& word : words) arguments.push_back(word.data());
   arguments.push_back(nullptr);
   posix_spawn_file_actions_t actions;

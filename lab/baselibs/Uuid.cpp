@@ -32,7 +32,7 @@ char* UUID_PackText(const char* source, char* destination, std::size_t length) {
   if (length < kTextLength || std::strncmp(source, kPrefix, kPrefixLength) != 0) return nullptr;
   const char* const text = source + kPrefixLength;
   uuid_t uuid;
-  if (std::strlen(text) != kTextLength || uuid_parse(text, uuid) != 0) return nullptr;
+  if (uuid_parse(text, uuid) != 0) return nullptr;
   std::memmove(destination, text, kTextLength + 1);
   return destination;
 }

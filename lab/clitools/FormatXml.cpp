@@ -11,7 +11,6 @@ namespace {
 /// that it can hold are references, as a parser would otherwise turn them into blanks.
 std::string EscapeXml(std::string_view text) {
   std::string escaped;
-  escaped.reserve(text.size());
   ForEachCodePoint(text, [&](const CodePoint& point) {
     const char32_t value = point.value;
     const bool isSpace = value == '\t' || value == '\n' || value == '\r';

@@ -78,7 +78,6 @@ bool IsPlain(std::string_view text) {
 std::string ValidUtf8(std::string_view text) {
   if (IsPlain(text)) return std::string(text);
   std::string valid;
-  valid.reserve(text.size());
   ForEachCodePoint(
       text, [&](const CodePoint& point) { valid += point.valid ? point.bytes : kReplacement; });
   return valid;
@@ -87,7 +86,6 @@ std::string ValidUtf8(std::string_view text) {
 std::string Printable(std::string_view text) {
   if (IsPlain(text)) return std::string(text);
   std::string printable;
-  printable.reserve(text.size());
   ForEachCodePoint(text, [&](const CodePoint& point) {
     if (IsControl(point.value) || MisleadsReader(point.value)) {
       printable += Escape(point.value);
@@ -113,9 +111,7 @@ std::string Quote(std::string_view text) {
 std::size_t DisplayWidth(std::string_view text) {
   if (IsPlain(text)) return text.size();
   std::size_t width = 0;
-  ForEachCodePoint(text, [&](const CodePoint& point) {
-    width += point.value < 0x80 ? 1 : DisplayWidth(point.value);
-  });
+  ForEachCodePoint(text, [&](const CodePoint& point) { width += DisplayWidth(point.value); });
   return width;
 }
 

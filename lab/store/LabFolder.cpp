@@ -102,8 +102,8 @@ void WriteNewFile(const fs::path& path, const std::string& content, mode_t mode,
   const Descriptor file(path, O_WRONLY | O_CREAT | O_EXCL, mode);
   for (std::size_t written = 0; written < content.size();) {
     const ssize_t count = write(file.Get(), content.data() + written, content.size() - written);
-    if (count < 0 && errno != EINTR) Fail("cannot write", path);
-    if (count > 0) written += static_cast<std::size_t>(count);
+    if (count < 0) Fail("cannot write", path);
+    written += static_cast<std::size_t>(count);
   }
   if (isSynced && fsync(file.Get()) != 0) Fail("cannot sync", path);
 }
