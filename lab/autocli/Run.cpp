@@ -158,6 +158,8 @@ bool IsConfirmed(const Command& command, const std::string& consequence) {
   }
   std::fprintf(stderr, "%s Go on? [y/N] ", consequence.c_str());
   const int answer = std::getchar();
+  // What is left of the line is no line of a batch.
+  for (int rest = answer; rest != '\n' && rest != EOF;) rest = std::getchar();
   return answer == 'y' || answer == 'Y';
 }
 

@@ -39,6 +39,8 @@ on_terminal() {
         [[ $(tr -d '\r' <asked) == *'Every host and cluster of the lab will be lost. Go on? [y/N] '${answered#*=} ]]
     done
     [[ $(autocli lab host list) != *host2* ]]
+    TERM=dumb script -qec '$AUTOCLI --batch -' /dev/null <<<$'lab reset\nyes\nlab host add -n host2' >asked
+    [[ $(cat asked) != *'"es"'* && $(autocli lab host list) == *host2* ]]
 }
 
 @test "a command that takes long shows that it is at work, and leaves no trace of that" {
