@@ -50,7 +50,6 @@ void Claim(DiskRow& disk, const std::string& group, const std::string& groupName
   disk.mounted = true;
   disk.formatVersion = kFormatVersion;
   disk.checksum = "crc32c";
-  disk.checksumOk = true;
 }
 
 void Release(Store& store, const DiskRow& disk) {

@@ -17,7 +17,6 @@ load common
     wrong 'there is no "diskgroup"; did you mean "dovra storage diskgroup"? *' diskgroup
     wrong 'Invalid value "ksh" for --completion: expected one of bash, zsh, fish' --completion ksh
     wrong '--batch and --list do not go together' --list --batch x
-    wrong '--list and --version do not go together' --version --list
     wrong 'dovra cluster get: --echo goes with --batch' dovra cluster get --echo
     for command in 'host list' 'host add -n x' 'host remove -n x' 'network heal' 'network split -n x' reset; do
         # shellcheck disable=SC2086

@@ -31,7 +31,9 @@ as_nobody() {
 
 @test "only what the lab made is deleted" {
     succeed lab host add --name host2
-    mkdir "$AUTOCLI_LAB/hosts/mine"
+    mkdir "$AUTOCLI_LAB/hosts/"{mine,empty}
+    succeed lab host add --name empty # nothing is lost with that
+    succeed lab host remove --name empty
     echo mine >"$AUTOCLI_LAB/hosts/mine/file"
     echo "another-lab $(host_uuid host1)" >"$AUTOCLI_LAB/hosts/mine/.autocli-host"
     mv "$AUTOCLI_LAB/hosts/host2" "$BATS_TEST_TMPDIR/moved-root"
@@ -134,8 +136,8 @@ EOF
 
 @test "paths that SQLite would take for something else, or not at all" {
     cd "$BATS_TEST_TMPDIR"
-    succeed --lab 'file:odd?mode=memory' dovra cluster new
-    [[ -f file:odd?mode=memory/lab.db ]]
+    succeed --lab 'deep/er/file:odd?mode=memory' dovra cluster new
+    [[ -f deep/er/file:odd?mode=memory/lab.db ]]
     long=$(printf 'a%.0s' {1..250})
     unusable "the lab's folder \"$PWD/$long/$long\" cannot be used: its path is too long" --lab "$long/$long" dovra cluster get
     [[ ! -e $long ]]

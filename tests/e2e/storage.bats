@@ -105,6 +105,7 @@ mounted() { autocli --formatter json dovra storage list | jq -c 'map(."Is Mounte
     succeed dovra datastore add -n two
     [[ $(autocli --formatter json dovra datastore list | jq -c 'map([."User Friendly Name", .Default])') == '[["dovraDatastore",true],["one",false],["two",false]]' ]]
     refuse "Unable to add datastore: The name \"one\" is taken by datastore ${id,,}." dovra datastore add -n one
+    refuse 'Unable to add datastore: The nil UUID names no datastore.' dovra datastore add -n three -u 00000000-0000-0000-0000-000000000000
     refuse "Unable to add datastore: Datastore ${id,,} exists already." dovra datastore add -n three -u $id
     refuse 'Unable to set Dovra datastore name: The name "two" is taken by *' dovra datastore name set -u $id -n two
     succeed dovra datastore name set -u $id -n uno
@@ -125,6 +126,7 @@ mounted() { autocli --formatter json dovra storage list | jq -c 'map(."Is Mounte
     spoiled() { expect 1 false "$1" $set "$2"; }
     spoiled 'Unknown policy attribute "width"; the attributes are cacheReservation, *' width=1
     spoiled 'The policy attribute stripeWidth cannot be "13"; it is a whole number from 1 to 12.' stripeWidth=13
+    spoiled 'The policy attribute stripeWidth cannot be "0"; *' stripeWidth=0
     spoiled 'The policy attribute hostFailuresToTolerate cannot be "4"; it is a whole number from 0 to 3.' hostFailuresToTolerate=4
     spoiled 'The policy attribute cacheReservation cannot be "1000001"; *' cacheReservation=1000001
     spoiled 'The policy attribute proportionalCapacity cannot be "101"; *' proportionalCapacity=101

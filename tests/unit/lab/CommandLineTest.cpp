@@ -79,7 +79,6 @@ TEST(CommandLine, RefusesWhatItCannotTakeAsItIs) {
       {{"-uX", "-l", "-1"}, "Invalid value \"-1\"" + level},
       {{"-uX", "-p", "99999999999999999999"}, "Invalid value \"99999999999999999999\"" + anyNumber},
       {{"-uX", "-p", "80 "}, "Invalid value \"80 \"" + anyNumber},
-      {{"-uX", "-p", ""}, "Invalid value \"\"" + anyNumber},
       {{"-uX", "-e", "truth"},
        "Invalid value \"truth\" for --enabled: expected true or false (also 1/0, yes/no, on/off)"},
   };

@@ -115,6 +115,7 @@ TEST(Format, ShowsEverythingThatIsNoRecord) {
        '"' + std::string(40, 'x') + "\\u001F\"\n"},
       {MakeDisks({}), "simple", ""},
       {MakeDisk("a"), "", "a\n   Name: a\n   Size: 0 MB\n   Tags: \n   Is SSD: false\n"},
+      {MakeDisk("a\0b"s), "csv", "Name,Size,Tags,Is SSD\na\uFFFDb,0,,false\n"},
       {MakeDisks({}), "table", "Name  Size  Tags  Is SSD\n----  ----  ----  ------\n"},
       {MakeDisks({}), "xml", xml + "<list></list></output>\n"},
       {MakeDisks({}), "keyvalue", ""},
@@ -160,16 +161,8 @@ TEST(Format, FitsTablesToThePage) {
   EXPECT_EQ(without(34), "Hidden          Size  Is SSD");
 
   const auto uuids = MakeDisks({MakeDisk("c0ffee00-1111-4222-8333-444455556666", 5)});
-  const auto page = [&](std::size_t width, bool isChosen) {
-    return Format(*uuids, "table", {{"fields:Disk", "Name,Size,Is SSD"}},
-                  {.width = width, .isChosen = isChosen});
-  };
-  EXPECT_EQ(page(30, false),
-            "Name       Size  Is SSD\n"
-            "---------  ----  ------\n"
-            "c0ffee00\u2026     5  false\n"
-            "(UUIDs are cut short; --fields chooses what is shown.)\n");
-  EXPECT_EQ(page(7, true),
+  EXPECT_EQ(Format(*uuids, "table", {{"fields:Disk", "Name,Size,Is SSD"}},
+                   {.width = 7, .isChosen = true}),
             "Name\n---------\nc0ffee00\u2026\n"
             "(2 fields are left out, UUIDs are cut short; --fields chooses what is shown.)\n");
 }

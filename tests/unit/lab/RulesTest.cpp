@@ -125,6 +125,15 @@ TEST_F(Rules, AgentsAreAtAddressesOfOneHost) {
                                         Address("::ffff:102:304"), 1));
 }
 
+TEST_F(Rules, AgentsAreThoseOfTheLargestCluster) {
+  const auto add = [&](std::size_t number) {
+    info_->AddUnicastAgent(NewUuid(), false, true, Address("fe80::" + std::to_string(number)), 1,
+                           false, "", "");
+  };
+  for (std::size_t number = 1; number <= 64; ++number) add(number);
+  EXPECT_EQ(Refusal([&] { add(65); }), "There can be at most 64 unicast agents.");
+}
+
 TEST_F(Rules, AnInterfaceStaysWhileItCarriesAnything) {
   const DovraIpAddress v4 = Address("224.0.0.1"), v6 = Address("ff02::1");
   for (const auto& [first, last] : {std::pair("dovra", "witness"), {"witness", "dovra"}}) {
@@ -222,6 +231,8 @@ TEST_F(Rules, ALostDiskIsOutOfUseUntilItIsBack) {
   Change([](Store& store, const HostRow& host) {
     EXPECT_NE(store.FindDisk(host.id, "new")->groupName, kSsd);
     EXPECT_TRUE(store.FindDisk(host.id, "new")->mounted);
+    Fail(store, host, "mpx.xhba1:C0:T1:L0");
+    PlugIn(store, host, "late", false);  // no group is left
   });
 }
 

@@ -18,7 +18,6 @@ std::string Split(std::string_view line) try {
 
 TEST(Words, AreThoseOfAShell) {
   const std::vector<std::pair<std::string, std::string>> cases = {
-      {" \t\r", ""},
       {"  a\tb  c\r", "<a><b><c>"},
       {"a # b 'c", "<a>"},
       {"a#b c\\#d '#' \\# e", "<a#b><c#d><#><#><e>"},

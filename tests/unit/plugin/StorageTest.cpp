@@ -128,7 +128,6 @@ TEST(StorageList, MergesFiltersAndOrders) {
       {"", all, everything},
       {" -d '' -u ''", all, everything},
       {" -d a1", {"0a0b"}, Rows({"a1"})},
-      {" -d A -u ''", {"0003"}, Rows({"A"})},
       {" -d 'a1 '", {}, Rows({}, {noName + "a1 "})},
       {" -u " + UuidOf("0A0B"), {"0a0b"}, Rows({"a1"})},
       {" -u " + UuidOf("0001"), {}, Rows({}, {noUuid + UuidOf("0001")})},

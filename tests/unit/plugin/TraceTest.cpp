@@ -100,7 +100,6 @@ TEST_F(TraceTest, GetAsksForTheDaemonFirst) {
       {-1, "Checking dovratraced status failed.Refer to /var/log/syslog.log for details."},
       {3, "Dovra is not enabled on this host."},
       {0, unreadable},
-      {1, unreadable},
   };
   for (const auto& [status, error] : cases) {
     library_.calls.clear();

@@ -31,7 +31,6 @@ TEST(CommandTree, GrowsOnTheNamespaceThatIsThere) {
   paths.insert(paths.find('\n') + 1, "dovra neighbour\n");
   EXPECT_EQ(PathsBelow(*Registered(root)), paths);
   EXPECT_EQ(root->GetNamespaceNode("dovra"), dovra);
-  EXPECT_EQ(dovra->GetDescription(), "Orvane Dovra commands");
 }
 
 TEST(CommandTree, TakesTheNameFromWhatIsNoNamespace) {
