@@ -59,6 +59,8 @@ class ClusterUnicastAgentAdd final : public SuccessCommand<ClusterUnicastAgentAd
       const bool isWitness =
           Given<std::string>(input, "type").value_or(kWitnessType) == kWitnessType;
       const auto uuid = Given<std::string>(input, "uuid");
+      // Not as an optional one: compiled, that is read before it is known to hold a value, and
+      // valgrind takes it for an error.
       const bool tellsSupport = input->HasParameter("supports-unicast");
       const bool supportsUnicast = tellsSupport && input->GetParameterBool("supports-unicast");
       const auto interface = Given<std::string>(input, "bound-interface-name");
