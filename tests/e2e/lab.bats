@@ -172,7 +172,7 @@ EOF
     expect 0 true '' dovra cluster leave
     autocli() { "$AUTOCLI" "$@"; }
     unusable "\"$AUTOCLI_LAB\" belongs to $(id -un 65534); *" dovra trace get
-    for part in hosts/host1 hosts/host1/etc/init.d/dovratraced; do
+    for part in lab.db hosts/host1 hosts/host1/etc/init.d/dovratraced; do
         chown -R 0:0 "$AUTOCLI_LAB"
         chown 65534:65534 "$AUTOCLI_LAB/$part"
         unusable "\"$AUTOCLI_LAB/$part\" belongs to *" dovra trace get

@@ -32,7 +32,7 @@ END
 
     expect 1 $'true\nfalse\ntrue' 'standard input:2: *' --host host2 --keep-going --batch - <<<$'lab traced set -s stopped\ndovra maintenancemode cancel\nlab reset --force'
     cd "$BATS_TEST_TMPDIR"
-    lines=$'lab "host\n--host nope dovra trace get\n--batch x\n--echo lab reset\ndovra clutser\n\0'
+    lines=$'lab "host\n--host nope dovra trace get\n--batch x\n--echo lab reset\n--plugin-dir x --list\ndovra clutser\n\0'
     printf '%s' "$lines" >wrong
     printf '\0lab reset' >>wrong
     expect 3 '' '*' --keep-going --batch wrong
@@ -40,9 +40,10 @@ END
 autocli: wrong:2: no host "nope" in this lab; its hosts are: host1
 autocli: wrong:3: --batch, --keep-going and --echo are not for the lines of a batch
 autocli: wrong:4: --batch, --keep-going and --echo are not for the lines of a batch
-autocli: wrong:5: dovra: there is no "clutser"; did you mean "cluster"? '*'
-autocli: wrong:6: a NUL byte: this is no text
-autocli: 6 lines failed' ]]
+autocli: wrong:5: --plugin-dir goes with --batch: all lines have the same commands
+autocli: wrong:6: dovra: there is no "clutser"; did you mean "cluster"? '*'
+autocli: wrong:7: a NUL byte: this is no text
+autocli: 7 lines failed' ]]
     expect 2 '' 'autocli: wrong:1: *' --batch wrong
     wrong '--batch: "none" cannot be read: No such file or directory' --batch none
 

@@ -115,7 +115,7 @@ TEST(Format, ShowsEverythingThatIsNoRecord) {
        '"' + std::string(40, 'x') + "\\u001F\"\n"},
       {MakeDisks({}), "simple", ""},
       {MakeDisk("a"), "", "a\n   Name: a\n   Size: 0 MB\n   Tags: \n   Is SSD: false\n"},
-      {MakeDisk("a\0b"s), "csv", "Name,Size,Tags,Is SSD\na\uFFFDb,0,,false\n"},
+      {MakeDisk(" a\0b"s), "csv", "Name,Size,Tags,Is SSD\n\" a\uFFFDb\",0,,false\n"},
       {MakeDisks({}), "table", "Name  Size  Tags  Is SSD\n----  ----  ----  ------\n"},
       {MakeDisks({}), "xml", xml + "<list></list></output>\n"},
       {MakeDisks({}), "keyvalue", ""},

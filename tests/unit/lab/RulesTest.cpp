@@ -180,6 +180,10 @@ TEST_F(Rules, TheLibraryTrustsNoCaller) {
   EXPECT_THAT(Refusal([&] { info_->AddDisks(kSsd, {kOne, kOne}); }), HasSubstr("given twice"));
   EXPECT_THAT(Refusal([&] { info_->AddDisks(kSsd, {kSsd}); }), HasSubstr("given twice"));
   EXPECT_THAT(Refusal([&] { info_->RemoveDisk(kSsd, "none"); }), HasSubstr("none"));
+  info_->CreateCluster(kNode, true, false);
+  const auto cluster = DovraUtil::StringToDovraUuid(kNode);
+  EXPECT_THAT(Refusal([&] { info_->JoinCluster(cluster, false, "", false, false); }),
+              HasSubstr("already"));
 }
 
 TEST_F(Rules, ALostDiskIsOutOfUseUntilItIsBack) {

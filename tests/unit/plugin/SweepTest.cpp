@@ -214,12 +214,11 @@ std::set<std::string> Sweep(Command& command, const Failure& failure) {
 
 TEST(Sweep, EveryCommandStandsEveryFailure) {
   traceConfiguration = "/dev/null";
-  std::set<std::string> paths, operations;
+  std::set<std::string> operations;
   for (const auto& [path, node] : Below(*Registered()->GetNamespaceNode("dovra"))) {
     const auto command = std::dynamic_pointer_cast<Command>(node);
     if (!command) continue;
     SCOPED_TRACE(path);
-    paths.insert(path);
     const auto known = kFailures.find(path);
     const auto called = Sweep(*command, known == kFailures.end() ? kFailure : known->second);
     EXPECT_FALSE(called.empty()) << "no call was found that reaches the control library";
@@ -227,9 +226,6 @@ TEST(Sweep, EveryCommandStandsEveryFailure) {
       EXPECT_EQ(row.IsCalledBy(path), called.contains(std::string(row.name))) << row.name;
     }
     operations.insert(called.begin(), called.end());
-  }
-  for (const auto& [path, failure] : kFailures) {
-    EXPECT_TRUE(paths.contains(path)) << path << " is no command";
   }
   for (const std::string& operation : operations) {
     EXPECT_NE(std::ranges::find(Lab::kOperations, operation, &Lab::OperationRow::name),
