@@ -57,9 +57,8 @@ std::string Markdown(const std::string& text) {
 /// A line that begins a paragraph: no number or hyphen may turn it into an item of a list.
 std::string MarkdownLine(const std::string& line) {
   const std::size_t digits = std::min(line.find_first_not_of("0123456789"), line.size());
-  const bool isItem =
-      digits < line.size() &&
-      std::string_view(digits == 0 ? "-+=" : ".)").find(line[digits]) != std::string_view::npos;
+  const std::string_view marks = digits == 0 ? "-+=" : ".)";
+  const bool isItem = marks.find(line[digits]) != std::string_view::npos;
   if (!isItem) return Markdown(line);
   return line.substr(0, digits) + '\\' + line[digits] + Markdown(line.substr(digits + 1));
 }
