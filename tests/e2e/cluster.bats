@@ -88,6 +88,7 @@ roles() { # HOST: master, backup and members as the host sees them, by host name
     [[ $(roles host2) == 'host2 | none | host2' ]]
     [[ ! -e $AUTOCLI_LAB/hosts/host1 ]]
     expect 3 '' 'autocli: no host "host1" in this lab; its hosts are: host2' dovra cluster get
+    for command in 'host remove' 'network split'; do refuse 'Unable to *: *no host "host1" *' lab $command --name host1; done
 }
 
 @test "a script that is not there is no reason to stay" {

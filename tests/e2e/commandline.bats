@@ -1,4 +1,5 @@
 # What people type, rightly and wrongly, and what they are told.
+# shellcheck disable=SC2086 # some texts are words
 load common
 
 @test "a wrong command line is refused in words that name what is allowed" {
@@ -18,8 +19,9 @@ load common
     wrong 'Invalid value "ksh" for --completion: expected one of bash, zsh, fish' --completion ksh
     wrong '--batch and --list do not go together' --list --batch x
     wrong 'dovra cluster get: --echo goes with --batch' dovra cluster get --echo
+    wrong 'dovra cluster get: --keep-going goes with --batch' dovra cluster get --keep-going
+    HOME='' XDG_STATE_HOME='' AUTOCLI_LAB='' unusable 'there is no folder for the lab: name one with --lab or AUTOCLI_LAB' dovra trace get
     for command in 'host list' 'host add -n x' 'host remove -n x' 'network heal' 'network split -n x' reset; do
-        # shellcheck disable=SC2086
         wrong "lab ${command%% -n*}: --host: this command is for the whole lab, not for one of its hosts" --host host1 lab $command
     done
     wrong 'lab reset: Every host and cluster of the lab will be lost. Nobody can be asked here; --force does it without a question' lab reset
@@ -33,7 +35,6 @@ load common
     expect 0 $'*Mbps (0 to 512, 0 means*\n\nExamples:\n  # Resync gets no more than 100 Mbps.\n  autocli*' '' dovra resync throttle set --help
     for words in 'help dovra resync throttle set' 'dovra resync throttle help set' 'dovra resync throttle set help' \
         'dovra -h resync throttle set' 'dovra resync throttle set --level --bogus -h'; do
-        # shellcheck disable=SC2086
         [[ $(autocli $words) == "$output" ]]
     done
     [[ ! -e $AUTOCLI_LAB ]]
@@ -44,7 +45,6 @@ load common
     succeed dovra -H host2 cluster new
     for words in '-f csv --fields Enabled dovra cluster get' 'dovra -fcsv cluster --fields Enabled get' \
         'dovra cluster get --fields=Enabled --formatter csv' '-f json dovra cluster get -f csv --fields Enabled'; do
-        # shellcheck disable=SC2086
         AUTOCLI_HOST=host1 expect 0 $'Enabled\ntrue' '' $words --host host2
     done
     expect 0 true '' dovra cluster get --no-header --fields Enabled --formatter csv -H host2

@@ -1,11 +1,11 @@
 # Every example that help and reference give does what it says.
+# shellcheck disable=SC2086 # some texts are words
 load common
 
 # prepare LAB COMMAND: a copy of this lab for the next line, changed by the command, if there is one.
 prepare() {
     rm -rf "$AUTOCLI_LAB"
     [[ $1 == new ]] || cp -r "$BATS_TEST_TMPDIR/$1" "$AUTOCLI_LAB"
-    # shellcheck disable=SC2086
     [[ -z $2 ]] || autocli $2 &>/dev/null
 }
 
@@ -47,7 +47,6 @@ EOF
     AUTOCLI_LAB=$BATS_TEST_TMPDIR/copy
     autocli --formatter json --list | jq -r '.[].Command' >"$BATS_TEST_TMPDIR/commands"
     while read -r command; do
-        # shellcheck disable=SC2086
         help=$(autocli $command --help)
         sed -n 's/^  autocli //p' <<<"$help" | grep -w -- "$command" >"$BATS_TEST_TMPDIR/examples"
         while read -r line; do

@@ -1,4 +1,5 @@
 # The lab's folder and its store: what is touched, by whom, and what is refused.
+# shellcheck disable=SC2086 # some texts are words
 load common
 
 # tree FOLDER: all that is in it.
@@ -94,7 +95,6 @@ as_nobody() {
         IFS=, read -ra lines <<<"$commands"
         for line in "${lines[@]}"; do
             echo "$damage: $line"
-            # shellcheck disable=SC2086
             unusable "$error" $line
             ask "$line"
             matches "${told#autocli: standard input:*: }" "$error"
@@ -156,12 +156,10 @@ EOF
     AUTOCLI_LAB=$BATS_TEST_TMPDIR/022
     before=$(tree "$AUTOCLI_LAB")
     for line in 'cluster get' 'trace get' 'storage list' 'network list' 'datastore list' 'policy getdefault' 'resync throttle get' 'faultdomain get' 'cluster unicastagent list'; do
-        # shellcheck disable=SC2086
         expect 0 '*' '' dovra $line
     done
     expect 0 '*' '' lab host list
     for line in 'dovra cluster leave' 'lab host add -n host2'; do
-        # shellcheck disable=SC2086
         unusable "the lab's store \"$AUTOCLI_LAB/lab.db\" cannot be written" $line
     done
     expect 1 '' '*' dovra trace set -p /x
@@ -183,7 +181,6 @@ EOF
     new_cluster
     hold 600
     for line in 'dovra trace get' 'dovra cluster get' 'lab host list' 'lab fault list' 'dovra storage list'; do
-        # shellcheck disable=SC2086
         timeout 20 "$AUTOCLI" $line
     done
     release

@@ -56,6 +56,9 @@ agents() { autocli --formatter json dovra cluster unicastagent list | jq -c 'map
     succeed --host witness $preferred set -n 'site a'
     expect 0 $'   Preferred Fault Domain Name: site a\n   Preferred Fault Domain Id: '"$(id_of host1)" '' --host host2 $preferred get
 
+    succeed lab host add --name host3
+    succeed lab network split --name host3
+    expect 1 false "The network is split, and this host reaches no host of cluster $cluster." --host host3 dovra cluster join -u "$cluster"
     succeed lab network split --name witness
     refuse 'Unable to set preferred fault domain name: The network is split, *' --host witness $preferred set -n site-b
     succeed lab network heal
@@ -93,7 +96,7 @@ knics() { autocli --formatter json dovra network list | jq -c 'map([."KNic Name"
     expect 0 '' '' dovra network list
     succeed dovra network ip add -i knic0
     [[ $(autocli --formatter json dovra network list | jq -c '.[] | del(."Interface UUID") | [.[]]') == '["knic0","IP","224.2.3.4","FF19:0:0:0:0:2:3:4",23451,"224.1.2.3","FF19:0:0:0:0:1:2:3",12345,12321,5,"dovra"]' ]]
-    succeed dovra network ipv4 add -i knic1 -T dovra -T witness -p 1000
+    succeed dovra network ipv4 add -i knic1 -T witness -T dovra -T witness -p 1000
     [[ $(knics) == '[["knic0",23451,5,"dovra"],["knic1",1000,5,"dovra, witness"]]' ]]
     uuids=$(autocli --formatter json dovra network list | jq -c 'map(."Interface UUID")')
     [[ $uuids != *'""'* ]]

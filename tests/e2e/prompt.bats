@@ -8,6 +8,7 @@ load common
     expect 0 $'{\n  "Local Node State": "MASTER",\n  "Enabled": true\n}' '' --fields "$fields" --formatter json dovra cluster get
     wrong "dovra cluster leave: --fields: this command's result has no fields" --fields Name dovra cluster leave
     wrong '--fields: a name is empty' --fields 'Name,' lab host list
+    wrong 'lab host list: --fields: "Name" is named twice' --fields Name,UUID,Name lab host list
     [[ $(cluster_field Enabled) == true ]] # it did not leave
 }
 

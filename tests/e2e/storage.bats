@@ -82,6 +82,8 @@ mounted() { autocli --formatter json dovra storage list | jq -c 'map(."Is Mounte
 @test "many disks come in groups, each time on an adapter of their own" {
     succeed lab disk generate --count 9
     succeed lab disk generate --count 1
+    refuse 'Unable to add device: Disk group "mpx.xhba3:C0:T0:L0" can have at most 7 capacity disks.' dovra storage add -s mpx.xhba3:C0:T0:L0 -d "$(hdd 0)"
+    refuse 'Unable to add disk: A disk needs a device name.' lab disk add -d '' -k flash
     [[ $(claimed) == "$(printf 'mpx.xhba3:C0:T%s ' 0:L0=cache {1..7}:L0=capacity 8:L0=cache)mpx.xhba4:C0:T0:L0=cache" ]]
     [[ $(autocli -f json dovra storage list | jq -c 'map(."DOVRA Disk Group Name") | unique') == '["mpx.xhba3:C0:T0:L0","mpx.xhba3:C0:T8:L0","mpx.xhba4:C0:T0:L0"]' ]]
 }

@@ -6,7 +6,6 @@
 #include "baselibs/Process.h"
 #include "clitools/Format.h"
 #include "clitools/Text.h"
-#include "clitools/UsageError.h"
 
 namespace {
 
@@ -74,7 +73,6 @@ TEST(Format, ShowsPeopleRecords) {
   EXPECT_EQ(Format(*MakeDisk("e\u0301\n"), "table", {{"fields:Disk", "Size,Name,Gone"}},
                    {.header = false}),
             "   0  e\u0301\\n\n");
-  EXPECT_THROW(SelectFields(nullptr, {}, {"Size"}), UsageError);
 }
 
 TEST(Format, WritesDocuments) {
@@ -101,7 +99,6 @@ TEST(Format, ShowsEverythingThatIsNoRecord) {
   texts->Add("b\n");
   const std::vector<std::tuple<std::shared_ptr<MetaObject>, std::string, std::string>> cases = {
       {MetaBool::New(true), "", "true\n"},
-      {MetaBool::New(true), "simple", "true\n"},
       {MetaBool::New(true), "json", "true\n"},
       {MetaBool::New(true), "xml", xml + "<boolean>true</boolean></output>\n"},
       {MetaBool::New(false), "table", "false\n"},  // a failed command's result is not lost

@@ -75,9 +75,8 @@ class Rules : public testing::Test {
     transaction.Commit();
   }
 
-  void AddAgent(bool isWitness, const DovraIpAddress& address) {
-    info_->AddUnicastAgent(isWitness ? "00000000-0000-0000-0000-000000000000" : kNode, isWitness,
-                           true, address, 1, false, "", "");
+  void AddAgent(bool isWitness, const DovraIpAddress& address, const std::string& node = kNode) {
+    info_->AddUnicastAgent(isWitness ? kNilUuid : node, isWitness, true, address, 1, false, "", "");
   }
 
   /// The host's disks as a listing shows them: device, then what it is besides healthy.
@@ -121,14 +120,12 @@ TEST_F(Rules, AgentsAreAtAddressesOfOneHost) {
               HasSubstr("a unicast agent"));
   EXPECT_EQ(Refusal([&] { AddAgent(true, Address("1.2.3.5")); }),
             "There is a unicast witness already: 1.2.3.4.");
-  EXPECT_TRUE(info_->RemoveUnicastAgent("00000000-0000-0000-0000-000000000000",
-                                        Address("::ffff:102:304"), 1));
+  EXPECT_TRUE(info_->RemoveUnicastAgent(kNilUuid, Address("::ffff:102:304"), 1));
 }
 
 TEST_F(Rules, AgentsAreThoseOfTheLargestCluster) {
   const auto add = [&](std::size_t number) {
-    info_->AddUnicastAgent(NewUuid(), false, true, Address("fe80::" + std::to_string(number)), 1,
-                           false, "", "");
+    AddAgent(false, Address("fe80::" + std::to_string(number)), NewUuid());
   };
   for (std::size_t number = 1; number <= 64; ++number) add(number);
   EXPECT_EQ(Refusal([&] { add(65); }), "There can be at most 64 unicast agents.");
@@ -139,6 +136,7 @@ TEST_F(Rules, AnInterfaceStaysWhileItCarriesAnything) {
   for (const auto& [first, last] : {std::pair("dovra", "witness"), {"witness", "dovra"}}) {
     dynamic_cast<HostCtl::Dovra::DovraInfo2&>(*info_).ConfigureKnic(
         {"knic0", v4, v6, v4, v6, 1, 2, 3, 4, true, true, ""});
+    EXPECT_THAT(Refusal([&] { info_->IsKnicInUse("knic0", "none"); }), HasSubstr("traffic type"));
     info_->RemoveKnic("knic0", false, first);
     EXPECT_TRUE(info_->IsKnicInUse("knic0", last)) << last;
     info_->RemoveKnic("knic0", false, last);
@@ -175,15 +173,23 @@ TEST_F(Rules, DisksTakeTheStateOfTheirGroup) {
 }
 
 TEST_F(Rules, TheLibraryTrustsNoCaller) {
-  EXPECT_THAT(Refusal([&] { info_->SetResyncThrottle(513); }), HasSubstr("between 0 and 512"));
-  EXPECT_THAT(Refusal([&] { info_->SetPolicyDefault("none", "iopsLimit=1"); }), HasSubstr("none"));
-  EXPECT_THAT(Refusal([&] { info_->AddDisks(kSsd, {kOne, kOne}); }), HasSubstr("given twice"));
-  EXPECT_THAT(Refusal([&] { info_->AddDisks(kSsd, {kSsd}); }), HasSubstr("given twice"));
-  EXPECT_THAT(Refusal([&] { info_->RemoveDisk(kSsd, "none"); }), HasSubstr("none"));
   info_->CreateCluster(kNode, true, false);
   const auto cluster = DovraUtil::StringToDovraUuid(kNode);
-  EXPECT_THAT(Refusal([&] { info_->JoinCluster(cluster, false, "", false, false); }),
-              HasSubstr("already"));
+  const std::pair<std::function<void()>, const char*> cases[] = {
+      {[&] { info_->SetResyncThrottle(513); }, "between 0 and 512"},
+      {[&] { info_->SetPolicyDefault("none", "iopsLimit=1"); }, "none"},
+      {[&] {
+         info_->AddDisks(kSsd, {kOne, kOne});
+       },
+       "given twice"},
+      {[&] { info_->AddDisks(kSsd, {kSsd}); }, "given twice"},
+      {[&] { info_->RemoveDisk(kSsd, "none"); }, "none"},
+      {[&] { info_->JoinCluster(cluster, false, "", false, false); }, "in cluster"},
+      {[&] { info_->CreateCluster(kNode, true, false); }, "exists already"},
+      {[&] { info_->SetPreferredFaultDomain("a"); }, "not a witness"},
+      {[&] { AddAgent(false, Address("10.0.0.1"), kNilUuid); }, "cannot be the nil UUID"},
+  };
+  for (const auto& [work, reason] : cases) EXPECT_THAT(Refusal(work), HasSubstr(reason));
 }
 
 TEST_F(Rules, ALostDiskIsOutOfUseUntilItIsBack) {
@@ -203,6 +209,8 @@ TEST_F(Rules, ALostDiskIsOutOfUseUntilItIsBack) {
   EXPECT_EQ(mount(), "Host host1 has no disk \"" + kOne + "\".");
   EXPECT_EQ(Refusal([&] { lose(Unplug, kOne); }), "Disk \"" + kOne + "\" is unplugged already.");
   lose(Replug, kOne);
+  EXPECT_THAT(Refusal([&] { lose(Replug, kOne); }), HasSubstr("has no unplugged disk"));
+  EXPECT_THAT(Refusal([&] { lose(Replace, "none"); }), HasSubstr("has no disk"));
   EXPECT_EQ(ListDisks(), healthy);
   lose(Unplug, kSsd);
   EXPECT_THAT(ListDisks(), ElementsAre("Unknown unmounted away known", kOne + " unmounted",

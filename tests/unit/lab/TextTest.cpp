@@ -60,15 +60,12 @@ TEST(Suggest, FindsNamesNearAMistypedOne) {
                                                         {"bet", "set get"},
                                                         {"i", "ip"},
                                                         {"rsyncx", "resync"},
-                                                        {"network", ""},
-                                                        {"x", ""},
                                                         {"", ""},
                                                         {std::string(100000, 'x'), ""}}) {
     EXPECT_EQ(Join(Nearest(word, names), " "), expected) << word;
   }
   EXPECT_EQ(Nearest("ab", {"abx", "aby", "abz", "abw", "ab"}), (Names{"ab", "abx", "aby"}));
   EXPECT_EQ(DidYouMean({}), "");
-  EXPECT_EQ(DidYouMean({"a"}), "did you mean \"a\"?");
   EXPECT_EQ(DidYouMean({"a", "b", "c"}), "did you mean \"a\", \"b\" or \"c\"?");
 }
 

@@ -78,7 +78,6 @@ TEST(NetworkIpAddAndSet, EachParameterReplacesOneSetting) {
       {"--multicast-ttl 4294967301", 7, "2147483647"},
       {"--traffic-type witness", 8, "[witness]"},
       {"--traffic-type dovra", 8, "[dovra]"},
-      {"-T witness -T dovra -T witness", 8, "[dovra, witness]"},
   };
   for (const auto& [option, position, stored] : rows) {
     Settings added = kDefaults, set = kExisting;
