@@ -61,7 +61,6 @@ class OptionReader {
   }
 
   GivenValues Read() {
-    opterr = 0;
     optind = 0;  // begins anew
     while (ReadOption()) continue;
     if (const auto next = static_cast<std::size_t>(optind); next < words_.size()) RefuseWord(next);
@@ -157,7 +156,7 @@ class OptionReader {
   std::size_t own_;
   std::vector<std::string> words_;
   std::vector<char*> argv_;
-  std::string shortNames_ = "+:";  // nothing is reordered; a missing value is told apart
+  std::string shortNames_ = "+:";  // nothing is reordered or printed; a missing value is told apart
   std::vector<option> longNames_;
   GivenValues given_;
   const ParameterSpec* last_ = nullptr;

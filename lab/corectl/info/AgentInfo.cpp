@@ -32,8 +32,7 @@ void LabInfo::AddUnicastAgent(const std::string& nodeUuid, bool isWitness, bool 
     const AgentRow agent = {0,         host.id,         Canonical(nodeUuid),
                             isWitness, supportsUnicast, address.GetStringAddress(),
                             port,      boundInterface};
-    const bool isNil = agent.nodeUuid == kNilUuid;
-    if (isNil && !isWitness) Refuse("A node's UUID cannot be the nil UUID.");
+    if (agent.nodeUuid == kNilUuid && !isWitness) Refuse("A node's UUID cannot be the nil UUID.");
     if (!IsOfOneHost(address)) {
       Refuse("The address " + agent.address + " is not one of a single host.");
     }
@@ -51,7 +50,7 @@ void LabInfo::AddUnicastAgent(const std::string& nodeUuid, bool isWitness, bool 
         Refuse("There is a unicast agent at " + agent.address + " port " + std::to_string(port) +
                " already.");
       }
-      if (!isNil && known.nodeUuid == agent.nodeUuid) {
+      if (known.nodeUuid == agent.nodeUuid) {
         Refuse("There is a unicast agent with UUID " + agent.nodeUuid + " already.");
       }
     }
