@@ -53,6 +53,8 @@ Spinner::Spinner(std::string_view command) {
 
 Spinner::~Spinner() {
   signal(SIGALRM, SIG_IGN);  // also what is on its way already
+  alarm(0);
+  signal(SIGALRM, SIG_DFL);  // a program that is run would go on ignoring it
   if (seconds > 0 && OwnsTerminal()) Write("\r\x1b[K");
   seconds = 0;
 }

@@ -7,12 +7,11 @@
 #include <unistd.h>
 
 #include <array>
+#include <cerrno>
 
 namespace BaseLibs {
 
 namespace {
-
-// No call ends early for a signal: handlers are set with signal(), behind which calls go on.
 
 /// A nameless file. Unlike a pipe, it holds up nobody: neither us, when a program does not read its
 /// input, nor when another one goes on writing to its output.
@@ -71,7 +70,9 @@ class DefaultChildSignal {
 
 int WaitFor(pid_t child) {
   int status = 0;
-  if (waitpid(child, &status, 0) < 0) return -1;
+  while (waitpid(child, &status, 0) < 0) {
+    if (errno != EINTR) return -1;
+  }
   return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
 }
 

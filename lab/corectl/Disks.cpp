@@ -1,5 +1,6 @@
 #include "corectl/Disks.h"
 
+#include <algorithm>
 #include <functional>
 #include <map>
 #include <set>
@@ -102,12 +103,13 @@ void AutoClaim(Store& store, const HostRow& host) {
   }
   auto fronting = flash.begin();
   for (const std::string& device : capacity) {
-    if (fronting != flash.end()) groups.emplace(*fronting++, 1);
-    const auto smallest =
-        std::ranges::min_element(groups, {}, [](const auto& group) { return group.second; });
-    if (smallest == groups.end() || smallest->second > kMaxGroupDisks) return;
-    AddDisks(store, host, smallest->first, {device});
-    ++smallest->second;
+    const auto group =
+        fronting != flash.end()
+            ? groups.emplace(*fronting++, 1).first
+            : std::ranges::min_element(groups, {}, [](const auto& one) { return one.second; });
+    if (group == groups.end() || group->second > kMaxGroupDisks) return;
+    AddDisks(store, host, group->first, {device});
+    ++group->second;
   }
 }
 

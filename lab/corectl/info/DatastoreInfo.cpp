@@ -86,6 +86,7 @@ void LabInfo::AddDatastore(const DovraDatastore& datastore) {
 
 void LabInfo::RemoveDatastore(const std::string& uuid, bool) {
   host_.Change("RemoveDatastore", [&](Store& store, const HostRow& host) {
+    if (uuid.empty()) Refuse("The UUID of the datastore to be removed is missing.");
     const DatastoreRow datastore = RequireDatastore(store, host, uuid);
     if (datastore.isDefault) {
       Refuse("Datastore " + datastore.uuid + " is the default datastore; it cannot be removed.");
