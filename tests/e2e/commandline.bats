@@ -9,7 +9,6 @@ load common
     wrong '*"yaml"*simple, table, json, csv, xml, keyvalue*' --formatter yaml dovra cluster get
     wrong "dovra cluster new: --formatter: \"csv\" cannot show this command's result; allowed: simple, json, xml, keyvalue" --formatter csv dovra cluster new
     wrong '*--hots*--host*' --hots host2 dovra cluster get
-    wrong '*"513" for --level*0 to 512*' dovra resync throttle set --level 513
     wrong '*did you mean "LeaveCluster"*' lab fault add --operation LeaveClutser --message x
     wrong 'dovra cluster get: --batch goes without a command' dovra cluster get --batch x
     wrong '--version goes without a command; "dovra" is one too many' --version dovra

@@ -115,6 +115,7 @@ mounted() { autocli --formatter json dovra storage list | jq -c 'map(."Is Mounte
     expect 0 '   Name: dovraDatastore' '' dovra datastore name get
     default=$(autocli --formatter json dovra datastore list | jq -r '.[0]."Datastore UUID"')
     refuse "Unable to remove datastore: Datastore $default is the default datastore; it cannot be removed." dovra datastore remove -u "$default"
+    refuse 'Unable to remove datastore: The UUID of the datastore to be removed is missing.' dovra datastore remove -u ''
     succeed dovra datastore remove -u $id
     refuse "Unable to remove datastore: The cluster has no datastore ${id,,}." dovra datastore remove -u $id
     succeed dovra datastore clear

@@ -35,7 +35,6 @@ TEST(Completion, OffersWhatMayFollow) {
   const std::vector<std::pair<Words, std::string>> cases = {
       {{""}, "disk"},
       {{"--host="}, "--host=|host --host=x"},
-      {{"--lab", "a/b"}, "/"},
       {{"--host", "disk", "dis"}, "disk"},
       {{"disk", "-"}, "--host --help"},
       {{"help", "disk", "help", "t"}, "tag"},

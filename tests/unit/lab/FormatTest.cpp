@@ -99,17 +99,16 @@ TEST(Format, ShowsEverythingThatIsNoRecord) {
   texts->Add("b\n");
   const std::vector<std::tuple<std::shared_ptr<MetaObject>, std::string, std::string>> cases = {
       {MetaBool::New(true), "", "true\n"},
-      {MetaBool::New(true), "json", "true\n"},
       {MetaBool::New(true), "xml", xml + "<boolean>true</boolean></output>\n"},
       {MetaBool::New(false), "table", "false\n"},  // a failed command's result is not lost
       {MetaInt::New(INT64_MIN), "json", "-9223372036854775808\n"},
-      {MetaString::New("a\tb"), "simple", "a\\tb\n"},
       {texts, "", "a\nb\n\n"},
       {texts, "simple", "a\nb\\n\n"},
       {texts, "json", "[\n  \"a\",\n  \"b\\n\"\n]\n"},
       // Long enough for an escape to be behind what is searched a block at a time.
       {MetaString::New(std::string(40, 'x') + '\x1f'), "json",
        '"' + std::string(40, 'x') + "\\u001F\"\n"},
+      {texts, "keyvalue", "result_0=a\nresult_1=$'b\\n'\n"},
       {MakeDisks({}), "simple", ""},
       {MakeDisk("a"), "", "a\n   Name: a\n   Size: 0 MB\n   Tags: \n   Is SSD: false\n"},
       {MakeDisk(" a\0b"s), "csv", "Name,Size,Tags,Is SSD\n\" a\uFFFDb\",0,,false\n"},

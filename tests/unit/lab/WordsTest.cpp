@@ -25,7 +25,6 @@ TEST(Words, AreThoseOfAShell) {
       {"'' \"\" a''", "<><><a>"},
       {R"('\n"\' "\"\\\n'")", R"(<\n"\><"\\n'>)"},
       {R"("\$\`\a")", R"(<$`\a>)"},
-      {"$HOME *|;>`x`", "<$HOME><*|;>`x`>"},
       {"a 'b", "the quote ' in column 3 has no end"},
       {"\"a\\\"", "the quote \" in column 1 has no end"},
       {"a \\", "nothing follows the backslash at the end of the line"},

@@ -67,6 +67,7 @@ TEST(ClusterGet, CountsManyMembers) {
 
 TEST(ClusterGet, PrintsTimestampsWithUnpaddedMilliseconds) {
   const std::tuple<std::uint64_t, const char*, const char*> cases[] = {
+      {999, "UTC", "0.999"},
       {1000, "UTC", "1970-01-01T00:00:01.0"},
       {1456827630045, "<+0530>-5:30", "2016-03-01T15:50:30.45"},
       {UINT64_MAX, "UTC", "584556019-04-03T14:25:51.615"},

@@ -88,7 +88,6 @@ TEST(NetworkIpAddAndSet, EachParameterReplacesOneSetting) {
 }
 
 TEST(NetworkIpAddAndSet, StartFromDefaultsOrFromTheEntry) {
-  Check(kAdd, kAskedBoth + Configure(kDefaults), kTrue);
   Check(kSet, InUse({Knic("knic0")}, false), kAskedBoth + "GetKnicConfigs()" + Configure(kExisting),
         kTrue);
   // The first entry of the name, letter for letter; else the last entry of all.

@@ -68,10 +68,11 @@ TEST_F(TraceTest, GetReadsEachSettingInAnyLocale) {
       // A directory loses every quote and nothing else. Blanks may stand before a key. The last
       // line of a key counts. Numbers read as streams read them.
       {"DOVRATRACED_LAST_SELECTED_VOLUME=\"/a\"b\"=c \n   DOVRATRACED_ROTATE_MAX_FILES=16\n"
-       "DOVRATRACED_ROTATE_FILE_SIZE=-010\r\nDOVRATRACED_LOG_URGENT_TO_SYSLOG=true",
-       "/ab=c ", 16, -10, false},
+       "DOVRATRACED_ROTATE_FILE_SIZE=-08589934593\r\nDOVRATRACED_LOG_URGENT_TO_SYSLOG=true",
+       "/ab=c ", 16, -8589934593, false},
       {"DOVRATRACED_LAST_SELECTED_VOLUME=\nDOVRATRACED_ROTATE_MAX_FILES=0x10\n"
-       "DOVRATRACED_ROTATE_FILE_SIZE=1,024\n",
+       "DOVRATRACED_ROTATE_FILE_SIZE=1,024\nDOVRATRACED_LOG_URGENT_TO_SYSLOG=0\n"
+       "DOVRATRACED_LOG_URGENT_TO_SYSLOG=1\r\n",
        "", 0, 1},
       {"DOVRATRACED_ROTATE_MAX_FILES=1\nDOVRATRACED_ROTATE_MAX_FILES=99999999999999999999\n"
        "DOVRATRACED_ROTATE_FILE_SIZE=many\n",
@@ -96,6 +97,7 @@ TEST_F(TraceTest, GetAsksForTheDaemonFirst) {
       {-1, "Checking dovratraced status failed.Refer to /var/log/syslog.log for details."},
       {3, "Dovra is not enabled on this host."},
       {0, unreadable},
+      {1, unreadable},
   };
   for (const auto& [status, error] : cases) {
     library_.calls.clear();
@@ -145,8 +147,13 @@ TEST_F(TraceTest, SetRefusesBeforeItTouchesTheFile) {
   const std::string size = "File size should be < 4096 MB.";
   const std::string reset = "reset cannot be used with other options.";
   const std::pair<std::string, std::string> cases[] = {
-      {"", "No options provided."}, {"-s 0", size},          {"-s 4096", size},
-      {"-s 4096 -r true", size},    {"-s 1 -r true", reset}, {"-f 1 -r false", reset},
+      {"", "No options provided."},
+      {"-r false", "No options provided."},
+      {"-s 0", size},
+      {"-s 4096", size},
+      {"-s 4096 -r true", size},
+      {"-s 1 -r true", reset},
+      {"-f 1 -r false", reset},
       {"-l false -r false", reset},
   };
   const std::string before = "DOVRATRACED_VOLUME=\"/v\"";
@@ -192,6 +199,7 @@ TEST_F(TraceTest, SetRestartsTheDaemonWithPatience) {
   // Exit statuses of "status", then of each "restart"; what is left; the number of restarts.
   const std::tuple<std::vector<int>, Outcome, int> cases[] = {
       {{0, 0}, {"true", {}}, 1},
+      {{1, 0}, {"true", {}}, 1},
       {{3}, {"true", {}}, 0},
       {{-1}, {"none", {"Failed to check dovratraced status." + refer}}, 0},
       {{0, 1, 3, 0}, {"true", {}}, 3},

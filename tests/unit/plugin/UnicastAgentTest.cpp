@@ -111,7 +111,6 @@ TEST(UnicastAgentClear, RemovesEveryAgentOrRefuses) {
                           "RemoveUnicastAgent(n, v6 fe80::1, 2147483647)";
   Check(command, Agents(agents, false), removed + "RefreshUnicastAgents()", kTrue);
   Check(command, Agents(agents), removed, kTrue);
-  Check(command, Agents({}, false), kRead, kTrue);
   Check(command, kNotEnabled, kEnabled, Failed("Dovra isn't enabled on the host"));
   Check(command, kOnWitness, kEnabledAndAsked,
         Failed("Unable to remove unicast agent(s), this host is a witness node which "
@@ -124,6 +123,7 @@ TEST(UnicastAgentEntry, BadOneEndsListingAndClearing) {
   const std::tuple<std::string, std::string, std::string> rows[] = {
       {"n", invalid + "nodeuuid n", invalid + "nodeuuid n"},
       {"n;0", invalid + "isWitness n;0", unnamed},
+      {"n;0;1", invalid + "ucast support n;0;1", unnamed},
       {"n;0;1;where", invalid + "ip n;0;1;where", unnamed},
       {"n;0;1;where;9", invalid + "port n;0;1;where;9", invalid + "port n;0;1;where;9"},
       {"n;0;1;where;9;", invalid + "nodeuuid last", "Invalid IP address where"},
