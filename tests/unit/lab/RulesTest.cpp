@@ -355,6 +355,7 @@ TEST(Splits, TheMajorityIsOnOneSideAtMost) {
       {"a1 w | b1", "b", "a1 - | w b1 +"},
       {"a1 | b1 | w", "a", "a1 - | b1 - | w -"},
       {"a1 | a2 | b1 w", "a", "a1 w - | a2 - | b1 -"},
+      {"a1 | a2 a3 | b1 w", "a", "a1 - | a2 a3 w + | b1 -"},
       {"a1! | b1 w", "a", "- | b1 w +"},
       {"a1 | b1 | c1 w", "a", "a1 - | b1 - | c1 w -"},
       // Not between the sites, or not stretched: where it is.
