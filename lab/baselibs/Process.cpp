@@ -79,6 +79,7 @@ int WaitFor(pid_t child) {
 /// -1 when the program cannot be started.
 pid_t Start(std::vector<std::string>& words, int input, int output) {
   std::vector<char*> arguments;
+  arguments.reserve(words.size() + 1);
   for (std::string& word : words) arguments.push_back(word.data());
   arguments.push_back(nullptr);
   posix_spawn_file_actions_t actions;

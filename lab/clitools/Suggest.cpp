@@ -54,6 +54,7 @@ std::vector<std::string> Nearest(std::string_view word,
   std::ranges::stable_sort(close, {}, [](const auto& entry) { return entry.first; });
   if (close.size() > kMostSuggestions) close.resize(kMostSuggestions);
   std::vector<std::string> names;
+  names.reserve(close.size());
   for (auto& [distance, name] : close) names.push_back(std::move(name));
   return names;
 }

@@ -83,6 +83,7 @@ std::string DovraUtil::DovraPolicyClassToString(DovraPolicyClass policyClass) {
 
 std::vector<DovraPolicyClass> DovraUtil::GetDovraPolicyClasses() {
   std::vector<DovraPolicyClass> classes;
+  classes.reserve(kPolicyClasses.size());
   for (const auto& [policyClass, name] : kPolicyClasses) classes.push_back(policyClass);
   return classes;
 }
