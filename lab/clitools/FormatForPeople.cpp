@@ -25,7 +25,7 @@ std::string ShownWithUnit(const MetaObject* value, const Column& column) {
 
 /// A caption "%Field%" is the value of that field.
 std::string CaptionOf(const MetaStruct& record, const std::string& caption) {
-  if (caption.starts_with('%') && caption.ends_with('%')) {
+  if (caption.size() > 2 && caption.starts_with('%') && caption.ends_with('%')) {
     const auto value = record.GetField(caption.substr(1, caption.size() - 2));
     if (value) return Shown(value.get());
   }

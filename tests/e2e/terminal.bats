@@ -33,7 +33,7 @@ on_terminal() {
     cd "$BATS_TEST_TMPDIR"
     [[ $(on_terminal '$AUTOCLI lab reset </dev/null') == *'Nobody can be asked here'* ]]
     [[ $(on_terminal '$AUTOCLI lab reset 2>&1 | cat') == *'Nobody can be asked here'* ]]
-    for answered in 'n=*Nothing was done.*1' '=*Nothing was done.*1' 'y=*true*0'; do
+    for answered in 'n=*Nothing was done.*status 1' '=*Nothing was done.*status 1' 'y=*true*status 0'; do
         [[ $(autocli lab host list) == *host2* ]]
         TERM=dumb script -qec '$AUTOCLI lab reset; echo "status $?"' /dev/null <<<"${answered%=*}" >asked
         [[ $(tr -d '\r' <asked) == *'Every host and cluster of the lab will be lost. Go on? [y/N] '${answered#*=} ]]
