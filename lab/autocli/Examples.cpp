@@ -89,7 +89,7 @@ constexpr Example kExamples[] = {
     {"dovra cluster leave", "This host leaves; the others stay.", "autocli dovra cluster leave"},
     {"dovra cluster get", "What this host knows of its cluster.", "autocli dovra cluster get"},
     {"dovra cluster get", "One field, for a script.",
-     "autocli --formatter keyvalue --fields \"Sub-Cluster UUID\" dovra cluster get"},
+     "autocli --formatter csv --no-header --fields \"Sub-Cluster UUID\" dovra cluster get"},
     {"dovra cluster restore", "After a boot, the host is in its cluster again.",
      "autocli dovra cluster restore"},
     {"dovra cluster new", "A cluster of this host, which others can join.",

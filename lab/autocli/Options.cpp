@@ -46,8 +46,7 @@ constexpr Option kOptions[] = {
     {"host", "H", "NAME", Use::kCall,
      "the host on which the command runs; else $AUTOCLI_HOST, else host1"},
     {"formatter", "f", "NAME", Use::kCall,
-     "how the result is printed: simple, table, json, csv, xml or keyvalue; else as the command "
-     "sees fit"},
+     "how the result is printed: simple, table, json or csv; else as the command sees fit"},
     {"fields", "", "A,B,...", Use::kCall,
      "which fields of the result's records are printed, in this order"},
     {"no-header", "", "", Use::kCall, "tables and csv without the line that names the fields"},

@@ -136,8 +136,8 @@ void WriteProgram(ManualPage& page) {
   page.Section("Formats");
   page.Definitions(CliTools::FormatterDescriptions());
   page.Paragraph(
-      "What is not UTF-8 becomes U+FFFD, in csv and xml NUL too; simple and table show control "
-      "characters as \\n, \\x1b and the like. Only keyvalue keeps every byte.");
+      "Bytes that are not UTF-8 become U+FFFD, in csv NUL too. simple and table show control "
+      "characters as \\n, \\x1b and the like.");
   page.Section("Batches");
   page.Paragraph(
       "Each line is a command line of its own, with or without \"autocli\" before it. Blanks "

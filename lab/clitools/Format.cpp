@@ -43,13 +43,6 @@ constexpr Formatter kFormatters[] = {
      "a heading and a line for each record; a cell with commas, quotes, line ends, or blanks at an "
      "end is in double quotes",
      Whole<FormatCsv>, true},
-    {"xml", "an element named after its type for each value", Whole<FormatXml>, false},
-    {"keyvalue",
-     "a line that a shell can evaluate for each field: Record_Field=value, with _0, _1 and so on "
-     "for the records or texts of a list, and _ for what no name can hold; result=value where "
-     "there is no record; a value is quoted where it must be, as $'...' with escapes where it "
-     "holds quotes, control characters or bytes that are not UTF-8",
-     Whole<FormatKeyValue>, false},
 };
 
 bool CanShow(const Formatter& formatter, const MetaObject& value) {

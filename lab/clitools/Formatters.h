@@ -59,7 +59,5 @@ void FormatJson(const MetaObject& root, const Pairs& parameters, const Style& st
                 const Sink& sink);
 /// `root` must hold records.
 std::string FormatCsv(const MetaObject& root, const Pairs& parameters, const Style& style);
-std::string FormatXml(const MetaObject& root, const Pairs& parameters, const Style& style);
-std::string FormatKeyValue(const MetaObject& root, const Pairs& parameters, const Style& style);
 
 }  // namespace CliTools

@@ -6,8 +6,8 @@ load common
     wrong 'a command is missing; known here: dovra, lab (more: autocli --help)'
     wrong 'dovra: there is no "clutser"; did you mean "cluster"? (known here: *' dovra clutser get
     wrong 'dovra faultdomain: a command is missing; known here: set, get, reset (more: autocli dovra faultdomain --help)' dovra faultdomain
-    wrong '*"yaml"*simple, table, json, csv, xml, keyvalue*' --formatter yaml dovra cluster get
-    wrong "dovra cluster new: --formatter: \"csv\" cannot show this command's result; allowed: simple, json, xml, keyvalue" --formatter csv dovra cluster new
+    wrong '*"yaml"*simple, table, json, csv*' --formatter yaml dovra cluster get
+    wrong "dovra cluster new: --formatter: \"csv\" cannot show this command's result; allowed: simple, json" --formatter csv dovra cluster new
     wrong '*--hots*--host*' --hots host2 dovra cluster get
     wrong '*did you mean "LeaveCluster"*' lab fault add --operation LeaveClutser --message x
     wrong 'dovra cluster get: --batch goes without a command' dovra cluster get --batch x

@@ -19,7 +19,7 @@ shows() {
 
 @test "namespaces, commands, options and values come from the tree" {
     completes 'autocli ' dovra lab
-    completes 'autocli --formatter ' simple table json csv xml keyvalue
+    completes 'autocli --formatter ' simple table json csv
     completes "autocli 'dovra' datastore name set --" --uuid --newname --lab --host --formatter --fields --no-header --help
     completes 'autocli dovra storage remove -m e' ensureObjectAccessibility evacuateAllData
     completes 'autocli lab fault add --operation Leave' LeaveCluster

@@ -1,9 +1,7 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <nlohmann/json.hpp>
 
-#include "baselibs/Process.h"
 #include "clitools/Format.h"
 #include "clitools/Text.h"
 
@@ -75,31 +73,12 @@ TEST(Format, ShowsPeopleRecords) {
             "   0  e\u0301\\n\n");
 }
 
-TEST(Format, WritesDocuments) {
-  const auto disks = MakeDisks({MakeDisk("", 5, {"a", "/b-1"}), MakeDisk("", 1000)});
-  EXPECT_EQ(Format(*disks, "keyvalue", {{"fields:Disk", "Size,Tags"}}),
-            "Disk_0_Size=5\nDisk_0_Tags_0=a\nDisk_0_Tags_1=/b-1\nDisk_1_Size=1000\n");
-  EXPECT_EQ(Format(*MakeDisk("<&>\"\r\n\t\u009b\x1b\uFFFE\uFFFF\xff", 1, {"a", "b"}), "xml",
-                   {{"fields:Disk", "Gone,Name,Size,Tags"}}),
-            "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-            "<output>\n"
-            "<structure name=\"Disk\">\n"
-            "<field name=\"Name\"><string>&lt;&amp;&gt;&quot;&#13;&#10;&#9;&#155;"
-            "\uFFFD\uFFFD\uFFFD\uFFFD</string></field>\n"
-            "<field name=\"Size\"><integer>1</integer></field>\n"
-            "<field name=\"Tags\"><list><string>a</string><string>b</string></list></field>\n"
-            "</structure>\n"
-            "</output>\n");
-}
-
 TEST(Format, ShowsEverythingThatIsNoRecord) {
-  const std::string xml = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<output>";
   const auto texts = MetaList::New(MetaType::kString);
   texts->Add("a");
   texts->Add("b\n");
   const std::vector<std::tuple<std::shared_ptr<MetaObject>, std::string, std::string>> cases = {
       {MetaBool::New(true), "", "true\n"},
-      {MetaBool::New(true), "xml", xml + "<boolean>true</boolean></output>\n"},
       {MetaBool::New(false), "table", "false\n"},  // a failed command's result is not lost
       {MetaInt::New(INT64_MIN), "json", "-9223372036854775808\n"},
       {texts, "", "a\nb\n\n"},
@@ -108,13 +87,11 @@ TEST(Format, ShowsEverythingThatIsNoRecord) {
       // Long enough for an escape to be behind what is searched a block at a time.
       {MetaString::New(std::string(40, 'x') + '\x1f'), "json",
        '"' + std::string(40, 'x') + "\\u001F\"\n"},
-      {texts, "keyvalue", "result_0=a\nresult_1=$'b\\n'\n"},
       {MakeDisks({}), "simple", ""},
       {MakeDisk("a"), "", "a\n   Name: a\n   Size: 0 MB\n   Tags: \n   Is SSD: false\n"},
-      {MakeDisk(" a\0b"s), "csv", "Name,Size,Tags,Is SSD\n\" a\uFFFDb\",0,,false\n"},
+      {MakeDisk(" a\0b"s, 0, {"\""}), "csv",
+       "Name,Size,Tags,Is SSD\n\" a\uFFFDb\",0,\"\"\"\",false\n"},
       {MakeDisks({}), "table", "Name  Size  Tags  Is SSD\n----  ----  ----  ------\n"},
-      {MakeDisks({}), "xml", xml + "<list></list></output>\n"},
-      {MakeDisks({}), "keyvalue", ""},
       {MetaList::New(MetaType::kStruct), "table", ""},
   };
   for (const auto& [root, formatter, expected] : cases) {
@@ -179,31 +156,6 @@ TEST(Format, DocumentsGiveBackEveryText) {
   const nlohmann::json records = nlohmann::json::parse(document);
   EXPECT_EQ(records.size(), 1000U);
   for (const auto& record : records) EXPECT_EQ(record.at("Tags").get<Names>(), expected);
-
-  const std::string lines = Format(*disk, "keyvalue", tagsOnly);
-  EXPECT_EQ(ValidUtf8(lines), lines);
-  EXPECT_EQ(std::ranges::count(lines, '\n'), std::ssize(kHostile));
-  std::string inShell;
-  for (const std::string& text : kHostile) inShell += text.c_str() + "\0"s;  // no shell holds a NUL
-  EXPECT_EQ(
-      BaseLibs::RunProgram({"/bin/bash", "-c",
-                            lines + "for name in ${!Disk_@}; do printf '%s\\0' \"${!name}\"; done"})
-          .output,
-      inShell);
-}
-
-TEST(Format, ReachesRecordsWithinRecords) {
-  const auto inner = MetaStruct::New("Disk");
-  inner->SetField("Name", "one");
-  inner->SetField("Id", MetaInt::New(1));
-  const auto list = MetaList::New(MetaType::kStruct);
-  list->Add(inner);
-  const auto outer = MetaStruct::New("Host");
-  outer->SetField("Disk", inner);
-  outer->SetField("Disks", list);
-  EXPECT_EQ(Format(*outer, "keyvalue", {{"fields:Disk", "Id"}}),
-            "Host_Disk_Id=1\nHost_Disks_0_Id=1\n");
-  EXPECT_EQ(Format(*outer, "csv", {}), "Disk,Disks\n\"Name: one,Id: 1\",\"Name: one,Id: 1\"\n");
 }
 
 }  // namespace
