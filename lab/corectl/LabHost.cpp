@@ -98,19 +98,29 @@ LabHost::LabHost(Store& store, const HostRow& host)
 
 std::optional<std::string> LabHost::TakeFault(Operation operation) {
   if (!hasFaults_) return std::nullopt;
+  const auto isCounted = [=](const FaultRow& fault) {
+    return fault.operation == operation.GetName();
+  };
+  // Read first: a lab that cannot be written answers as long as no fault counts the call.
+  if (std::ranges::none_of(store_.ListFaults(id_), isCounted)) return std::nullopt;
   Store::Transaction transaction(store_, Store::Transaction::Kind::kWrite);
-  auto faults = store_.ListFaults(id_);
-  const auto fault = std::ranges::find(faults, operation.GetName(), &FaultRow::operation);
-  if (fault == faults.end()) return std::nullopt;
-  const bool passes = fault->passes > 0;
-  --(passes ? fault->passes : fault->remaining);
-  if (fault->remaining > 0) {
-    store_.Save(*fault);
-  } else {
-    store_.RemoveFault(fault->id);
+  std::optional<std::string> message;
+  for (FaultRow& fault : store_.ListFaults(id_)) {
+    if (!isCounted(fault)) continue;
+    if (fault.passes > 0) {
+      --fault.passes;
+    } else if (!message) {
+      message = fault.message;
+      --fault.remaining;
+    }
+    if (fault.remaining > 0) {
+      store_.Save(fault);
+    } else {
+      store_.RemoveFault(fault.id);
+    }
   }
   transaction.Commit();
-  return passes ? std::nullopt : std::optional(fault->message);
+  return message;
 }
 
 void LabHost::FailIfTold(Operation operation) {

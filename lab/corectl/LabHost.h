@@ -87,7 +87,8 @@ class LabHost {
     return Run(Store::Transaction::Kind::kWrite, std::forward<Work>(work));
   }
 
-  /// Uses up the operation's next injected fault, if there is one, and returns what it says.
+  /// Counts a call of the operation on each of its injected faults. Returns the message of the
+  /// first fault that is due, and uses that one up.
   std::optional<std::string> TakeFault(Operation operation);
   /// Throws it.
   void FailIfTold(Operation operation);

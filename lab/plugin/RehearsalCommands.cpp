@@ -126,17 +126,29 @@ class FaultClear final : public SuccessCommand<FaultClear> {
   void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
     const auto operation = Given<std::string>(input, "operation");
     const auto message = Given<std::string>(input, "message");
+    bool matched = !operation && !message;
     const auto clear = [&](Store& store, const HostRow& host) {
       for (const FaultRow& fault : store.ListFaults(host.id)) {
         if (operation.value_or(fault.operation) != fault.operation) continue;
-        if (message.value_or(fault.message) == fault.message) store.RemoveFault(fault.id);
+        if (message.value_or(fault.message) != fault.message) continue;
+        store.RemoveFault(fault.id);
+        matched = true;
       }
     };
     SucceedOrNothing(output, "Unable to clear faults: ", [&] {
-      if (Selected().namesHost) return LabHost::Current().Change(clear);
-      ChangeLab([&](Store& store) {
-        for (const HostRow& host : store.ListHosts()) clear(store, host);
-      });
+      const bool namesHost = Selected().namesHost;
+      if (namesHost) {
+        LabHost::Current().Change(clear);
+      } else {
+        ChangeLab([&](Store& store) {
+          for (const HostRow& host : store.ListHosts()) clear(store, host);
+        });
+      }
+      if (matched) return;
+      Refuse((namesHost ? "Host " + Selected().host + " has no fault" : "No host has a fault") +
+             (operation ? " on " + *operation : "") +
+             (message ? " with the message \"" + *message + "\"" : "") +
+             "; \"lab fault list\" shows all faults.");
     });
   }
 };
