@@ -6,12 +6,12 @@ load common
 prepare() {
     rm -rf "$AUTOCLI_LAB"
     [[ $1 == new ]] || cp -r "$BATS_TEST_TMPDIR/$1" "$AUTOCLI_LAB"
-    [[ -z $2 ]] || autocli $2 &>/dev/null
+    [[ -z $2 ]] || eval "autocli $2" &>/dev/null
 }
 
 # succeeds LINE: tries the labs until it does. Some take a quoted word.
 succeeds() {
-    for before in '' 'dovra storage diskgroup unmount -s mpx.xhba1:C0:T0:L0' 'lab disk fail -d mpx.xhba2:C0:T1:L0' 'lab disk unplug -d mpx.xhba2:C0:T1:L0'; do
+    for before in '' 'dovra storage diskgroup unmount -s mpx.xhba1:C0:T0:L0' 'lab disk fail -d mpx.xhba2:C0:T1:L0' 'lab disk unplug -d mpx.xhba2:C0:T1:L0' '--host host2 lab fault add -o GetClusterConfig -m "No answer."'; do
         for lab in full founded alone new; do
             prepare $lab "$before" && eval "autocli $1" &>"$BATS_TEST_TMPDIR/out" </dev/null && return
         done
