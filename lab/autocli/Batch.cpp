@@ -116,7 +116,7 @@ ExitStatus RunBatch(CommandTree& tree, const Options& options) {
   std::size_t failed = 0;
   for (std::string line; reader.ReadWhole(line);) {
     defaults.place = reader.GetPlace();
-    if (options.echo) Print("> " + line + '\n');
+    if (options.echo) Print("> " + CliTools::Printable(line) + '\n');
     const ExitStatus status = Guard(defaults.place, [&] { return RunOne(tree, line, defaults); });
     gravest = std::max(gravest, status);
     failed += status == kSuccess ? 0 : 1;

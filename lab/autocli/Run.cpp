@@ -156,7 +156,7 @@ bool IsConfirmed(const Command& command, const std::string& consequence) {
     throw UsageError(CliTools::PathOf(command) + ": " + consequence +
                      " Nobody can be asked here; --force does it without a question");
   }
-  std::fprintf(stderr, "%s Go on? [y/N] ", consequence.c_str());
+  std::fprintf(stderr, "%s Go on? [y/N] ", CliTools::Printable(consequence).c_str());
   const int answer = std::getchar();
   // What is left of the line is no line of a batch.
   for (int rest = answer; rest != '\n' && rest != EOF;) rest = std::getchar();
@@ -186,7 +186,7 @@ ExitStatus RunCommand(Command& command, const std::vector<std::string>& words,
   SelectLab(call.options);
   const auto output = CliTools::CallSpec::Output::New();
   {
-    const std::string path = CliTools::PathOf(command);
+    const std::string path = CliTools::Printable(CliTools::PathOf(command));
     const Spinner spinner(path);
     command.Execute(call.input, output);
   }

@@ -20,7 +20,7 @@ std::string Shown(const MetaObject* value) {
 
 std::string ShownWithUnit(const MetaObject* value, const Column& column) {
   const std::string text = Shown(value);
-  return text.empty() || column.unit.empty() ? text : text + ' ' + column.unit;
+  return text.empty() || column.unit.empty() ? text : text + ' ' + Printable(column.unit);
 }
 
 /// A caption "%Field%" is the value of that field.
@@ -29,7 +29,7 @@ std::string CaptionOf(const MetaStruct& record, const std::string& caption) {
     const auto value = record.GetField(caption.substr(1, caption.size() - 2));
     if (value) return Shown(value.get());
   }
-  return caption;
+  return Printable(caption);
 }
 
 std::string Lines(const MetaStruct& record, const RecordSet& set, const Style& style) {
@@ -37,7 +37,7 @@ std::string Lines(const MetaStruct& record, const RecordSet& set, const Style& s
   if (!set.caption.empty()) lines += Caption(CaptionOf(record, set.caption), style) + '\n';
   for (const Column& column : set.columns) {
     const auto* const value = set.ValueOf(record, column);
-    if (value) lines += "   " + column.name + ": " + ShownWithUnit(value, column) + '\n';
+    if (value) lines += "   " + Printable(column.name) + ": " + ShownWithUnit(value, column) + '\n';
   }
   return lines;
 }
@@ -217,7 +217,7 @@ std::string FormatTable(const MetaObject& root, const Pairs& parameters, const S
   RecordSet set = RecordsOf(root, parameters);
   if (set.columns.empty()) return {};
   std::vector<Row> rows(1);
-  for (const Column& column : set.columns) rows[0].push_back(column.name);
+  for (const Column& column : set.columns) rows[0].push_back(Printable(column.name));
   for (const MetaStruct* record : set.records) {
     Row& row = rows.emplace_back();
     for (const Column& column : set.columns) {

@@ -44,11 +44,13 @@ std::string Paragraph(const std::string& text, std::size_t width) {
   return text.empty() ? "" : '\n' + Wrap(text, 0, width);
 }
 
-/// Where the second column begins.
+/// The column at which descriptions begin.
 std::size_t ColumnBehind(const Rows& rows) {
-  std::size_t longest = 0;
-  for (const auto& [name, description] : rows) longest = std::max(longest, name.size());
-  return kIndent + longest + kIndent;
+  std::size_t widest = 0;
+  for (const auto& [name, description] : rows) {
+    widest = std::max(widest, DisplayWidth(Printable(name)));
+  }
+  return kIndent + widest + kIndent;
 }
 
 std::string Columns(const std::string& heading, const Rows& rows, std::size_t column,
@@ -56,13 +58,11 @@ std::string Columns(const std::string& heading, const Rows& rows, std::size_t co
   if (rows.empty()) return {};
   std::string text = '\n' + Caption(heading + ':', style) + '\n';
   for (const auto& [name, description] : rows) {
-    std::string first = std::string(kIndent, ' ') + name;
-    if (description.empty()) {
-      text += first + '\n';
-      continue;
-    }
-    first.resize(column, ' ');
-    text += Wrap(description, column, style.width).replace(0, column, first);
+    const std::string first = std::string(kIndent, ' ') + Printable(name);
+    const std::string gap(column - DisplayWidth(first), ' ');
+    text += description.empty()
+                ? first + '\n'
+                : Wrap(description, column, style.width).replace(0, column, first + gap);
   }
   return text;
 }
@@ -100,11 +100,13 @@ std::string ParameterHelp(const ParameterSpec& parameter, std::size_t width) {
   attributes.push_back(parameter.GetType() == ParameterType::kFlag ? "takes no value"
                                                                    : ValueInWords(parameter));
   if (parameter.GetType() == ParameterType::kStringList) attributes.push_back("may be repeated");
-  const std::string letter = hasLetter ? "  -" + parameter.GetShortName() + ", " : "      ";
+  const std::string letter =
+      hasLetter ? "  -" + Printable(parameter.GetShortName()) + ", " : "      ";
   const std::string name = "--" + parameter.GetName() + Placeholder(parameter.GetType());
+  const std::string description = DescriptionOf(parameter);
   return Wrap(name + " (" + Join(attributes, "; ") + ")", letter.size(), width)
              .replace(0, letter.size(), letter) +
-         Wrap(DescriptionOf(parameter), kDescriptionIndent, width);
+         (description.empty() ? "" : Wrap(description, kDescriptionIndent, width));
 }
 
 std::string OutputHelp(Command& command, std::size_t width) {

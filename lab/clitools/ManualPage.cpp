@@ -51,7 +51,7 @@ std::string Upper(std::string text) {
 }
 
 std::string Markdown(const std::string& text) {
-  return Backslashed(text, "\\`*_[]<>&|#~");
+  return Backslashed(Printable(text), "\\`*_[]<>&|#~");
 }
 
 /// A line that begins a paragraph: no number or hyphen may turn it into an item of a list.
@@ -69,12 +69,12 @@ std::string MarkdownCell(const std::string& text) {
 
 /// Code in a table: only what ends the cell needs to be escaped there.
 std::string MarkdownCode(const std::string& text) {
-  return '`' + Backslashed(text, "|") + '`';
+  return '`' + Backslashed(Printable(text), "|") + '`';
 }
 
 std::string Roff(const std::string& text) {
   std::string escaped;
-  for (const char c : text) {
+  for (const char c : Printable(text)) {
     switch (c) {
       case '\\':
         escaped += "\\e";
@@ -133,7 +133,9 @@ void MarkdownPage::Paragraph(const std::string& text) {
 }
 
 void MarkdownPage::Code(const std::string& text) {
-  text_ += "\n```\n" + text + (text.ends_with('\n') ? "" : "\n") + "```\n";
+  text_ += "\n```\n";
+  for (const std::string& line : Lines(text)) text_ += Printable(line) + '\n';
+  text_ += "```\n";
 }
 
 void MarkdownPage::Options(const std::vector<Option>& options) {
@@ -156,7 +158,7 @@ void MarkdownPage::Definitions(const Pairs& pairs) {
 void MarkdownPage::Contents(const Pairs& pairs) {
   text_ += "\n| Command | Description |\n|---|---|\n";
   for (const auto& [title, meaning] : pairs) {
-    std::string anchor = title;
+    std::string anchor = Printable(title);
     std::ranges::replace(anchor, ' ', '-');
     text_ += "| [" + Markdown(title) + "](#" + anchor + ") | " + MarkdownCell(meaning) + " |\n";
   }

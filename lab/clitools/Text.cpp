@@ -123,7 +123,8 @@ std::string WrapItems(const std::vector<std::string>& items, std::size_t indent,
                       std::size_t width) {
   std::string lines;
   std::size_t used = 0;  // columns of the line so far; none before its first item
-  for (const std::string& item : items) {
+  for (const std::string& raw : items) {
+    const std::string item = Printable(raw);
     const std::size_t needed = DisplayWidth(item);
     if (used != 0 && used + 1 + needed > width) {
       lines += '\n';

@@ -68,8 +68,9 @@ struct Style {
 /// The text of a caption.
 std::string Caption(const std::string& text, const Style& style);
 
-/// Lines of at most `width` columns, each begun by `indent` blanks and ended by a newline. An item
-/// is never broken, even if it is wider than the line.
+/// Lines of at most `width` columns, each begun by `indent` blanks and ended by a newline. Items
+/// are shown as `Printable` returns them. An item is never broken, even if it is wider than the
+/// line.
 std::string WrapItems(const std::vector<std::string>& items, std::size_t indent, std::size_t width);
 
 /// Likewise for a text, broken at its blanks. Its own line breaks stay, and so do the blanks that

@@ -49,6 +49,53 @@ class Odd final : public CliTools::AutoCli::Command {
   }
 };
 
+/// Escape sequences of seven and of eight bits, a carriage return, and a byte that is not UTF-8.
+const std::string kRaw = "odd\x1b[2J\u009b2J\r\xff";
+
+/// Declares and returns nothing but such strings.
+class Raw final : public CliTools::AutoCli::Command {
+ public:
+  Raw() {
+    SetDescription(kRaw);
+    SetMetaDataField("confirm", kRaw);
+    SetDefaultOutputFormatter("table");
+    SetDefaultOutputParameter("header:" + kRaw, kRaw);
+    SetDefaultOutputParameter("units:" + kRaw + "." + kRaw, kRaw);
+  }
+
+ private:
+  static StructPtr MakeRecord() {
+    const auto record = MetaStruct::New(kRaw);
+    record->SetField(kRaw, kRaw);
+    return record;
+  }
+
+  InputSpecPtr GetInputSpecInternal() override {
+    using namespace CliTools::CallSpec;
+    const auto values = ParameterConstraint::New(ParameterConstraintType::kStringEnum);
+    values->AddStringEnum(kRaw, kRaw);
+    const auto parameter = ParameterSpec::New(kRaw, ParameterType::kString);
+    parameter->SetShortName("\x1b");
+    parameter->SetDescription(kRaw);
+    parameter->SetConstraint(values);
+    const auto spec = InputSpec::New();
+    spec->AddParameter(parameter);
+    spec->AddParameter(ParameterSpec::New("force", ParameterType::kFlag));
+    return spec;
+  }
+
+  OutputSpecPtr GetOutputSpecInternal() override {
+    return MakeOutputSpec(MetaList::New(MetaType::kStruct, MakeRecord()));
+  }
+
+  void ExecuteInternal(const InputPtr&, const OutputPtr& output) override {
+    const auto list = MetaList::New(MetaType::kStruct, MakeRecord());
+    list->Add(MakeRecord());
+    output->SetRootObject(list);
+    output->AddErrorMessage(kRaw);
+  }
+};
+
 }  // namespace
 
 extern "C" void AutoCli_RegisterNamespaces(const std::shared_ptr<Namespace>& root) {
@@ -56,6 +103,13 @@ extern "C" void AutoCli_RegisterNamespaces(const std::shared_ptr<Namespace>& roo
   if (fault == "has no licence") throw std::runtime_error("no licence");
   for (int number = 0; fault == "many names" && number < 10000; ++number) {
     root->RegisterNamespaceNode(Namespace::New(), "name" + std::to_string(number));
+  }
+  if (fault == "raw strings") {
+    const auto space = Namespace::New();
+    space->SetDescription(kRaw);
+    space->RegisterNamespaceNode(std::make_shared<Raw>(), kRaw);
+    root->RegisterNamespaceNode(space, kRaw);
+    return;
   }
   // Lasting, as nobody else could release what holds itself.
   static const auto space = Namespace::New();

@@ -27,6 +27,38 @@ EOF
     [[ $(ls -A "$AUTOCLI_LAB/hosts") == host1 ]] # nor files of a host that never came
 }
 
+@test "what a plug-in declares is shown without control characters and as UTF-8" {
+    export FAULT='raw strings' TERM=dumb raw=$'odd\e[2J\u009b2J\r\xff'
+    cd "$BATS_TEST_TMPDIR"
+    echo "'$raw' '$raw' --force" >batch
+    is_shown() {
+        cat -v shown
+        grep -aqF 'odd\x1b[2J\x9b2J\r' <(sed 's/\\\([][\\]\)/\1/g' shown) && iconv -f UTF-8 shown >/dev/null &&
+            [[ -z $(LC_ALL=C.UTF-8 grep -aP '[^\P{Cc}\t]' shown) ]]
+    }
+    while IFS='|' read -r -a words; do
+        "$AUTOCLI" --plugin-dir "$FAULTY_PLUGINS" "${words[@]}" &>shown || (($? < 3))
+        is_shown
+    done <<END
+--help
+$raw|--help
+$raw|$raw|--help
+--list
+--list|-f|simple
+--reference|markdown
+$raw|$raw
+$raw|$raw|--force
+$raw|$raw|--force|-f|simple
+--echo|--batch|batch
+END
+    for line in '' "'$raw' " "'$raw' '$raw' -" "'$raw' '$raw' '--$raw' "; do
+        "$AUTOCLI" --complete "autocli --plugin-dir $FAULTY_PLUGINS $line" >shown
+        is_shown
+    done
+    script -qec '"$AUTOCLI" --plugin-dir "$FAULTY_PLUGINS" "$raw" "$raw"' /dev/null <<<no | tr -d '\r' >shown
+    is_shown
+}
+
 @test "a plug-in without its function is named" {
     cd "$BATS_TEST_TMPDIR"
     mkdir plugins
