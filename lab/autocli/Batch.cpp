@@ -45,17 +45,22 @@ class LineReader {
     if (length < 0 && std::feof(file_) == 0) Fail();
     if (length < 0) return false;
     line.assign(buffer_, static_cast<std::size_t>(length));
-    if (line.ends_with('\n')) line.pop_back();
+    for (const char end : {'\n', '\r'}) {
+      if (line.ends_with(end)) line.pop_back();
+    }
     if (number_ == 0 && line.starts_with(kByteOrderMark)) line.erase(0, kByteOrderMark.size());
     ++number_;
     return true;
   }
 
-  /// Likewise, but lines that end in a backslash go on with the next one.
-  bool ReadWhole(std::string& line) {
+  /// Reads a command line: a line and those that continue it. False after the last line. Throws
+  /// `UsageError` when the file cannot be read.
+  bool ReadCommandLine(std::string& line) {
     if (!Read(line)) return false;
     begin_ = number_;
-    for (std::string next; CliTools::GoesOn(line) && Read(next);) {
+    CliTools::WordScanner scanner;  // scans each line once, not the whole command line again
+    scanner.Scan(line);
+    for (std::string next; scanner.IsContinued() && Read(next); scanner.Scan(next)) {
       line.pop_back();
       line += next;
     }
@@ -114,7 +119,7 @@ ExitStatus RunBatch(CommandTree& tree, const Options& options) {
   defaults.namesHost = false;  // it is only what holds for lines that name none
   ExitStatus gravest = kSuccess;
   std::size_t failed = 0;
-  for (std::string line; reader.ReadWhole(line);) {
+  for (std::string line; reader.ReadCommandLine(line);) {
     defaults.place = reader.GetPlace();
     if (options.echo) Print("> " + CliTools::Printable(line) + '\n');
     const ExitStatus status = Guard(defaults.place, [&] { return RunOne(tree, line, defaults); });

@@ -69,7 +69,9 @@ Options ReadTypedOptions(std::vector<std::string> words) {
 
 /// The words behind the program's name. Variables that are set before it hold for it.
 std::vector<std::string> ReadWords(const std::string& line) {
-  std::vector<std::string> words = CliTools::SplitTyped(line);
+  CliTools::WordScanner scanner;
+  scanner.Scan(line);
+  std::vector<std::string> words = scanner.TakeTypedWords();
   auto program = words.begin();
   for (; program != words.end() && program->find('=') != std::string::npos; ++program) {
     const std::size_t equals = program->find('=');

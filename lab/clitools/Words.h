@@ -1,23 +1,47 @@
-// A command line as people write it: the words of one line of text.
+// Splitting command lines into words.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace CliTools {
 
-/// The words of a line, as a shell would take them: blanks separate them; '...', "..." and a
-/// backslash keep characters as they are; "#" at the beginning of a word makes the rest a comment.
-/// Nothing is expanded, and no character has another meaning. Throws `UsageError` for a quote that
-/// has no end and a backslash that nothing follows.
+/// Splits a command line into words as a shell does, without expanding anything: blanks separate
+/// words; '...', "..." and a backslash keep characters; "#" at the start of a word begins a
+/// comment.
+class WordScanner {
+ public:
+  /// Scans the next line of the command line. It continues the line before, which ended in a
+  /// backslash.
+  void Scan(std::string_view line);
+
+  /// Whether the last line ends in a backslash, which joins it with the next one.
+  bool IsContinued() const { return afterBackslash_; }
+
+  /// Returns the words, once. Throws `UsageError` for a quote without an end and for a backslash
+  /// that nothing follows.
+  std::vector<std::string> TakeWords();
+
+  /// Returns the words of an unfinished line, once. The last one is at the cursor: empty after a
+  /// blank, and its quote may still be open.
+  std::vector<std::string> TakeTypedWords();
+
+ private:
+  void Take(char c);
+  void BeginWord();
+  void Append(char c);
+
+  std::vector<std::string> words_;
+  bool inWord_ = false;
+  bool afterBackslash_ = false;
+  char quote_ = '\0';            ///< the open quote
+  std::size_t column_ = 0;       ///< of the last character, counted from 1 across joined lines
+  std::size_t quoteColumn_ = 0;  ///< of the open quote
+};
+
+/// The words of one line. Throws `UsageError` as `WordScanner::TakeWords` does.
 std::vector<std::string> SplitWords(std::string_view line);
-
-/// Whether the line ends in a backslash that escapes the end of the line.
-bool GoesOn(std::string_view line);
-
-/// The words of a line that somebody is still typing. The last one is where the cursor is: empty
-/// behind a blank, without the end of its quote if that is missing.
-std::vector<std::string> SplitTyped(std::string_view line);
 
 }  // namespace CliTools

@@ -48,14 +48,15 @@ autocli: 7 lines failed' ]]
     expect 2 '' 'autocli: wrong:1: *' --batch wrong
     wrong '--batch: "none" cannot be read: No such file or directory' --batch none
 
-    printf '\xef\xbb\xbflab host add \\\n-n "h\\\nost5"\n# none\n-f json dovra trace ge\\\nt --fields "Number Of\\\n Files To Rotate"\nlab host \\\nlist \\' >long
-    expect 2 $'> lab host add -n "host5"\ntrue\n> # none\n> -f json dovra trace get --fields "Number Of Files To Rotate"\n{\n  "Number Of Files To Rotate": 8\n}\n> lab host list \\' \
+    printf '\xef\xbb\xbflab host add \\\r\n-n "h\\\nost5"\r\n# n\033[2Jon\xff\te \\\n-f json dovra trace ge\\\nt --fields "Number Of\\\n Files To Rotate"\nlab host \\\nlist \\' >long
+    expect 2 $'> lab host add -n "host5"\ntrue\n> # n\\x1b[2Jon\xef\xbf\xbd\\te \\\n> -f json dovra trace get --fields "Number Of Files To Rotate"\n{\n  "Number Of Files To Rotate": 8\n}\n> lab host list \\' \
         'autocli: long:8: nothing follows the backslash at the end of the line' --echo --batch long
 }
 
-@test "a batch leaves no file open, and ends at a line for which there is no memory" {
+@test "a batch reads long lines, leaves no file open, and ends at a line for which there is no memory" {
     run bash -c 'ulimit -n 40; yes "dovra trace get" | head -n 50 | "$AUTOCLI" --batch -'
     [[ $status == 0 ]]
+    { echo 'dovra trace get \' && yes '        \' | head -n 100000; echo; } | timeout 10 "$AUTOCLI" --batch - # scanned again for each line: a minute
     released_only
     run bash -c 'ulimit -v 200000; "$AUTOCLI" --batch <(echo lab host list; head -c 300M /dev/zero)'
     echo "$status $output"
