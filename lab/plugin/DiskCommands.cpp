@@ -2,7 +2,7 @@
 
 #include "corectl/Disks.h"
 #include "corectl/LabHost.h"
-#include "frame/Frame.h"
+#include "frame/Command.h"
 
 namespace Lab {
 

@@ -3,7 +3,7 @@
 #include "corectl/Addresses.h"
 #include "corectl/LabHost.h"
 #include "corectl/Splits.h"
-#include "frame/Frame.h"
+#include "frame/Command.h"
 #include "store/Uuids.h"
 
 namespace Lab {

@@ -4,7 +4,7 @@
 #include "corectl/Hosts.h"
 #include "corectl/LabHost.h"
 #include "corectl/Operations.h"
-#include "frame/Frame.h"
+#include "frame/Command.h"
 
 namespace Lab {
 

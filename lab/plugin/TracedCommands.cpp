@@ -3,7 +3,7 @@
 #include <string>
 
 #include "corectl/LabHost.h"
-#include "frame/Frame.h"
+#include "frame/Command.h"
 #include "hostroot/HostRoot.h"
 
 namespace Lab {

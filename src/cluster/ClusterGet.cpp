@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "frame/Frame.h"
+#include "frame/Command.h"
 #include "platform/baselibs/Uuid.h"
 #include "platform/corectl/DovraUtil.h"
 #include "platform/hostctl/Misc.h"

@@ -1,6 +1,6 @@
 #include "cluster/ClusterMessages.h"
+#include "frame/Command.h"
 #include "frame/Constants.h"
-#include "frame/Frame.h"
 #include "platform/corectl/DovraUtil.h"
 
 namespace OrvaneCli::DovraNamespace {

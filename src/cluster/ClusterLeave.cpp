@@ -1,4 +1,4 @@
-#include "frame/Frame.h"
+#include "frame/Command.h"
 #include "frame/HostPaths.h"
 #include "frame/Text.h"
 

@@ -1,5 +1,5 @@
 #include "cluster/ClusterMessages.h"
-#include "frame/Frame.h"
+#include "frame/Command.h"
 #include "frame/Text.h"
 
 namespace OrvaneCli::DovraNamespace {

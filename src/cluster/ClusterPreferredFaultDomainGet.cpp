@@ -1,6 +1,6 @@
 #include <string>
 
-#include "frame/Frame.h"
+#include "frame/Command.h"
 #include "platform/corectl/DovraUtil.h"
 
 namespace OrvaneCli::DovraNamespace {

@@ -2,8 +2,8 @@
 #include <vector>
 
 #include "cluster/UnicastAgent.h"
+#include "frame/Command.h"
 #include "frame/Constants.h"
-#include "frame/Frame.h"
 #include "frame/Text.h"
 #include "platform/corectl/DovraUtil.h"
 

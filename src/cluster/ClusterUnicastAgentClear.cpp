@@ -3,7 +3,7 @@
 
 #include "cluster/ClusterMessages.h"
 #include "cluster/UnicastAgent.h"
-#include "frame/Frame.h"
+#include "frame/Command.h"
 #include "frame/Text.h"
 #include "platform/corectl/DovraUtil.h"
 

@@ -1,8 +1,8 @@
 #include <string>
 
 #include "cluster/UnicastAgent.h"
+#include "frame/Command.h"
 #include "frame/Constants.h"
-#include "frame/Frame.h"
 #include "frame/Text.h"
 #include "platform/corectl/DovraUtil.h"
 

@@ -1,7 +1,7 @@
 #include <string>
 
+#include "frame/Command.h"
 #include "frame/Constants.h"
-#include "frame/Frame.h"
 
 namespace OrvaneCli::DovraNamespace {
 

@@ -1,5 +1,5 @@
 #include "datastore/DatastoreTexts.h"
-#include "frame/Frame.h"
+#include "frame/Command.h"
 
 namespace OrvaneCli::DovraNamespace {
 

@@ -103,11 +103,6 @@ OutputSpecPtr MakeOutputSpec(std::shared_ptr<CliTools::MetaObj::MetaObject> root
 
 // The commands.
 
-template <class CommandClass>
-CommandPtr MakeCommand() {
-  return CommandClass::New();
-}
-
 /// What a command returns: success, which is a truth value, one record, or a list of records.
 enum class Returns { kSuccess, kRecord, kList };
 

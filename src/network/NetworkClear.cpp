@@ -1,4 +1,4 @@
-#include "frame/Frame.h"
+#include "frame/Command.h"
 
 namespace OrvaneCli::DovraNamespace {
 

@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "frame/Command.h"
+#include "frame/Command.h"
 #include "frame/Constants.h"
 #include "frame/Text.h"
 

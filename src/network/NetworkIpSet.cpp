@@ -1,3 +1,4 @@
+#include "frame/Command.h"
 #include "network/NetworkIpAdd.h"
 
 namespace OrvaneCli::DovraNamespace {

@@ -1,7 +1,7 @@
 #include <string>
 #include <vector>
 
-#include "frame/Frame.h"
+#include "frame/Command.h"
 #include "frame/Text.h"
 
 namespace OrvaneCli::DovraNamespace {

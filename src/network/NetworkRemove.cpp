@@ -1,3 +1,4 @@
+#include "frame/Command.h"
 #include "network/InterfaceRemoval.h"
 
 namespace OrvaneCli::DovraNamespace {

@@ -1,4 +1,4 @@
-#include "frame/Frame.h"
+#include "frame/Command.h"
 #include "policy/PolicyClasses.h"
 
 namespace OrvaneCli::DovraNamespace {

@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <optional>
 
-#include "frame/Frame.h"
+#include "frame/Command.h"
 #include "platform/corectl/DovraUtil.h"
 
 namespace OrvaneCli::DovraNamespace {

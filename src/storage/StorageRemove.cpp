@@ -1,6 +1,6 @@
 #include <optional>
 
-#include "frame/Frame.h"
+#include "frame/Command.h"
 #include "storage/DiskOptions.h"
 
 namespace OrvaneCli::DovraNamespace {

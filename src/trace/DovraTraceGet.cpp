@@ -4,7 +4,7 @@
 #include <optional>
 #include <sstream>
 
-#include "frame/Frame.h"
+#include "frame/Command.h"
 #include "frame/HostPaths.h"
 #include "trace/TraceDaemon.h"
 

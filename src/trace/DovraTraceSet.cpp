@@ -2,7 +2,7 @@
 #include <fstream>
 #include <optional>
 
-#include "frame/Frame.h"
+#include "frame/Command.h"
 #include "frame/HostPaths.h"
 #include "trace/RestartPause.h"
 #include "trace/TraceDaemon.h"
