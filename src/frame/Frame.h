@@ -111,6 +111,9 @@ enum class Returns { kSuccess, kRecord, kList };
 template <class T, Returns kReturns>
 class DovraCommand : public virtual CliTools::AutoCli::Command {
  public:
+  // The order of virtual functions is binary interface: the destructor, input, output, execution.
+  ~DovraCommand() override = default;
+
   static std::shared_ptr<T> New() { return std::make_shared<T>(); }
   static StructPtr GetOutputStructure() { return MakeStructure(T::kRecord); }
 

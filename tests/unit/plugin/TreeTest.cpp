@@ -3,8 +3,10 @@
 
 #include <gmock/gmock.h>
 
+#include <cstring>
+
 #include "Run.h"
-#include "frame/Tree.h"
+#include "frame/Frame.h"
 
 namespace OrvaneCli::DovraNamespace {
 class MaintenanceModeCancel;
@@ -59,6 +61,27 @@ TEST(CommandTree, CompletesANamespaceBeforeItsParentLearnsOfIt) {
       {"first", ""}, {"outer", ""}, {"outer inner", ""}, {"outer leaf", make}, {"outermost", ""}};
   Register(nodes, *root, "");
   EXPECT_EQ(PathsBelow(*root), "first\nouter\nouter inner\nouter leaf\noutermost\n");
+}
+
+/// The position of a virtual function in its class's table, where the destructor has the first two.
+template <class Method>
+std::size_t SlotOf(Method method) {
+  std::size_t offset = 0;  // plus 1
+  std::memcpy(&offset, &method, sizeof offset);
+  return offset / sizeof(void*);
+}
+
+struct AnyCommand : SuccessCommand<AnyCommand> {
+  static void CheckSlots() {
+    EXPECT_EQ(SlotOf(&AnyCommand::GetInputSpecInternal), 2U);
+    EXPECT_EQ(SlotOf(&AnyCommand::GetOutputSpecInternal), 3U);
+    EXPECT_EQ(SlotOf(&AnyCommand::ExecuteInternal), 4U);
+  }
+  void ExecuteInternal(const InputPtr&, const OutputPtr&) override {}
+};
+
+TEST(Command, HasItsVirtualFunctionsInOrder) {
+  AnyCommand::CheckSlots();
 }
 
 }  // namespace
