@@ -1,5 +1,6 @@
 #include "frame/Tree.h"
 
+#include <stdexcept>
 #include <string>
 
 namespace OrvaneCli::DovraNamespace {
@@ -8,15 +9,15 @@ using CliTools::AutoCli::Namespace;
 
 namespace {
 
-bool IsBelow(std::string_view path, std::string_view space) {
-  return space.empty() || (path.starts_with(space) && path.substr(space.size()).starts_with(' '));
+std::string_view ParentOf(std::string_view path) {
+  const std::size_t end = path.rfind(' ');
+  return path.substr(0, end == std::string_view::npos ? 0 : end);
 }
 
-}  // namespace
-
-std::span<const Node> Register(std::span<const Node> nodes, Namespace& parent,
-                               std::string_view path) {
-  while (!nodes.empty() && IsBelow(nodes.front().path, path)) {
+/// Registers the rows at the head of `nodes` that belong to `path`, and returns the others.
+std::span<const Node> RegisterBelow(std::span<const Node> nodes, Namespace& parent,
+                                    std::string_view path) {
+  while (!nodes.empty() && ParentOf(nodes.front().path) == path) {
     const Node& node = nodes.front();
     const std::string name(node.path.substr(node.path.rfind(' ') + 1));
     nodes = nodes.subspan(1);
@@ -26,10 +27,18 @@ std::span<const Node> Register(std::span<const Node> nodes, Namespace& parent,
     }
     const auto space = Namespace::New();
     space->SetDescription(node.description);
-    nodes = Register(nodes, *space, node.path);
+    nodes = RegisterBelow(nodes, *space, node.path);
     parent.RegisterNamespaceNode(space, name);
   }
   return nodes;
+}
+
+}  // namespace
+
+void Register(std::span<const Node> nodes, Namespace& parent, std::string_view path) {
+  const auto rest = RegisterBelow(nodes, parent, path);
+  if (rest.empty()) return;
+  throw std::logic_error("the tree has no namespace for \"" + std::string(rest.front().path) + '"');
 }
 
 }  // namespace OrvaneCli::DovraNamespace

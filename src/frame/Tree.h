@@ -27,9 +27,10 @@ struct Node {
   CommandPtr (*make)() = nullptr;
 };
 
-/// Registers on `parent`, whose path is `path`, the nodes that it holds; the root has no path and
-/// holds them all. A namespace is complete before its parent learns of it. Returns what is left.
-std::span<const Node> Register(std::span<const Node> nodes, CliTools::AutoCli::Namespace& parent,
-                               std::string_view path);
+/// Registers the nodes on `parent`, whose path is `path`; the root's is empty. A namespace is
+/// complete before its parent learns of it. Throws `std::logic_error` when a row does not follow
+/// its namespace; what was registered by then stays.
+void Register(std::span<const Node> nodes, CliTools::AutoCli::Namespace& parent,
+              std::string_view path);
 
 }  // namespace OrvaneCli::DovraNamespace

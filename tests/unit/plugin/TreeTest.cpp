@@ -52,15 +52,29 @@ TEST(CommandTree, KeepsTheBlanksThatNoPageShows) {
 }
 
 TEST(CommandTree, CompletesANamespaceBeforeItsParentLearnsOfIt) {
-  static const auto root = Namespace::New();
+  static Namespace* top;
+  const auto root = Namespace::New();
+  top = root.get();
   const auto make = +[]() -> CommandPtr {
-    EXPECT_EQ(PathsBelow(*root), "first\n");
+    EXPECT_EQ(PathsBelow(*top), "first\n");
     return MakeCommand<MaintenanceModeCancel>();
   };
   const Node nodes[] = {
       {"first", ""}, {"outer", ""}, {"outer inner", ""}, {"outer leaf", make}, {"outermost", ""}};
   Register(nodes, *root, "");
   EXPECT_EQ(PathsBelow(*root), "first\nouter\nouter inner\nouter leaf\noutermost\n");
+}
+
+TEST(CommandTree, RefusesARowThatDoesNotFollowItsNamespace) {
+  for (const char* const stray : {"dvora b", "dovra x b", "dovrab", "dovra"}) {
+    const Node nodes[] = {{"dovra a", ""}, {stray, ""}, {"dovra c", ""}};
+    try {
+      Register(nodes, *Namespace::New(), "dovra");
+      ADD_FAILURE() << stray << " was registered";
+    } catch (const std::logic_error& error) {
+      EXPECT_EQ(error.what(), "the tree has no namespace for \"" + std::string(stray) + '"');
+    }
+  }
 }
 
 /// The position of a virtual function in its class's table, where the destructor has the first two.
