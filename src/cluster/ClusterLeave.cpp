@@ -8,7 +8,7 @@ using HostCtl::Dovra::DovraInfo;
 
 namespace {
 
-/// The datastores' names, joined by commas.
+/// Returns the datastores' names, joined by commas.
 std::string ReadDatastoreNames(const ControlLibrary& library) {
   DovraInfo::Datastores datastores;
   library->GetDatastores(datastores);
@@ -21,8 +21,8 @@ std::string ReadDatastoreNames(const ControlLibrary& library) {
   return names;
 }
 
-/// Tells the host's management daemon what becomes of the datastores. That it may fail is no
-/// reason not to leave.
+/// Runs the script that tells the host's management daemon what becomes of the datastores. Its exit
+/// status is ignored: a host can leave without the daemon.
 void NotifyDatastores(const char* event, const std::string& names) {
   std::string unused;
   CliTools::AutoCli::AutoCli_ShellCmd(
@@ -47,10 +47,15 @@ class ClusterLeave final : public SuccessCommand<ClusterLeave> {
       names = ReadDatastoreNames(library);
       NotifyDatastores("PreUnmount", names);
       library->LeaveCluster(false);
-      output->SetRootObject(MetaBool::New(true));
+      return output->SetRootObject(MetaBool::New(true));
     } catch (const DovraCtlException& failure) {
       Report(output, "", failure);
-      if (!names.empty()) NotifyDatastores("FailedUnmount", names);
+    }
+    if (names.empty()) return;
+    try {
+      NotifyDatastores("FailedUnmount", names);
+    } catch (const DovraCtlException& failure) {  // of the shell runner, not of the script
+      Report(output, "", failure);
     }
   }
 };

@@ -220,9 +220,9 @@ extern "C" char* UUID_PackText(const char* source, char* destination, std::size_
   return Original<decltype(UUID_PackText)>("UUID_PackText")(source, destination, length);
 }
 
-int CliTools::AutoCli::AutoCli_ShellCmd(const std::string& command, std::string&,
-                                        const std::string&) {
-  living->shell.push_back(living->calls.back() + ": " + command);
+int CliTools::AutoCli::AutoCli_ShellCmd(const std::string& command, std::string& output,
+                                        const std::string& input) {
+  Record(__func__, command, output, input);
   return 0;
 }
 

@@ -17,11 +17,9 @@ namespace Testing {
 /// There is one at a time; the linked operations use it.
 struct RecordingLibrary {
   /// "Operation(argument, ...)" for each call, in order. Texts stand as they are, truth values as
-  /// true and false, lists in brackets. `GetDovraPlugin` and `GetDovraInfo` are recorded too,
-  /// and the pauses between restarts of the trace daemon.
+  /// true and false, lists in brackets. `GetDovraPlugin` and `GetDovraInfo` are recorded too, the
+  /// shell's commands, and the pauses between restarts of the trace daemon.
   std::vector<std::string> calls;
-  /// The shell's command lines, each behind the last of `calls` before it.
-  std::vector<std::string> shell;
   /// By a call's place in `calls`: what it throws after it was recorded.
   std::map<std::size_t, std::exception_ptr> exceptions;
 

@@ -143,10 +143,12 @@ struct FullLibrary : RecordingLibrary {
   }
 };
 
-/// The operations without their arguments, which may be random.
+/// The operations without their arguments, which may be random, and without the shell's commands,
+/// one of which may follow a failure.
 Strings Names(const Strings& calls) {
   Strings names;
   for (const auto& call : calls) names.push_back(call.substr(0, call.find('(')));
+  std::erase(names, "AutoCli_ShellCmd");
   return names;
 }
 
@@ -155,8 +157,7 @@ void CheckBroken(Command& command, const Given& given, unsigned state, const Str
                  const Failure& failure) {
   for (std::size_t place = 0; place < calls.size(); ++place) {
     SCOPED_TRACE(calls[place]);
-    Strings names = Names(calls);
-    names.resize(place + 1);
+    const Strings names = Names({calls.begin(), calls.begin() + static_cast<long>(place) + 1});
     FullLibrary library(state);
     using HostCtl::Lib::Dovra::DovraCtlException;
     library.exceptions[place] = std::make_exception_ptr(DovraCtlException("broken"));
