@@ -15,9 +15,9 @@ std::string ReadDatastoreNames(const ControlLibrary& library) {
   std::string names;
   names.reserve(datastores.size() * 16);
   for (const auto& datastore : datastores) {
-    if (&datastore != &datastores.front()) names += ',';
-    names += datastore->GetName();
+    if (datastore) names += datastore->GetName() + ',';
   }
+  if (!names.empty()) names.pop_back();
   return names;
 }
 

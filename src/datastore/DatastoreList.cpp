@@ -29,6 +29,7 @@ class DatastoreList final : public ListCommand<DatastoreList> {
       ListPtr list = MakeList();
       list->Reserve(datastores.size());
       for (const auto& datastore : datastores) {
+        if (!datastore) continue;
         const StructPtr row = GetOutputStructure();
         row->SetField("Datastore UUID", datastore->GetUuid());
         row->SetField("User Friendly Name", datastore->GetName());

@@ -27,7 +27,7 @@ std::vector<std::string> FindLocalDisks(const DovraInfo::DiskLuns& luns, const s
   };
   std::vector<std::string> texts;
   for (const auto& lun : luns) {
-    if (matches(*lun)) texts.push_back(DovraUtil::DovraUuidToString(lun->GetUuid()));
+    if (lun && matches(*lun)) texts.push_back(DovraUtil::DovraUuidToString(lun->GetUuid()));
   }
   return texts;
 }

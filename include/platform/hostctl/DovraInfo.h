@@ -16,6 +16,7 @@ namespace HostCtl::Dovra {
 
 class DovraInfo {
  public:
+  // Callers skip null handles.
   using DiskLuns = std::vector<std::shared_ptr<DovraDiskLun>>;
   using Datastores = std::vector<std::shared_ptr<DovraDatastore>>;
 

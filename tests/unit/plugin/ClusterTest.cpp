@@ -155,6 +155,7 @@ TEST(ClusterLeave, TellsOfTheDatastores) {
   using HostCtl::Lib::Dovra::DovraCtlException;
   for (const auto& [datastores, failing, calls, outcome] : cases) {
     RecordingLibrary library;
+    library.hasNulls = true;
     for (const auto& name : datastores) library.datastores.emplace_back("u", name, false);
     for (const std::size_t place : failing) {
       library.exceptions[place] = std::make_exception_ptr(DovraCtlException("busy"));

@@ -34,10 +34,12 @@ SetUp InUse(const std::vector<DovraKnicConfig2>& knics, bool forDovra = true) {
     library.knics = knics;
   };
 }
-const SetUp kHoldsNull = [](RecordingLibrary& library) {
-  InUse({Knic("knic0"), Knic("knic0")})(library);
-  library.knicsHoldNull = true;
-};
+SetUp BetweenNulls(const std::vector<DovraKnicConfig2>& knics) {
+  return [=](RecordingLibrary& library) {
+    InUse(knics)(library);
+    library.hasNulls = true;
+  };
+}
 const SetUp kTooOld = [](RecordingLibrary& library) { library.hasInfo2 = false; };
 const std::string kNoInfo2 = "Could not get DovraInfo2. Plugin version mismatch?";
 
@@ -96,6 +98,7 @@ TEST(NetworkIpAddAndSet, StartFromDefaultsOrFromTheEntry) {
   Check(kSet, InUse({Knic("KNIC0"), Knic("knic01"), Knic("knic0", 9), Knic("knic0")}),
         kRead + Configure(chosen), kTrue);
   Check(kSet, InUse({Knic("knic8"), Knic("knic7", 9)}), kRead + Configure(chosen), kTrue);
+  Check(kSet, BetweenNulls({Knic("knic0", 9)}), kRead + Configure(chosen), kTrue);
 }
 
 TEST(NetworkIpAdd, Refuses) {
@@ -119,7 +122,7 @@ TEST(NetworkIpSet, Refuses) {
         Failed("This Hostkernel network interface is not in use. Can't "
                "set/reconfigure. If you want to add, use 'add' command."));
   Check(kSet, InUse({}), kRead, notFound);
-  Check(kSet, kHoldsNull, kRead, notFound);
+  Check(kSet, BetweenNulls({Knic("knic1")}), kRead, notFound);
   // Even a group that is about to be replaced must suit its place.
   Check(kSet + "--agent-mc-addr 224.7.7.7", InUse({Swapped()}), kRead,
         Failed("\"ff02::1\" is not an IPv4 address."));
@@ -145,8 +148,7 @@ TEST(NetworkList, ShowsEveryInterface) {
                             row("knic0", "", swapped, "dovra, witness") + ", " +
                             row("knic2", "uuid-knic2", groups, "") + "]";
   const Strings read = kOpen + "GetKnicConfigs()";
-  Check("network list", InUse({Knic("knic1"), Swapped(), idle}), read, {shown, {}});
-  Check("network list", kHoldsNull, read, {"[]", {}});
+  Check("network list", BetweenNulls({Knic("knic1"), Swapped(), idle}), read, {shown, {}});
   Check("network list", kTooOld, kOpen, Failed(kNoInfo2, "[]"));
 }
 

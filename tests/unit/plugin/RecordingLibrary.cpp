@@ -48,6 +48,13 @@ RecordingLibrary& Record(const std::string& operation, const Arguments&... argum
   return *living;
 }
 
+template <class Handles>
+void AddNulls(Handles& handles) {
+  if (!living->hasNulls) return;
+  handles.emplace(handles.begin(), nullptr);
+  handles.emplace_back(nullptr);
+}
+
 /// Something that a command owns; the library counts them.
 template <int RecordingLibrary::*kCount>
 struct Counted {
@@ -126,6 +133,7 @@ class RecordingInfo : public virtual DovraInfo, Counted<&RecordingLibrary::liveO
     for (const auto& datastore : Record(__func__).datastores) {
       datastores.push_back(std::make_shared<DovraDatastore>(datastore));
     }
+    AddNulls(datastores);
   }
   bool IsKnicInUse(Word name, Word traffic) override {
     const auto& library = Record(__func__, name, traffic);
@@ -159,11 +167,11 @@ class RecordingInfo2 final : public RecordingInfo, public DovraInfo2 {
            traffic, config.GetIfaceUuid());
   }
   std::vector<std::unique_ptr<DovraKnicConfig2>> GetKnicConfigs() override {
-    const auto& library = Record(__func__);
     std::vector<std::unique_ptr<DovraKnicConfig2>> configs;
-    for (const auto& knic : library.knics) {
-      configs.push_back(library.knicsHoldNull ? nullptr : std::make_unique<DovraKnicConfig2>(knic));
+    for (const auto& knic : Record(__func__).knics) {
+      configs.push_back(std::make_unique<DovraKnicConfig2>(knic));
     }
+    AddNulls(configs);
     return configs;
   }
 };
@@ -248,6 +256,7 @@ void DovraInfo::GetDovraDisks(DiskLuns& luns) {
   for (const auto& [device, uuid] : Record(__func__).luns) {
     luns.push_back(std::make_shared<RecordingLun>(device, uuid));
   }
+  AddNulls(luns);
 }
 
 }  // namespace Dovra

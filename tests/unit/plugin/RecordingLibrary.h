@@ -28,8 +28,9 @@ struct RecordingLibrary {
   int liveObjects = 0;
 
   // What the operations answer.
-  bool hasInfo = true;   ///< `GetDovraInfo` yields an object
-  bool hasInfo2 = true;  ///< ... and it has the newer operations
+  bool hasInfo = true;    ///< `GetDovraInfo` yields an object
+  bool hasInfo2 = true;   ///< ... and it has the newer operations
+  bool hasNulls = false;  ///< lists of handles begin and end with a null one
   HostCtl::Dovra::DovraClusterConfig config{true, "c0000000-0000-0000-0000-000000000001"};
   HostCtl::Dovra::DovraConfigGeneration generation;
   bool isWitness = false;
@@ -40,7 +41,6 @@ struct RecordingLibrary {
   bool knicInUseForDovra = false;
   bool knicInUseForWitness = false;
   std::vector<HostCtl::Dovra::DovraKnicConfig2> knics;
-  bool knicsHoldNull = false;  ///< every entry handed out is missing
   std::vector<HostCtl::Dovra::DovraDatastore> datastores;
   std::vector<std::string> unicastAgents;
   std::vector<std::string> unicastWitnesses;

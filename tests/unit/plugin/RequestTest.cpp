@@ -46,6 +46,7 @@ TEST(Requests, AreAnsweredInRecords) {
     library.bandwidth = 8589934593;  // 32 bits do not hold these
     library.throttle = -8589934593;
     library.datastoreNames = {{"", "the default"}, {"U 1", "first"}};
+    library.hasNulls = true;
     library.datastores = {{"u2", "second", false}, {"u1", "first, \"quoted\"", true}};
   };
   const std::tuple<std::string, std::string, std::string> cases[] = {

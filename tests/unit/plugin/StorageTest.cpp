@@ -111,6 +111,7 @@ TEST(StorageList, ShowsEachMemberInItsField) {
 
 // Two local disks, "a1" and "A"; the service knows the first of them and two more.
 const SetUp kDisks = [](RecordingLibrary& library) {
+  library.hasNulls = true;
   library.luns = {{"a1", UuidOf("0a0b")}, {"A", UuidOf("0003")}};
   library.serviceDisks = {UuidOf("ff00"), UuidOf("0a0b"), UuidOf("0001"), UuidOf("ff00")};
   library.diskInfos = {{UuidOf("0a0b"), DiskNamed("a1")},
@@ -135,7 +136,7 @@ TEST(StorageList, MergesFiltersAndOrders) {
   const Strings listed = {"GetDovraDisks()", kOpen[0], kOpen[1], "GetDiskUuids()"};
   for (const auto& [options, uuids, outcome] : cases) {
     Strings calls = listed;
-    for (const auto& uuid : uuids) calls.push_back("GetDiskInfo(" + UuidOf(uuid) + ", 2)");
+    for (const auto& uuid : uuids) calls.push_back("GetDiskInfo(" + UuidOf(uuid) + ", 4)");
     Check("storage list" + options, kDisks, calls, outcome);
   }
   Check("storage list", listed, Rows({}));
