@@ -59,29 +59,26 @@ class ClusterUnicastAgentAdd final : public SuccessCommand<ClusterUnicastAgentAd
       const bool isWitness =
           Given<std::string>(input, "type").value_or(kWitnessType) == kWitnessType;
       const auto uuid = Given<std::string>(input, "uuid");
-      // Not as an optional one: compiled, that is read before it is known to hold a value, and
-      // valgrind takes it for an error.
-      const bool tellsSupport = input->HasParameter("supports-unicast");
-      const bool supportsUnicast = tellsSupport && input->GetParameterBool("supports-unicast");
-      const auto interface = Given<std::string>(input, "bound-interface-name");
       if (!isWitness && !uuid) {
         return output->AddErrorMessage("Can not add unicastagent without specifying node-uuid");
       }
-      if (!isWitness && !tellsSupport) {
+      const auto supportsUnicast = Given<bool>(input, "supports-unicast");
+      if (!isWitness && !supportsUnicast) {
         return output->AddErrorMessage(
             "Can not add unicastagent without specifying unicast support");
       }
       const std::string addressText = input->GetParameter("addr");
       const auto address = ParseAddress(addressText);
       if (!address) return output->AddErrorMessage(InvalidAddressMessage(addressText));
+      const std::int32_t port = ReadAgentPort(input);
+      const auto interface = Given<std::string>(input, "bound-interface-name");
       if (isWitness) {
         std::vector<std::string> witnesses;
         library->GetUnicastWitnesses(witnesses);
         if (!witnesses.empty()) return output->AddErrorMessage(DescribeConfigured(witnesses));
       }
-      library->AddUnicastAgent(uuid.value_or(kNilUuid), isWitness, supportsUnicast, *address,
-                               ReadAgentPort(input), interface.has_value(), interface.value_or(""),
-                               "");
+      library->AddUnicastAgent(uuid.value_or(kNilUuid), isWitness, supportsUnicast.value_or(false),
+                               *address, port, interface.has_value(), interface.value_or(""), "");
       if (!isWitness) library->RefreshUnicastAgents();
       output->SetRootObject(MetaBool::New(true));
     } catch (const DovraCtlException& failure) {

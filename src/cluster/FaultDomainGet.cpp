@@ -20,9 +20,9 @@ class FaultDomainGet final : public RecordCommand<FaultDomainGet> {
 
  private:
   void ExecuteInternal(const InputPtr&, const OutputPtr& output) override {
+    const StructPtr record = GetOutputStructure();
     SucceedOrNothing(
-        output, "Unable to get fault domain name: ", [](const ControlLibrary& library) {
-          StructPtr record = GetOutputStructure();
+        output, "Unable to get fault domain name: ", [&](const ControlLibrary& library) {
           record->SetField("faultDomainName", library->GetFaultDomainName());
           if (library->GetClusterConfig().enabled) {  // outside a cluster the name has no id
             record->SetField("faultDomainId", DovraUtil::GetFaultDomainId());

@@ -20,11 +20,10 @@ class DatastoreNameSet final : public SuccessCommand<DatastoreNameSet> {
   }
 
   void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
-    SucceedOrNothing(output,
-                     "Unable to set Dovra datastore name: ", [&](const ControlLibrary& library) {
-                       library->SetDatastoreName(Given<std::string>(input, "uuid").value_or(""),
-                                                 input->GetParameter("newname"));
-                     });
+    const std::string uuid = input->GetParameter("uuid");
+    const std::string name = input->GetParameter("newname");
+    SucceedOrNothing(output, "Unable to set Dovra datastore name: ",
+                     [&](const ControlLibrary& library) { library->SetDatastoreName(uuid, name); });
   }
 };
 

@@ -56,8 +56,10 @@ class PolicySetDefault final : public SuccessCommand<PolicySetDefault> {
   }
 
   void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
+    const std::string policyClass = input->GetParameter("policy-class");
+    const std::string policy = input->GetParameter("policy");
     SucceedOrFalse(output, "", [&](const ControlLibrary& library) {
-      library->SetPolicyDefault(input->GetParameter("policy-class"), input->GetParameter("policy"));
+      library->SetPolicyDefault(policyClass, policy);
     });
   }
 };

@@ -25,10 +25,11 @@ class StorageAdd final : public SuccessCommand<StorageAdd> {
   }
 
   void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
+    const std::string ssd = input->GetParameter("ssd");
     std::vector<std::string> disks;
     input->GetParameterList("disks", disks);
     SucceedOrNothing(output, "Unable to add device: ", [&](const ControlLibrary& library) {
-      library->AddDisks(input->GetParameter("ssd"), disks);
+      library->AddDisks(ssd, disks);
     });
   }
 };

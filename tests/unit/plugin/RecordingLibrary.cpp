@@ -43,6 +43,7 @@ template <class... Arguments>
 RecordingLibrary& Record(const std::string& operation, const Arguments&... arguments) {
   living->calls.push_back(operation + "(" + BaseLibs::Join(Strings{Text(arguments)...}, ", ") +
                           ")");
+  living->order += operation + ' ';
   const auto exception = living->exceptions.find(living->calls.size() - 1);
   if (exception != living->exceptions.end()) std::rethrow_exception(exception->second);
   return *living;
@@ -198,6 +199,10 @@ class RecordingLun final : public DovraDiskLun, Counted<&RecordingLibrary::liveO
   Uuid uuid_;
 };
 
+void NoteRead(const std::string& parameter) {
+  if (living) living->order += parameter + ' ';
+}
+
 /// The base library's own function of that name.
 template <class Function>
 Function* Original(const char* name) {
@@ -227,6 +232,27 @@ extern "C" char* UUID_PackText(const char* source, char* destination, std::size_
   if (living && living->uuids == RecordingLibrary::Uuids::kUnreadable) return nullptr;
   return Original<decltype(UUID_PackText)>("UUID_PackText")(source, destination, length);
 }
+
+namespace CliTools::CallSpec {
+
+std::string Input::GetParameter(const std::string& name) const {
+  NoteRead(name);
+  return HasParameter(name) ? std::get<std::string>(values_.at(name)) : "";
+}
+bool Input::GetParameterBool(const std::string& name) const {
+  NoteRead(name);
+  return std::get<bool>(values_.at(name));
+}
+std::int64_t Input::GetParameterInt(const std::string& name) const {
+  NoteRead(name);
+  return std::get<std::int64_t>(values_.at(name));
+}
+void Input::GetParameterList(const std::string& name, Strings& values) const {
+  NoteRead(name);
+  values = std::get<Strings>(values_.at(name));
+}
+
+}  // namespace CliTools::CallSpec
 
 int CliTools::AutoCli::AutoCli_ShellCmd(const std::string& command, std::string& output,
                                         const std::string& input) {

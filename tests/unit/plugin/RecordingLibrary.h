@@ -20,6 +20,8 @@ struct RecordingLibrary {
   /// true and false, lists in brackets. `GetDovraPlugin` and `GetDovraInfo` are recorded too, the
   /// shell's commands, and the pauses between restarts of the trace daemon.
   std::vector<std::string> calls;
+  /// The names of the operations and, before them, of the parameters that the command read.
+  std::string order;
   /// By a call's place in `calls`: what it throws after it was recorded.
   std::map<std::size_t, std::exception_ptr> exceptions;
 

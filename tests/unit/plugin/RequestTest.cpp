@@ -40,6 +40,26 @@ TEST(Requests, AreHandedOnAsTheyWereGiven) {
   for (const auto& [line, call] : cases) Check(line, old, kOpen + call, kTrue);
 }
 
+TEST(Requests, AreReadInOrder) {
+  const std::pair<std::string, std::string> cases[] = {
+      {"storage add -d a -s b", "ssd disks GetDovraPlugin GetDovraInfo AddDisks "},
+      {"policy setdefault -p a -c vmem",
+       "policy-class policy GetDovraPlugin GetDovraInfo SetPolicyDefault "},
+      {"datastore name set -n a -u b",
+       "uuid newname GetDovraPlugin GetDovraInfo SetDatastoreName "},
+      {"cluster unicastagent add -i a -p 1 -a ::1 -U true -u b -t witness",
+       "IsWitnessNode GetDovraPlugin GetDovraInfo type uuid supports-unicast addr port "
+       "bound-interface-name GetUnicastWitnesses AddUnicastAgent "},
+      {"cluster unicastagent add -a ::1 -U true -t node",
+       "IsWitnessNode GetDovraPlugin GetDovraInfo type "},
+  };
+  for (const auto& [line, order] : cases) {
+    RecordingLibrary library;
+    Testing::Run(line);
+    EXPECT_EQ(library.order, order);
+  }
+}
+
 TEST(Requests, AreAnsweredInRecords) {
   const auto answers = [](RecordingLibrary& library) {
     library.autoClaim = true;
