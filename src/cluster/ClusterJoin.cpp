@@ -1,6 +1,5 @@
 #include "cluster/ClusterMessages.h"
 #include "frame/Command.h"
-#include "frame/Constants.h"
 #include "platform/corectl/DovraUtil.h"
 
 namespace OrvaneCli::DovraNamespace {

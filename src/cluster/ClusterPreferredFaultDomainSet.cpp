@@ -1,7 +1,6 @@
 #include <string>
 
 #include "frame/Command.h"
-#include "frame/Constants.h"
 #include "platform/corectl/DovraUtil.h"
 
 namespace OrvaneCli::DovraNamespace {

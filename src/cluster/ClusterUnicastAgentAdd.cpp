@@ -3,7 +3,6 @@
 
 #include "cluster/UnicastAgent.h"
 #include "frame/Command.h"
-#include "frame/Constants.h"
 #include "frame/Text.h"
 #include "platform/corectl/DovraUtil.h"
 

@@ -2,7 +2,6 @@
 
 #include "cluster/UnicastAgent.h"
 #include "frame/Command.h"
-#include "frame/Constants.h"
 #include "frame/Text.h"
 #include "platform/corectl/DovraUtil.h"
 

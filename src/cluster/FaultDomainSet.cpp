@@ -1,7 +1,6 @@
 #include <string>
 
 #include "frame/Command.h"
-#include "frame/Constants.h"
 
 namespace OrvaneCli::DovraNamespace {
 

@@ -2,7 +2,6 @@
 
 #include <cstdlib>
 
-#include "frame/Constants.h"
 #include "frame/Text.h"
 
 namespace OrvaneCli::DovraNamespace {

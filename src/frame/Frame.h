@@ -12,6 +12,7 @@
 #include <utility>
 #include <vector>
 
+#include "frame/Constants.h"
 #include "frame/ControlLibrary.h"
 #include "frame/Tree.h"
 #include "platform/clitools/AutoCli.h"

@@ -2,7 +2,6 @@
 
 #include <string>
 
-#include "frame/Constants.h"
 #include "frame/Frame.h"
 
 namespace OrvaneCli::DovraNamespace {

@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "frame/Command.h"
-#include "frame/Constants.h"
 #include "frame/Text.h"
 
 namespace OrvaneCli::DovraNamespace {
