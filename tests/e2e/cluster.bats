@@ -17,24 +17,24 @@ roles() { # HOST: master, backup and members as the host sees them, by host name
     autocli lab host add --name host3
     succeed --host host3 dovra cluster join --cluster-uuid="$cluster" --wait
     for host in host1 host2 witness host3; do
-        [[ $(roles "$host") == 'host1 | host2 | host1 host2 witness host3' ]]
+        same 'host1 | host2 | host1 host2 witness host3' "$(roles "$host")"
     done
-    [[ $(cluster_field "Local Node Type" witness) == WITNESS ]]
-    [[ $(cluster_field "Sub-Cluster Membership Entry Revision") == 4 ]]
+    same WITNESS "$(cluster_field "Local Node Type" witness)"
+    same 4 "$(cluster_field "Sub-Cluster Membership Entry Revision")"
 
     succeed dovra cluster leave
-    [[ $(roles host3) == 'host2 | host3 | host2 host3 witness' ]]
-    [[ $(cluster_field "Sub-Cluster Membership Entry Revision" host3) == 5 ]]
+    same 'host2 | host3 | host2 host3 witness' "$(roles host3)"
+    same 5 "$(cluster_field "Sub-Cluster Membership Entry Revision" host3)"
     succeed dovra cluster join -u "$cluster"
-    [[ $(roles host3) == 'host2 | host3 | host2 host3 witness host1' ]]
+    same 'host2 | host3 | host2 host3 witness host1' "$(roles host3)"
     succeed dovra cluster leave
     succeed --host host2 dovra cluster leave
     succeed --host host3 dovra cluster leave
-    [[ $(roles witness) == 'none | none | witness' ]]
+    same 'none | none | witness' "$(roles witness)"
     succeed --host witness dovra cluster leave
     # Nobody is left, so the name is free for a new cluster with a datastore of its own.
     succeed dovra cluster join -u "$cluster"
-    [[ $(cluster_field "Sub-Cluster Membership Entry Revision") == 1 ]]
+    same 1 "$(cluster_field "Sub-Cluster Membership Entry Revision")"
 }
 
 @test "what join refuses" {
@@ -49,7 +49,7 @@ roles() { # HOST: master, backup and members as the host sees them, by host name
     autocli lab host add --name host3
     expect 1 false "Cluster $cluster has a witness already." --host host3 dovra cluster join -u "$cluster" -t -p a
     # None of them left anything behind.
-    [[ $(cluster_field "Sub-Cluster Membership Entry Revision") == 2 ]]
+    same 2 "$(cluster_field "Sub-Cluster Membership Entry Revision")"
     expect 1 '*' 'Dovra Clustering is not enabled on this host' --host host3 dovra cluster get
 }
 
@@ -57,18 +57,18 @@ roles() { # HOST: master, backup and members as the host sees them, by host name
     new_cluster host2
     succeed lab host reboot
     expect 1 '*' 'Dovra Clustering is not enabled on this host' dovra cluster get
-    [[ $(roles host2) == 'host2 | none | host2' ]]
+    same 'host2 | none | host2' "$(roles host2)"
     succeed dovra cluster restore --boot
-    [[ $(roles host1) == 'host2 | host1 | host2 host1' ]]
+    same 'host2 | host1 | host2 host1' "$(roles host1)"
     succeed dovra cluster restore
-    [[ $(cluster_field "Sub-Cluster Membership Entry Revision") == 4 ]]
+    same 4 "$(cluster_field "Sub-Cluster Membership Entry Revision")"
     succeed --host host2 dovra cluster leave
     succeed --host host2 dovra cluster restore --boot
     expect 1 false 'This host has no persisted Dovra cluster configuration.' --host host2 dovra cluster restore
     # The last host of a cluster may reboot: the cluster is still there for it.
     succeed lab host reboot --name host1
     succeed dovra cluster restore
-    [[ $(roles host1) == 'host1 | none | host1' ]]
+    same 'host1 | none | host1' "$(roles host1)"
     # Joining anew does as well: neither does the cluster end, nor is there a second witness.
     succeed lab host reboot --name host1
     succeed dovra cluster join -u "$cluster"
@@ -76,16 +76,16 @@ roles() { # HOST: master, backup and members as the host sees them, by host name
         succeed --host host2 dovra cluster join -u "$cluster" -t -p a
         succeed lab host reboot --name host2
     done
-    [[ $(roles host1) == 'host1 | none | host1' ]]
+    same 'host1 | none | host1' "$(roles host1)"
     revision=$(cluster_field "Sub-Cluster Membership Entry Revision")
     succeed --host host2 dovra cluster join -u 11111111-2222-3333-4444-555555555555
-    [[ $(cluster_field "Sub-Cluster Membership Entry Revision") == $((revision + 1)) ]] # it was given up here
+    same $((revision + 1)) "$(cluster_field "Sub-Cluster Membership Entry Revision")" # it was given up here
 }
 
 @test "a host that dies leaves its cluster to the others" {
     new_cluster host2
     succeed lab host remove --name host1
-    [[ $(roles host2) == 'host2 | none | host2' ]]
+    same 'host2 | none | host2' "$(roles host2)"
     [[ ! -e $AUTOCLI_LAB/hosts/host1 ]]
     expect 3 '' 'autocli: no host "host1" in this lab; its hosts are: host2' dovra cluster get
     for command in 'host remove' 'network split'; do refuse 'Unable to *: *no host "host1" *' lab $command --name host1; done
@@ -110,8 +110,8 @@ roles() { # HOST: master, backup and members as the host sees them, by host name
         expected+=,$name
     done
     succeed dovra cluster leave
-    [[ $(jq -r .datastores "$log") == "$expected" ]]
-    [[ -z $(compgen -G 'ran-*') ]]
+    diff - <(jq -r .datastores "$log") <<<"$expected"
+    same '' "$(compgen -G 'ran-*')"
 }
 
 @test "time stamps show the host's time zone" {

@@ -17,6 +17,11 @@ released_only() { ! nm -D "$PLUGIN" | grep -q __asan || skip "built with sanitiz
 # matches TEXT WANTED: whether they are equal but for what a "*" in WANTED stands for.
 matches() { [[ $1 == ${2//[\\?[(]/\\&} ]]; }
 
+# same WANTED ACTUAL: fails and shows both unless they match. "*" in WANTED matches any string.
+same() {
+    matches "$2" "$1" || { printf 'wanted: %s\nactual: %s\n' "$1" "$2"; false; }
+}
+
 # expect STATUS STDOUT STDERR WORDS...: runs autocli and compares all that it left.
 expect() {
     local wanted=("$1" "$2" "$3")
@@ -69,5 +74,8 @@ select.select([sys.stdin], [], [], float(sys.argv[2]))' "$AUTOCLI_LAB/lab.db" "$
 tamper() { python3 -c 'import sqlite3, sys; sqlite3.connect(sys.argv[1], isolation_level=None).executescript(sys.argv[2])' "$AUTOCLI_LAB/lab.db" "$1"; }
 
 release() { eval "exec ${held[1]}>&-"; }
+
+# hosts: the names of the lab's hosts.
+hosts() { autocli --formatter csv --no-header --fields Name lab host list | xargs; }
 
 host_uuid() { autocli --formatter json lab host list | jq -r --arg n "$1" '.[] | select(.Name == $n).UUID'; }

@@ -4,17 +4,14 @@ load common
 # completes LINE WANTED...: what the last word of LINE can become.
 completes() {
     run --separate-stderr autocli --complete "$1"
-    found=$(cut -f 1 <<<"$output" | xargs)
-    echo "$1 -> $found"
-    [[ $found == "${*:2}" && -z $stderr ]]
+    same "$1 -> ${*:2}" "$1 -> $(cut -f 1 <<<"$output" | xargs)$stderr"
 }
 
 # shows SHELL KEYS WANTED...: whether a terminal shows each WANTED when KEYS are typed at its prompt.
 shows() {
     local wanted
     output=$(PATH=$(dirname "$AUTOCLI"):$PATH "$BATS_TEST_DIRNAME/in-shell" "$1" "$2")
-    printf '%s %q:\n%s\n' "$1" "$2" "$output"
-    for wanted in "${@:3}"; do [[ $output == *"$wanted"* ]] || return 1; done
+    for wanted in "${@:3}"; do same "*$wanted*" "$1: $output" || return 1; done
 }
 
 @test "namespaces, commands, options and values come from the tree" {
@@ -25,7 +22,7 @@ shows() {
     completes 'autocli lab fault add --operation Leave' LeaveCluster
     completes 'autocli dovra storage automode get --fields ' Enabled
     completes 'autocli dovra cluster get --fields=Enabled,Current' '--fields=Enabled,Current Local Time'
-    [[ $("$AUTOCLI" --complete 'autocli dovra clu') == $'cluster\tCommands for Dovra host cluster configuration' ]]
+    same $'cluster\tCommands for Dovra host cluster configuration' "$("$AUTOCLI" --complete 'autocli dovra clu')"
 }
 
 @test "names and UUIDs come from the lab that the line names" {
@@ -51,7 +48,7 @@ shows() {
     completes 'autocli --host host2 dovra storage diskgroup unmount --disk ' ''
     completes "autocli --lab $BATS_TEST_TMPDIR/other --host " ''
     AUTOCLI_HOST=host2 completes 'autocli dovra storage remove --ssd ' ''
-    [[ $("$AUTOCLI" --complete "AUTOCLI_LAB=$BATS_TEST_TMPDIR/other autocli --host ") == '' ]]
+    same '' "$("$AUTOCLI" --complete "AUTOCLI_LAB=$BATS_TEST_TMPDIR/other autocli --host ")"
     [[ ! -e $BATS_TEST_TMPDIR/other ]]
     hold 600 EXCLUSIVE
     timeout 10 "$AUTOCLI" --complete 'autocli --host ' # somebody waits at the keyboard
@@ -59,7 +56,7 @@ shows() {
     echo damaged >"$AUTOCLI_LAB/lab.db"
     completes 'autocli --host ' ''
     completes "autocli --plugin-dir $BATS_TEST_TMPDIR/none " ''
-    [[ $("$AUTOCLI" --complete 'autocli --lab ') == $'/\t' ]] # any path, which the shell completes
+    same $'/\t' "$("$AUTOCLI" --complete 'autocli --lab ')" # any path, which the shell completes
 }
 
 @test "bash, zsh and fish complete at their prompts, also within quotes" {
@@ -78,5 +75,5 @@ shows() {
         shows $shell "AUTOCLI_LAB=$BATS_TEST_TMPDIR/other autocli --host e"$'\t\n' '<--host><elsewhere>'
     done
     shows bash $'alias ac="autocli -f json"; complete -F _autocli ac\nac dovra clus\t\n' '<-f><json><dovra><cluster>'
-    [[ $(zsh -f -c 'source <("$AUTOCLI" --completion zsh)' 2>&1) == *'autoload -Uz compinit && compinit' ]]
+    same '*autoload -Uz compinit && compinit' "$(zsh -f -c 'source <("$AUTOCLI" --completion zsh)' 2>&1)"
 }

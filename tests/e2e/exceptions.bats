@@ -7,7 +7,7 @@ load common
     plugin="the plug-in \"$FAULTY_PLUGINS/libfaulty_plugin.so\""
     while IFS='|' read -r fault error; do
         FAULT=$fault expect 3 '' "autocli: $error" --plugin-dir "$FAULTY_PLUGINS" odd
-        [[ $(autocli --formatter json lab host list) == "$before" ]]
+        same "$before" "$(autocli --formatter json lab host list)"
     done <<EOF
 throws an error|internal error: an error\\nof its own
 throws a refusal|internal error: a refusal
@@ -24,7 +24,7 @@ no record|$plugin is broken: "odd" returns what has a list with an element that 
 part of itself|$plugin is broken: "odd" returns what contains itself
 EOF
     succeed lab host remove --name host2
-    [[ $(ls -A "$AUTOCLI_LAB/hosts") == host1 ]] # nor files of a host that never came
+    same host1 "$(ls -A "$AUTOCLI_LAB/hosts")" # nor files of a host that never came
 }
 
 @test "what a plug-in declares is shown without control characters and as UTF-8" {
@@ -34,7 +34,7 @@ EOF
     is_shown() {
         cat -v shown
         grep -aqF 'odd\x1b[2J\x9b2J\r' <(sed 's/\\\([][\\]\)/\1/g' shown) && iconv -f UTF-8 shown >/dev/null &&
-            [[ -z $(LC_ALL=C.UTF-8 grep -aP '[^\P{Cc}\t]' shown) ]]
+            same '' "$(LC_ALL=C.UTF-8 grep -aP '[^\P{Cc}\t]' shown)"
     }
     while IFS='|' read -r -a words; do
         "$AUTOCLI" --plugin-dir "$FAULTY_PLUGINS" "${words[@]}" &>shown || (($? < 3))

@@ -21,7 +21,7 @@ as_nobody() {
         echo mine >"$folder/$path"
         before=$(tree "$folder")
         unusable "the lab's folder \"$folder\" holds other things and no lab; a new lab wants a new or empty folder" --lab "$folder" dovra trace get
-        [[ $(tree "$folder") == "$before" ]]
+        same "$before" "$(tree "$folder")"
     done
     unusable "the lab's folder \"$folder/$path\" is not a folder" --lab "$folder/$path" dovra trace get
     unusable "the lab's folder \"$folder/$path/below\" *" --lab "$folder/$path/below" dovra trace get
@@ -47,12 +47,12 @@ as_nobody() {
     ln -s "$BATS_TEST_TMPDIR/elsewhere" "$AUTOCLI_LAB/hosts"
     elsewhere=$(tree "$BATS_TEST_TMPDIR/elsewhere")
     unusable "\"$AUTOCLI_LAB/hosts\" is in the way, *" lab reset --force
-    [[ $(tree "$BATS_TEST_TMPDIR/elsewhere") == "$elsewhere" ]]
+    same "$elsewhere" "$(tree "$BATS_TEST_TMPDIR/elsewhere")"
     rm "$AUTOCLI_LAB/hosts"
     mv "$BATS_TEST_TMPDIR/elsewhere" "$AUTOCLI_LAB/hosts"
     succeed lab reset --force
-    [[ $(tree "$AUTOCLI_LAB/hosts/mine" && tree "$BATS_TEST_TMPDIR/moved-root") == "$before" ]]
-    [[ $(ls -A "$AUTOCLI_LAB/hosts") == $'host1\nhost2\nmine' ]]
+    same "$before" "$(tree "$AUTOCLI_LAB/hosts/mine" && tree "$BATS_TEST_TMPDIR/moved-root")"
+    same $'host1\nhost2\nmine' "$(ls -A "$AUTOCLI_LAB/hosts")"
 }
 
 @test "a new host has files of its own, whoever had its name" {
@@ -74,7 +74,7 @@ as_nobody() {
     succeed dovra trace set --path /new
     succeed lab host remove --name host2
     expect 0 '   DOVRA Traces Directory: /new*' '' dovra trace get
-    [[ $(ls -A "$AUTOCLI_LAB/hosts") == host1 ]]
+    same host1 "$(ls -A "$AUTOCLI_LAB/hosts")"
 }
 
 @test "a store that is none, damaged or of another version is refused and left as it is" {
@@ -89,7 +89,7 @@ as_nobody() {
     while IFS='|' read -r damage error commands; do
         cp --remove-destination "$BATS_TEST_TMPDIR/good" "$store"
         ask "$enabled"
-        [[ $told == true ]]
+        same true "$told"
         eval "$damage"
         before=$(sha256sum <"$store")
         IFS=, read -ra lines <<<"$commands"
@@ -97,9 +97,9 @@ as_nobody() {
             echo "$damage: $line"
             unusable "$error" $line
             ask "$line"
-            matches "${told#autocli: standard input:*: }" "$error"
+            same "$error" "${told#autocli: standard input:*: }"
         done
-        [[ $(sha256sum <"$store") == "$before" ]]
+        same "$before" "$(sha256sum <"$store")"
     done <<EOF
 : >"\$store"|"$store" is not a lab's store|dovra cluster get,dovra cluster leave
 seq 9999 >"\$store"|"$store" is not a lab's store|dovra cluster get,dovra cluster leave
@@ -117,21 +117,21 @@ tamper "UPDATE hosts SET uuid = '/../victim'"|the lab's store "$store" is damage
 tamper "DELETE FROM lab"|the lab's store "$store" is damaged: it has no name|lab host add -n x
 EOF
     cp "$BATS_TEST_TMPDIR/good" "$store"
-    [[ $(cluster_field Enabled) == true ]]
+    same true "$(cluster_field Enabled)"
     link="--lab $BATS_TEST_TMPDIR/link $enabled"
     mkdir "$BATS_TEST_TMPDIR/new"
     ln -s "$AUTOCLI_LAB" "$BATS_TEST_TMPDIR/link"
     ask "$link"
-    [[ $told == true ]]
+    same true "$told"
     ln -sfn new "$BATS_TEST_TMPDIR/link"
     ask "$link"
-    [[ $told == false ]]
+    same false "$told"
     read -r <&"${batch[0]}" # why
     ask "$enabled"
-    [[ $told == true ]]
+    same true "$told"
     rm -r "$AUTOCLI_LAB"
     ask "$enabled"
-    [[ $told == false ]]
+    same false "$told"
 }
 
 @test "paths that SQLite would take for something else, or not at all" {
@@ -150,7 +150,7 @@ EOF
         (umask $mask; "$AUTOCLI" dovra cluster new)
         modes=$(cd "$AUTOCLI_LAB" && stat -c %a lab.db hosts/host1/etc/init.d/dovratraced hosts/host1/etc/orvane/dovra/dovratraced.conf hosts)
         file=$(printf %o $((0666 & ~0$mask))) program=$(printf %o $((0777 & ~0$mask)))
-        [[ $(xargs <<<"$modes") == "$file $program $file $program" ]]
+        same "$file $program $file $program" "$(xargs <<<"$modes")"
     done
     unusable "the lab's folder \"$AUTOCLI_LAB\" cannot be used: Permission denied" dovra cluster get
     AUTOCLI_LAB=$BATS_TEST_TMPDIR/022
@@ -163,7 +163,7 @@ EOF
         unusable "the lab's store \"$AUTOCLI_LAB/lab.db\" cannot be written" $line
     done
     expect 1 '' '*' dovra trace set -p /x
-    [[ $(tree "$AUTOCLI_LAB") == "$before" ]]
+    same "$before" "$(tree "$AUTOCLI_LAB")"
     chmod go-r "$AUTOCLI_LAB/lab.db"
     unusable "the lab's store \"$AUTOCLI_LAB/lab.db\" cannot be *(Permission denied)" dovra cluster get
     chown -R 65534:65534 "$AUTOCLI_LAB"

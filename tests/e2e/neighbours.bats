@@ -10,8 +10,8 @@ agents() { autocli --formatter json dovra cluster unicastagent list | jq -c 'map
     add='dovra cluster unicastagent add'
     succeed $add -a 10.0.0.9
     succeed $add -t node -u $host2 -U true -a fe80::2 -p 4000 -i knic1
-    [[ $(agents) == '[["00000000-0000-0000-0000-000000000000",1,false,"10.0.0.9",12321,""],["'$host2'",0,true,"fe80::2",4000,"knic1"]]' ]]
-    [[ $(cluster_field "Unicast Mode Enabled") == true ]]
+    same '[["00000000-0000-0000-0000-000000000000",1,false,"10.0.0.9",12321,""],["'$host2'",0,true,"fe80::2",4000,"knic1"]]' "$(agents)"
+    same true "$(cluster_field "Unicast Mode Enabled")"
     before=$(agents)
     succeed lab agent add -a 10.0.0.7
     refuse 'Dovra does not support connecting to more than one unicast witness, and there are already multiple unicast witnesses configured: 10.0.0.9,10.0.0.7.' $add -a 10.0.0.8
@@ -26,14 +26,14 @@ agents() { autocli --formatter json dovra cluster unicastagent list | jq -c 'map
     refuse "There is a unicast agent with UUID $host2 already." $node $host2 -a 10.0.0.3
     remove='dovra cluster unicastagent remove'
     refuse 'Unable to remove the unicast agent: There is no unicast agent at 10.0.0.9 port 1.' $remove -a 10.0.0.9 -p 1
-    [[ $(agents) == "$before" ]]
+    same "$before" "$(agents)"
     succeed $remove -a 10.0.0.9
     succeed $remove -a fe80::2 -p 4000 -u ${host2^^}
-    [[ $(agents) == '[]' ]]
+    same '[]' "$(agents)"
     for i in 1 2 3; do succeed $node 10000000-0000-0000-0000-00000000000$i -a 10.0.0.$i; done
     succeed dovra cluster unicastagent clear
     succeed dovra cluster unicastagent clear
-    [[ $(agents) == '[]' ]]
+    same '[]' "$(agents)"
 }
 
 @test "a stretched cluster of two sites and a witness" {
@@ -81,13 +81,13 @@ agents() { autocli --formatter json dovra cluster unicastagent list | jq -c 'map
     expect 1 false 'No maintenance mode operation is in progress on this host.' dovra maintenancemode cancel
     succeed lab maintenance start
     refuse 'Unable to start maintenance: This host is entering maintenance mode already.' lab maintenance start
-    [[ $(cluster_field "Maintenance Mode State") == ENTERING ]]
+    same ENTERING "$(cluster_field "Maintenance Mode State")"
     succeed dovra maintenancemode cancel
-    [[ $(cluster_field "Maintenance Mode State") == OFF ]]
+    same OFF "$(cluster_field "Maintenance Mode State")"
     succeed lab maintenance start
     succeed lab host reboot
     succeed dovra cluster restore
-    [[ $(cluster_field "Maintenance Mode State") == OFF ]]
+    same OFF "$(cluster_field "Maintenance Mode State")"
 }
 
 knics() { autocli --formatter json dovra network list | jq -c 'map([."KNic Name", ."Agent Group Multicast Port", ."Multicast TTL", ."Traffic Type"])'; }
@@ -95,26 +95,26 @@ knics() { autocli --formatter json dovra network list | jq -c 'map([."KNic Name"
 @test "interfaces: what is running and what is persisted" {
     expect 0 '' '' dovra network list
     succeed dovra network ip add -i knic0
-    [[ $(autocli --formatter json dovra network list | jq -c '.[] | del(."Interface UUID") | [.[]]') == '["knic0","IP","224.2.3.4","FF19:0:0:0:0:2:3:4",23451,"224.1.2.3","FF19:0:0:0:0:1:2:3",12345,12321,5,"dovra"]' ]]
+    same '["knic0","IP","224.2.3.4","FF19:0:0:0:0:2:3:4",23451,"224.1.2.3","FF19:0:0:0:0:1:2:3",12345,12321,5,"dovra"]' "$(autocli --formatter json dovra network list | jq -c '.[] | del(."Interface UUID") | [.[]]')"
     succeed dovra network ipv4 add -i knic1 -T witness -T dovra -T witness -p 1000
-    [[ $(knics) == '[["knic0",23451,5,"dovra"],["knic1",1000,5,"dovra, witness"]]' ]]
+    same '[["knic0",23451,5,"dovra"],["knic1",1000,5,"dovra, witness"]]' "$(knics)"
     uuids=$(autocli --formatter json dovra network list | jq -c 'map(."Interface UUID")')
     [[ $uuids != *'""'* ]]
     succeed dovra network ip set -i knic0 -t 9 -T witness
-    [[ $(autocli --formatter json dovra network list | jq -c 'map(."Interface UUID")') == "$uuids" ]]
+    same "$uuids" "$(autocli --formatter json dovra network list | jq -c 'map(."Interface UUID")')"
     both='[["knic0",23451,9,"witness"],["knic1",1000,5,"dovra, witness"]]'
-    [[ $(knics) == "$both" ]]
+    same "$both" "$(knics)"
 
     succeed lab host reboot
-    [[ $(knics) == '[]' ]]
+    same '[]' "$(knics)"
     succeed dovra network restore
-    [[ $(knics) == "$both" ]]
+    same "$both" "$(knics)"
     succeed dovra network ip remove -i knic0
     expect 1 false 'Interface "knic0" is not in the Dovra network configuration.' dovra network remove -i knic0
     succeed dovra network remove -i knic0 --force
     succeed dovra network clear
     succeed dovra network restore
-    [[ $(knics) == '[]' ]]
+    same '[]' "$(knics)"
 }
 
 @test "what the storage network refuses, and stores nothing of" {
@@ -126,8 +126,8 @@ knics() { autocli --formatter json dovra network list | jq -c 'map([."KNic Name"
     refuse "The master group's port 70000 is not between 1 and 65535." $add knic0 -o 70000
     refuse "The host's unicast port -1 is not between 1 and 65535." $add knic0 -c -1
     refuse 'The multicast TTL 0 is not between 1 and 255.' $add knic0 -t 0
-    [[ $(knics) == '[]' ]]
+    same '[]' "$(knics)"
     succeed $add knic0 -p 65535 -t 255
     refuse 'The multicast TTL 256 is not between 1 and 255.' dovra network ip set -i knic0 -t 256
-    [[ $(knics) == '[["knic0",65535,255,"dovra"]]' ]]
+    same '[["knic0",65535,255,"dovra"]]' "$(knics)"
 }

@@ -10,8 +10,8 @@ works() {
     mkdir -p "$home/host"
     for library in clitools corectl corectlcore dovracorectl baselibs; do echo other >"$home/host/lib$library.so"; done
     alone() { env -i HOME="$home" PATH=/usr/bin:/bin LD_LIBRARY_PATH="$home/host" "$@"; }
-    [[ $(alone "$1" dovra trace set --numfiles 3) == true ]]
-    [[ $(alone "$1" --formatter json dovra trace get | jq '."Number Of Files To Rotate"') == 3 ]]
+    same true "$(alone "$1" dovra trace set --numfiles 3)"
+    same 3 "$(alone "$1" --formatter json dovra trace get | jq '."Number Of Files To Rotate"')"
     [[ -f $home/.local/state/autocli/lab/lab.db ]]
 }
 
@@ -22,7 +22,7 @@ works() {
     ln -s "other place/bin/autocli" "$BATS_TEST_TMPDIR/linked"
     works "$BATS_TEST_TMPDIR/linked"
     cmake --install "$build" --prefix "$BATS_TEST_TMPDIR/host" --component plugin >/dev/null
-    [[ $(cd "$BATS_TEST_TMPDIR/host" && find . -name '*.so') == ./lib/orvane/autocli/plugins/libdovra.so ]]
+    same ./lib/orvane/autocli/plugins/libdovra.so "$(cd "$BATS_TEST_TMPDIR/host" && find . -name '*.so')"
 }
 
 @test "the Debian packages, installed into an empty root" {
@@ -35,20 +35,20 @@ works() {
     cd "$root"
     works usr/bin/autocli
     "$BATS_TEST_DIRNAME/../../script/check-plugin" usr/lib/orvane/autocli/plugins/libdovra.so usr/lib/autocli/platform
-    [[ $(man -M usr/share/man -w autocli dovra dovra-plugin | wc -l) == 3 ]]
+    same 3 "$(man -M usr/share/man -w autocli dovra dovra-plugin | wc -l)"
     named=$(MANWIDTH=500 man -M usr/share/man autocli dovra | grep -o 'usr/share/doc/[a-z/.-]*[a-z]' | sort -u)
-    [[ $(wc -l <<<"$named") == 3 && -z $(xargs ls -d <<<"$named" 2>&1 >/dev/null) ]]
+    same 3 "$(xargs ls -d <<<"$named" | wc -l)"
     [[ -s usr/share/bash-completion/completions/autocli ]]
     # None of the lab's libraries is where a loader would take it for a host's.
-    [[ -z $(find usr/lib -maxdepth 1 -name '*.so') && -z $(find . -perm /022 ! -type l ! -path './var/*' ! -path .) ]]
+    same '' "$(find usr/lib -maxdepth 1 -name '*.so' && find . -perm /022 ! -type l ! -path './var/*' ! -path .)"
     depends() { dpkg --root="$root" --status "$1" | sed -n 's/^Depends: //p' | tr -d ' ' | tr , '\n' | sed 's/(.*//' | sort | paste -sd' '; }
-    [[ $(depends dovra-plugin) == 'libc6 libgcc-s1 libstdc++6' ]]
+    same 'libc6 libgcc-s1 libstdc++6' "$(depends dovra-plugin)"
     # Both name the commit, as the program does.
     commit=$(usr/bin/autocli --version | grep -oE 'commit [0-9a-f]{7,}|commit unknown')
     for package in dovra-plugin dovra-lab; do
-        [[ $(dpkg --root="$root" --status $package) == *"Built from $commit."* ]]
+        same "*Built from $commit.*" "$(dpkg --root="$root" --status $package)"
         zgrep -qi "built from $commit" usr/share/doc/$package/changelog.gz
         grep -q 'No licence has been granted yet' usr/share/doc/$package/copyright
     done
-    [[ $(depends dovra-lab) == *python3* && $(depends dovra-lab) == *libuuid1* ]]
+    same '*libuuid1*python3*' "$(depends dovra-lab)"
 }

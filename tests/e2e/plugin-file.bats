@@ -1,16 +1,17 @@
 # The file that ships to a host.
 load common
 
-check() { run --separate-stderr "$BATS_TEST_DIRNAME/../../script/check-plugin" "$@"; }
+# check WANTED ARGUMENTS...: compares check-plugin's exit status and output with WANTED.
+check() {
+    run "$BATS_TEST_DIRNAME/../../script/check-plugin" "${@:2}"
+    same "$1" "$status: $output"
+}
 
 @test "it is fit for a host, and the lab's copy is not" {
     released_only
-    check "$PLUGIN"
-    [[ $status == 0 ]]
-    check "$PLUGIN" "$(platform)"
-    [[ $status == 0 && $output == *"all defined in $(platform)"*"is fit for a host" ]]
-    check "$(platform)/../plugins/libdovra.so"
-    [[ $status == 1 && $stderr == *"leaves open what no platform library defines: Lab::"* ]]
+    check '0: *' "$PLUGIN"
+    check "0: *all defined in $(platform)*is fit for a host" "$PLUGIN" "$(platform)"
+    check '1: *leaves open what no platform library defines: Lab::*' "$(platform)/../plugins/libdovra.so"
 }
 
 @test "a file that is not fit for a host is refused, with the reason" {
@@ -19,13 +20,11 @@ check() { run --separate-stderr "$BATS_TEST_DIRNAME/../../script/check-plugin" "
     link() { c++ -shared -fPIC -o plugin.so -Wl,--no-as-needed "${@:2}" -x c++ - -L"$(platform)" -lclitools -lcorectlcore -lcorectl -ldovracorectl -lbaselibs <<<"$1"; }
     refused() { # REASON SOURCE FLAGS...
         link "${@:2}"
-        check plugin.so "$(platform)"
-        [[ $status == 1 && -z $output ]] && matches "$stderr" "plugin.so: $1" || { echo "$stderr"; false; }
+        check "1: plugin.so: $1" plugin.so "$(platform)"
     }
     entry='extern "C" void AutoCli_RegisterNamespaces'
     link "$entry() {}"
-    check plugin.so "$(platform)"
-    [[ $status == 0 ]]
+    check '0: *' plugin.so "$(platform)"
     c++ -shared -fPIC -o libother.so -x c++ - <<<''
     refused 'exports extra()' "$entry() {} void extra() {}"
     refused 'does not export its entry point AutoCli_RegisterNamespaces' ''
@@ -34,14 +33,10 @@ check() { run --separate-stderr "$BATS_TEST_DIRNAME/../../script/check-plugin" "
     refused 'brings a search path of its own: /opt' "$entry() {}" -Wl,-rpath,/opt
     refused 'leaves open what no platform library defines: missing()' "void missing(); $entry() { missing(); }"
     refused 'leaves open what no platform library defines: CliTools::Gone()' "namespace CliTools { void Gone(); } $entry() { CliTools::Gone(); }"
-    check plugin.so # a name of the platform's: only its libraries tell
-    [[ $status == 0 ]]
-    check plugin.so .
-    [[ $status == 1 && $stderr == *'needs libclitools.so, which is not in .'* ]]
-    check "$BATS_TEST_FILENAME"
-    [[ $status == 1 && $stderr == *'is not a shared library' ]]
-    check gone.so
-    [[ $status == 1 && $stderr == 'gone.so: is no file' ]]
+    check '0: *' plugin.so # a name of the platform's: only its libraries tell
+    check '1: *needs libclitools.so, which is not in .*' plugin.so .
+    check '1: *is not a shared library' "$BATS_TEST_FILENAME"
+    check '1: gone.so: is no file' gone.so
 }
 
 @test "it goes to the host's real files, and the lab's copy does not" {
@@ -53,16 +48,14 @@ check() { run --separate-stderr "$BATS_TEST_DIRNAME/../../script/check-plugin" "
             "$AUTOCLI" --plugin-dir "$1" dovra trace get &>/dev/null || true
         sed -n 's/.*execve("\([^"]*\)".*/\1/p' "$BATS_TEST_TMPDIR/trace"
     }
-    [[ $(runs "$(dirname "$PLUGIN")") == /etc/init.d/dovratraced ]]
-    [[ -z $(runs "$(platform)/../plugins") ]]
+    same /etc/init.d/dovratraced "$(runs "$(dirname "$PLUGIN")")"
+    same '' "$(runs "$(platform)/../plugins")"
 }
 
 @test "it is hardened, and no binary tells where it was built" {
     released_only
-    dynamic=$(readelf --wide --dynamic "$PLUGIN")
-    [[ $dynamic == *'(FLAGS)'*BIND_NOW* && $dynamic == *'(FLAGS_1)'*NODELETE* ]]
-    [[ $(readelf --wide --segments "$PLUGIN") == *GNU_RELRO* ]]
-    [[ $(nm --dynamic "$PLUGIN") == *__stack_chk_fail* ]]
+    same '*GNU_RELRO*(FLAGS)*BIND_NOW*(FLAGS_1)*NODELETE*' "$(readelf --wide --segments --dynamic "$PLUGIN")"
+    same '*__stack_chk_fail*' "$(nm --dynamic "$PLUGIN")"
     here=$(realpath "$BATS_TEST_DIRNAME/../..")
     run ! grep --text --files-with-matches --fixed-strings --recursive "$here" \
         "$PLUGIN" "$AUTOCLI" "$(platform)" "$(platform)/../plugins"

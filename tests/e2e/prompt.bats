@@ -9,7 +9,7 @@ load common
     wrong "dovra cluster leave: --fields: this command's result has no fields" --fields Name dovra cluster leave
     wrong '--fields: a name is empty' --fields 'Name,' lab host list
     wrong 'lab host list: --fields: "Name" is named twice' --fields Name,UUID,Name lab host list
-    [[ $(cluster_field Enabled) == true ]] # it did not leave
+    same true "$(cluster_field Enabled)" # it did not leave
 }
 
 @test "a batch runs its lines as they would run alone" {
@@ -28,8 +28,8 @@ lab host add -n never
 END
     expect 1 $'true\ntrue\nEnabled\ntrue\nUsage: *\ntrue\ntrue\n[\n  {\n    "Name": "host1"\n  },\n  {\n    "Name": "host2"\n  }\n]' \
         "$BATS_TEST_TMPDIR/batch:10: not 'now'" --formatter json --batch "$BATS_TEST_TMPDIR/batch"
-    [[ $(autocli --lab "$BATS_TEST_TMPDIR/other lab" --formatter csv --fields Name lab host list) == $'Name\nhost1\nother' ]]
-    [[ $(autocli lab host list) != *never* ]]
+    same $'Name\nhost1\nother' "$(autocli --lab "$BATS_TEST_TMPDIR/other lab" --formatter csv --fields Name lab host list)"
+    same 'host1 host2' "$(hosts)"
 
     expect 1 $'true\nfalse\ntrue' 'standard input:2: *' --host host2 --keep-going --batch - <<<$'lab traced set -s stopped\ndovra maintenancemode cancel\nlab reset --force'
     cd "$BATS_TEST_TMPDIR"
@@ -37,14 +37,14 @@ END
     printf '%s' "$lines" >wrong
     printf '\0lab reset' >>wrong
     expect 3 '' '*' --keep-going --batch wrong
-    [[ $stderr == 'autocli: wrong:1: the quote " in column 5 has no end
+    same 'autocli: wrong:1: the quote " in column 5 has no end
 autocli: wrong:2: no host "nope" in this lab; its hosts are: host1
 autocli: wrong:3: --batch, --keep-going and --echo are not for the lines of a batch
 autocli: wrong:4: --batch, --keep-going and --echo are not for the lines of a batch
 autocli: wrong:5: --plugin-dir goes with --batch: all lines have the same commands
-autocli: wrong:6: dovra: there is no "clutser"; did you mean "cluster"? '*'
+autocli: wrong:6: dovra: there is no "clutser"; did you mean "cluster"? *
 autocli: wrong:7: a NUL byte: this is no text
-autocli: 7 lines failed' ]]
+autocli: 7 lines failed' "$stderr"
     expect 2 '' 'autocli: wrong:1: *' --batch wrong
     wrong '--batch: "none" cannot be read: No such file or directory' --batch none
 
@@ -55,10 +55,9 @@ autocli: 7 lines failed' ]]
 
 @test "a batch reads long lines, leaves no file open, and ends at a line for which there is no memory" {
     run bash -c 'ulimit -n 40; yes "dovra trace get" | head -n 50 | "$AUTOCLI" --batch -'
-    [[ $status == 0 ]]
+    same '0: *' "$status: $output"
     { echo 'dovra trace get \' && yes '        \' | head -n 100000; echo; } | timeout 10 "$AUTOCLI" --batch - # scanned again for each line: a minute
     released_only
     run bash -c 'ulimit -v 200000; "$AUTOCLI" --batch <(echo lab host list; head -c 300M /dev/zero)'
-    echo "$status $output"
-    [[ $status == 3 && $output == *'cannot be read: Cannot allocate memory' ]]
+    same '3: *cannot be read: Cannot allocate memory' "$status: $output"
 }

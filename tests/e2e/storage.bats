@@ -13,7 +13,7 @@ mounted() { autocli --formatter json dovra storage list | jq -c 'map(."Is Mounte
     expect 0 '' '' dovra storage list
     succeed dovra storage add -s $ssd -d "$(hdd 0)" -d "$(hdd 1)"
     expect 0 '*' '' --formatter json dovra storage list
-    [[ $(jq -r '.[] | select(.Device == "'$ssd'") | [."Is SSD", ."Is Capacity Tier", ."In Tavdir", ."On-disk format version"] | @csv' <<<"$output") == 'true,false,false,"5"' ]]
+    same 'true,false,false,"5"' "$(jq -r '.[] | select(.Device == "'$ssd'") | [."Is SSD", ."Is Capacity Tier", ."In Tavdir", ."On-disk format version"] | @csv' <<<"$output")"
 
     before=$(claimed)
     add='dovra storage add -s'
@@ -27,7 +27,7 @@ mounted() { autocli --formatter json dovra storage list | jq -c 'map(."Is Mounte
     refuse "Unable to remove device: Disk \"$ssd\" fronts a disk group; *" $remove -d $ssd
     refuse "Unable to remove device: Disk \"$(hdd 0)\" does not front a disk group." $remove -s "$(hdd 0)"
     refuse "Unable to remove device: Host host1 has no disk with UUID 00000000-0000-0000-0000-000000000000." $remove -u 00000000-0000-0000-0000-000000000000
-    [[ $(claimed) == "$before" ]]
+    same "$before" "$(claimed)"
 
     tamper "UPDATE disks SET deduplication = 1, checksum = 'sum', checksum_ok = 0, encryption = 1, key_loaded = 1, format_version = 3 WHERE device = '$ssd'"
     expect 0 $'Device,Deduplication,Checksum,Checksum OK,Encryption,DiskKeyLoaded,On-disk format version\n'$ssd,true,sum,false,true,true,2.5 '' \
@@ -36,7 +36,7 @@ mounted() { autocli --formatter json dovra storage list | jq -c 'map(."Is Mounte
     succeed $remove -d "$(hdd 0)" -m evacuateAllData
     succeed $add $ssd -d "$(hdd 0)"
     succeed $remove -u "$(uuid_of $ssd)"
-    [[ -z $(claimed) ]]
+    same '' "$(claimed)"
 }
 
 @test "disk groups mount and unmount, flash is tagged" {
@@ -51,32 +51,32 @@ mounted() { autocli --formatter json dovra storage list | jq -c 'map(."Is Mounte
     refuse "Unable to remove tag for disk: Disk \"$ssd2\" is in use *" dovra storage tag remove -t capacityFlash -d $ssd2
     group='dovra storage diskgroup'
     succeed $group unmount -s $ssd
-    [[ $(mounted) == '[false]' ]]
+    same '[false]' "$(mounted)"
     refuse "Unable to unmount: Disk \"$ssd\" is not mounted." $group unmount -s $ssd
     refuse "Unable to mount: Disk group \"$ssd\" is not mounted; *" $group mount -d $ssd2
     succeed $group mount -u "$(uuid_of $ssd)"
-    [[ $(mounted) == '[true]' ]]
+    same '[true]' "$(mounted)"
     succeed $group unmount -d $ssd2
-    [[ $(mounted) == '[false,true]' ]]
+    same '[false,true]' "$(mounted)"
     succeed $group mount -d $ssd2
 }
 
 @test "auto claim takes what is empty when a disk comes" {
     expect 0 '   Enabled: false' '' dovra storage automode get
     succeed lab disk add -d new0 -k capacity
-    [[ -z $(claimed) ]]
+    same '' "$(claimed)"
     succeed dovra storage automode set --enabled on
-    [[ -z $(claimed) ]]
+    same '' "$(claimed)"
     succeed lab disk unplug -d new0
     succeed lab disk replace -d new0
-    [[ $(claimed) == *' new0=capacity' ]]
+    same '* new0=capacity' "$(claimed)"
     succeed lab disk add -d new1 -k capacity
-    [[ $(claimed | tr ' ' '\n' | cut -d= -f2 | sort | uniq -c | xargs) == '2 cache 6 capacity' ]]
+    same '2 cache 6 capacity' "$(claimed | tr ' ' '\n' | cut -d= -f2 | sort | uniq -c | xargs)"
     refuse 'Unable to add disk: Host host1 has a disk "new1" already.' lab disk add -d new1 -k flash
     succeed lab disk add -d new2 -k flash
     succeed lab disk unplug -d new1 # it keeps its place
     autocli --batch <(printf 'lab disk add -k capacity -d more%s\n' {1..16}) >/dev/null
-    [[ $(claimed | tr ' ' '\n' | cut -d= -f2 | sort | uniq -c | xargs) == '3 cache 21 capacity' ]] # all groups are full
+    same '3 cache 21 capacity' "$(claimed | tr ' ' '\n' | cut -d= -f2 | sort | uniq -c | xargs)" # all groups are full
 }
 
 @test "many disks come in groups, each time on an adapter of their own" {
@@ -84,8 +84,8 @@ mounted() { autocli --formatter json dovra storage list | jq -c 'map(."Is Mounte
     succeed lab disk generate --count 1
     refuse 'Unable to add device: Disk group "mpx.xhba3:C0:T0:L0" can have at most 7 capacity disks.' dovra storage add -s mpx.xhba3:C0:T0:L0 -d "$(hdd 0)"
     refuse 'Unable to add disk: A disk needs a device name.' lab disk add -d '' -k flash
-    [[ $(claimed) == "$(printf 'mpx.xhba3:C0:T%s ' 0:L0=cache {1..7}:L0=capacity 8:L0=cache)mpx.xhba4:C0:T0:L0=cache" ]]
-    [[ $(autocli -f json dovra storage list | jq -c 'map(."DOVRA Disk Group Name") | unique') == '["mpx.xhba3:C0:T0:L0","mpx.xhba3:C0:T8:L0","mpx.xhba4:C0:T0:L0"]' ]]
+    same "$(printf 'mpx.xhba3:C0:T%s ' 0:L0=cache {1..7}:L0=capacity 8:L0=cache)mpx.xhba4:C0:T0:L0=cache" "$(claimed)"
+    same '["mpx.xhba3:C0:T0:L0","mpx.xhba3:C0:T8:L0","mpx.xhba4:C0:T0:L0"]' "$(autocli -f json dovra storage list | jq -c 'map(."DOVRA Disk Group Name") | unique')"
 }
 
 @test "the service knows the disks of other hosts, this host only its own" {
@@ -93,9 +93,9 @@ mounted() { autocli --formatter json dovra storage list | jq -c 'map(."Is Mounte
     succeed dovra storage add -s $ssd -d "$(hdd 0)"
     succeed --host host2 dovra storage add -s $ssd -d "$(hdd 0)"
     expect 0 '*' '' --formatter json dovra storage list
-    [[ $(jq -c '[length, (map(select(."Used by this host")) | length), (map(select(."In Tavdir")) | length)]' <<<"$output") == '[4,2,4]' ]]
+    same '[4,2,4]' "$(jq -c '[length, (map(select(."Used by this host")) | length), (map(select(."In Tavdir")) | length)]' <<<"$output")"
     expect 0 '*' '' --formatter json dovra storage list -d $ssd
-    [[ $(jq length <<<"$output") == 1 ]]
+    same 1 "$(jq length <<<"$output")"
 }
 
 @test "datastores: unique names, a default that stays" {
@@ -105,7 +105,7 @@ mounted() { autocli --formatter json dovra storage list | jq -c 'map(."Is Mounte
     id=12345678-1234-1234-1234-1234567890AB
     succeed dovra datastore add -n one -u $id
     succeed dovra datastore add -n two
-    [[ $(autocli --formatter json dovra datastore list | jq -c 'map([."User Friendly Name", .Default])') == '[["dovraDatastore",true],["one",false],["two",false]]' ]]
+    same '[["dovraDatastore",true],["one",false],["two",false]]' "$(autocli --formatter json dovra datastore list | jq -c 'map([."User Friendly Name", .Default])')"
     refuse "Unable to add datastore: The name \"one\" is taken by datastore ${id,,}." dovra datastore add -n one
     refuse 'Unable to add datastore: The nil UUID names no datastore.' dovra datastore add -n three -u 00000000-0000-0000-0000-000000000000
     refuse "Unable to add datastore: Datastore ${id,,} exists already." dovra datastore add -n three -u $id
@@ -138,9 +138,9 @@ mounted() { autocli --formatter json dovra storage list | jq -c 'map(."Is Mounte
     spoiled 'The policy attribute iopsLimit is given twice.' iopsLimit=1,iopsLimit=2
     spoiled '"thick" is not of the form attribute=value.' thick
     spoiled 'The policy is empty; *' ' , '
-    [[ $(autocli --formatter csv dovra policy getdefault) == $'Policy Class,Policy Value\ncluster,\nvdisk,"hostFailuresToTolerate=2, stripeWidth=12 replicaPreference=RAID-5/6"\nvmnamespace,\nvmswap,\nvmem,' ]]
+    same $'Policy Class,Policy Value\ncluster,\nvdisk,"hostFailuresToTolerate=2, stripeWidth=12 replicaPreference=RAID-5/6"\nvmnamespace,\nvmswap,\nvmem,' "$(autocli --formatter csv dovra policy getdefault)"
     succeed dovra policy cleardefault
-    [[ $(autocli --formatter json dovra policy getdefault | jq -c 'map(."Policy Value") | unique') == '[""]' ]]
+    same '[""]' "$(autocli --formatter json dovra policy getdefault | jq -c 'map(."Policy Value") | unique')"
 }
 
 @test "resync answers to its throttle" {
@@ -165,6 +165,6 @@ mounted() { autocli --formatter json dovra storage list | jq -c 'map(."Is Mounte
     mv "$conf" "$conf.real" && ln -s "$conf.real" "$conf" && chmod 640 "$conf.real"
     printf '# a\rb\r\nDOVRATRACED_LAST_SELECTED_VOLUME=x\r\nDOVRATRACED_VOLUME="/v"\r\n# end' >"$conf"
     "$AUTOCLI_LAB/hosts/host1/etc/init.d/dovratraced" restart
-    [[ -L $conf && $(stat -c %a "$conf.real") == 640 ]]
+    same 'symbolic link 640' "$(stat -c %F "$conf") $(stat -c %a "$conf.real")"
     printf '# a\rb\r\nDOVRATRACED_LAST_SELECTED_VOLUME="/v"\r\nDOVRATRACED_VOLUME="/v"\r\n# end' | cmp - "$conf"
 }

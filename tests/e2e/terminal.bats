@@ -8,39 +8,45 @@ on_terminal() {
     TERM=xterm script -qec "stty cols 60; $1" /dev/null </dev/null | sed 's/\r$//'
 }
 
+# shows WANTED COMMAND: compares what a command writes to a terminal of 60 columns with WANTED.
+shows() { same "$1" "$(on_terminal "$2")"; }
+
 @test "captions in bold, errors in red, tables that fit, all plain for a pipe and on demand" {
     new_cluster
-    [[ $(on_terminal '$AUTOCLI dovra cluster get') == "${bold}Cluster Information$plain"$'\n'* ]]
-    [[ $(on_terminal '$AUTOCLI dovra clutser get') == "${red}autocli: dovra: there is no "*"$plain" ]]
-    [[ $(on_terminal '$AUTOCLI dovra trace --help') == "${bold}Usage:$plain autocli dovra trace"*"${bold}Commands:$plain"* ]]
+    shows "${bold}Cluster Information$plain"$'\n*' '$AUTOCLI dovra cluster get'
+    shows "${red}autocli: dovra: there is no *$plain" '$AUTOCLI dovra clutser get'
+    shows "${bold}Usage:$plain autocli dovra trace*${bold}Commands:$plain*" '$AUTOCLI dovra trace --help'
     list=$(on_terminal '$AUTOCLI --list')
     [[ $list == "${bold}Command "* && $(tail -n +2 <<<"$list" | wc -L) -le 60 ]]
     uuid=$(host_uuid host1)
-    [[ $(on_terminal '$AUTOCLI lab host list') == *"${uuid:0:8}…"*'UUIDs are cut short; --fields chooses what is shown.)' ]]
-    [[ $(on_terminal '$AUTOCLI lab host list --fields Name,UUID') == *"$uuid" ]]
-    [[ $(on_terminal '$AUTOCLI dovra datastore list') != *' is empty'* && $(on_terminal '$AUTOCLI lab fault list') == *'The list is empty.' ]]
-    [[ $(on_terminal '$AUTOCLI lab fault list 2>/dev/null') != *' is empty'* ]]
+    shows "*${uuid:0:8}…*UUIDs are cut short; --fields chooses what is shown.)" '$AUTOCLI lab host list'
+    shows "*$uuid" '$AUTOCLI lab host list --fields Name,UUID'
+    shows "$(autocli dovra datastore list)" 'NO_COLOR=1 $AUTOCLI dovra datastore list'
+    shows '*The list is empty.' '$AUTOCLI lab fault list'
+    shows "$(autocli lab fault list)" 'NO_COLOR=1 $AUTOCLI lab fault list 2>/dev/null'
     for plain_command in 'NO_COLOR=1 $AUTOCLI' 'TERM=dumb $AUTOCLI'; do
-        [[ $(on_terminal "$plain_command lab host list") == "$(autocli lab host list)" ]]
-        [[ $(on_terminal "$plain_command dovra clutser") == 'autocli: dovra: there is no'* ]]
+        shows "$(autocli lab host list)" "$plain_command lab host list"
+        shows 'autocli: dovra: there is no*' "$plain_command dovra clutser"
     done
-    [[ $(on_terminal 'NO_COLOR= $AUTOCLI lab disk list') == "$bold"* ]]
-    [[ $(on_terminal '$AUTOCLI lab disk list | cat') == "$(autocli lab disk list)" ]]
+    shows "$bold*" 'NO_COLOR= $AUTOCLI lab disk list'
+    shows "$(autocli lab disk list)" '$AUTOCLI lab disk list | cat'
 }
 
 @test "what cannot be undone is asked for" {
     succeed lab host add --name host2
     cd "$BATS_TEST_TMPDIR"
-    [[ $(on_terminal '$AUTOCLI lab reset </dev/null') == *'Nobody can be asked here'* ]]
-    [[ $(on_terminal '$AUTOCLI lab reset 2>&1 | cat') == *'Nobody can be asked here'* ]]
-    for answered in 'n=*Nothing was done.*status 1' '=*Nothing was done.*status 1' 'y=*true*status 0'; do
-        [[ $(autocli lab host list) == *host2* ]]
-        TERM=dumb script -qec '$AUTOCLI lab reset; echo "status $?"' /dev/null <<<"${answered%=*}" >asked
-        [[ $(tr -d '\r' <asked) == *'Every host and cluster of the lab will be lost. Go on? [y/N] '${answered#*=} ]]
+    for command in '$AUTOCLI lab reset </dev/null' '$AUTOCLI lab reset 2>&1 | cat'; do
+        shows '*Nobody can be asked here*' "$command"
     done
-    [[ $(autocli lab host list) != *host2* ]]
+    for answered in 'n=*Nothing was done.*status 1' '=*Nothing was done.*status 1' 'y=*true*status 0'; do
+        same 'host1 host2' "$(hosts)"
+        TERM=dumb script -qec '$AUTOCLI lab reset; echo "status $?"' /dev/null <<<"${answered%=*}" >asked
+        same "*Every host and cluster of the lab will be lost. Go on? [y/N] ${answered#*=}" "$(tr -d '\r' <asked)"
+    done
+    same host1 "$(hosts)"
     TERM=dumb script -qec '$AUTOCLI --batch -' /dev/null <<<$'lab reset\nyes\nlab host add -n host2' >asked
-    [[ $(cat asked) != *'"es"'* && $(autocli lab host list) == *host2* ]]
+    same 'host1 host2' "$(hosts)"
+    [[ $(cat asked) != *'"es"'* ]]
 }
 
 @test "a command that takes long shows that it is at work, and leaves no trace of that" {
@@ -51,8 +57,8 @@ on_terminal() {
     on_terminal '$AUTOCLI lab host add --name host1' >bad &
     on_terminal 'NO_COLOR=1 $AUTOCLI lab host add --name host3' >plain &
     wait
-    [[ $(cat good) == *'lab host add (1 s, waits for another process)'*"$erase"true && $(cat good) == *'(2 s, '* ]]
-    [[ $(cat bad) == *'lab host add (1 s, '*"$erase${red}Unable to add host: "*"$plain" ]]
-    [[ $(cat plain) == true ]]
-    [[ $(autocli --formatter csv --fields Name lab host list | sort | xargs) == 'Name host1 host2 host3' ]]
+    same "*lab host add (1 s, waits for another process)*(2 s, *${erase}true" "$(cat good)"
+    same "*lab host add (1 s, *$erase${red}Unable to add host: *$plain" "$(cat bad)"
+    same true "$(cat plain)"
+    same 'host1 host2 host3' "$(hosts | tr ' ' '\n' | sort | xargs)"
 }
