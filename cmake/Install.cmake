@@ -9,8 +9,10 @@ find_program(GZIP gzip REQUIRED)
 # What each package says of itself. The reference of the plug-in's is the part about its commands.
 configure_file(cmake/debian/changelog.in share/changelog)
 file(READ docs/reference.md reference)
-string(REGEX REPLACE ".*\n(## dovra\n.*)\n## lab\n.*" "# Reference\n\n\\1" reference "${reference}")
-file(WRITE ${PROJECT_BINARY_DIR}/share/plugin/reference.md "${reference}")
+set(sections ".*\n(## Synopsis\n.*)\n## Commands\n.*\n(## dovra\n.*)\n(## lab\n.*)\n## Declarations\n.*")
+string(REGEX REPLACE "${sections}" "\\1\n\\3" AUTOCLI_SECTIONS "${reference}")
+string(REGEX REPLACE "${sections}" "\\2" DOVRA_SECTIONS "${reference}")
+file(WRITE ${PROJECT_BINARY_DIR}/share/plugin/reference.md "# Reference\n\n${DOVRA_SECTIONS}")
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS docs/reference.md)
 execute_process(COMMAND ${GZIP} -9nkf ${PROJECT_BINARY_DIR}/share/changelog COMMAND_ERROR_IS_FATAL ANY)
 foreach(component plugin lab)
@@ -38,23 +40,32 @@ install(DIRECTORY lab/hostroot/files/ DESTINATION share/autocli/hostroot COMPONE
   PATTERN "*.conf" PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
 install(FILES docs/lab.md docs/reference.md DESTINATION share/doc/dovra-lab COMPONENT lab)
 
-# The manual, written by the program itself, packed as Debian wants it.
-function(lab_page page folder)
-  set(plain ${PROJECT_BINARY_DIR}/${folder}/${page})
-  set(packed ${plain}.gz)
-  add_custom_command(OUTPUT ${packed}
-    COMMAND ${CMAKE_COMMAND} -E make_directory ${PROJECT_BINARY_DIR}/${folder}
-    COMMAND autocli --reference ${page} > ${plain}
+# The manual pages, from docs/reference.md.
+add_custom_target(manual_pages ALL)
+function(manual_page page directory)
+  set(source ${PROJECT_BINARY_DIR}/share/${page}.md)
+  set(plain ${PROJECT_BINARY_DIR}/${directory}/${page})
+  configure_file(docs/man/${page}.md.in ${source} @ONLY)
+  add_custom_command(OUTPUT ${plain}.gz
+    COMMAND ${CMAKE_COMMAND} -E make_directory ${PROJECT_BINARY_DIR}/${directory}
+    COMMAND ${LOWDOWN} -s -Tman --out-no-smarty -o ${plain} ${source}
+    COMMAND sed -i -f ${PROJECT_SOURCE_DIR}/docs/man/layout.sed ${plain}
     COMMAND ${GZIP} -9nf ${plain}
-    DEPENDS autocli lab_plugin dovra_lab)
-  add_custom_target(${page} ALL DEPENDS ${packed})
-  install(FILES ${packed} DESTINATION ${folder} COMPONENT lab)
+    DEPENDS ${source} docs/man/layout.sed)
+  add_custom_target(${page} DEPENDS ${plain}.gz)
+  add_dependencies(manual_pages ${page})
+  install(FILES ${plain}.gz DESTINATION ${directory} COMPONENT lab)
 endfunction()
-lab_page(autocli.1 share/man/man1)
-lab_page(dovra.7 share/man/man7)
-# Both packages have that page, under different names, so that they can be on one machine.
-install(FILES ${PROJECT_BINARY_DIR}/share/man/man7/dovra.7.gz DESTINATION share/man/man7
-  RENAME dovra-plugin.7.gz COMPONENT plugin)
+find_program(LOWDOWN lowdown)
+if(LOWDOWN)
+  manual_page(autocli.1 share/man/man1)
+  manual_page(dovra.7 share/man/man7)
+  # Both packages hold this page, under different names, so that both can be installed.
+  install(FILES ${PROJECT_BINARY_DIR}/share/man/man7/dovra.7.gz DESTINATION share/man/man7
+    RENAME dovra-plugin.7.gz COMPONENT plugin)
+else()
+  message(STATUS "No manual pages: lowdown was not found (Debian package lowdown)")
+endif()
 
 # What makes each shell complete command lines: where the shells look for it, and so does autocli.
 function(lab_completion source file)
@@ -69,4 +80,4 @@ lab_completion(autocli.fish fish/vendor_completions.d/autocli.fish)
 
 # All of the above, without the tests.
 add_custom_target(installed DEPENDS
-  dovra autocli autocli.1 dovra.7)
+  dovra autocli manual_pages)

@@ -60,7 +60,7 @@ constexpr Option kOptions[] = {
     {"completion", "", "SHELL", Use::kProgram,
      "print what makes bash, zsh or fish complete command lines, as in: source <(autocli "
      "--completion bash)"},
-    {"reference", "", "NAME", Use::kProgram, "print the manual: markdown, autocli.1 or dovra.7"},
+    {"reference", "", "FORMAT", Use::kProgram, "print the manual; FORMAT is markdown"},
     {"list", "l", "", Use::kProgram, "list every command"},
     {"version", "V", "", Use::kProgram, "print the version"},
     {"help", "h", "", Use::kCall, "print this, or the help of what stands beside it"},
@@ -75,7 +75,7 @@ std::shared_ptr<ParameterConstraint> OneOf(const std::vector<std::string>& value
 std::shared_ptr<ParameterConstraint> ConstraintFor(std::string_view option) {
   if (option == "formatter") return OneOf(CliTools::FormatterNames());
   if (option == "completion") return OneOf(CompletionShells());
-  if (option == "reference") return OneOf(ReferenceNames());
+  if (option == "reference") return OneOf(ReferenceFormats());
   return nullptr;
 }
 

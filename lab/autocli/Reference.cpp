@@ -9,16 +9,14 @@
 #include "clitools/CommandLine.h"
 #include "clitools/Format.h"
 #include "clitools/Help.h"
-#include "clitools/ManualPage.h"
+#include "clitools/Markdown.h"
 #include "clitools/PluginError.h"
 #include "clitools/Text.h"
 
 namespace AutoCliProgram {
 
-using CliTools::ManualPage;
 using CliTools::MarkdownPage;
 using CliTools::PathOf;
-using CliTools::RoffPage;
 using CliTools::AutoCli::Command;
 using CliTools::AutoCli::CommandSpec;
 using CliTools::AutoCli::Namespace;
@@ -31,11 +29,7 @@ using CliTools::MetaObj::MetaStruct;
 
 namespace {
 
-constexpr const char* kMarkdown = "markdown";
-constexpr const char* kProgramPage = "autocli.1";
-constexpr const char* kProductPage = "dovra.7";
-constexpr const char* kProduct = "dovra";
-constexpr const char* kProgramVersion = "autocli " AUTOCLI_VERSION;
+using Pairs = std::vector<std::pair<std::string, std::string>>;
 
 /// What the option's value is. If the description names the allowed ones, they are not told twice.
 std::string ValueOf(const ParameterSpec& parameter) {
@@ -49,12 +43,11 @@ std::string ValueOf(const ParameterSpec& parameter) {
   return value;
 }
 
-ManualPage::Option OptionOf(const ParameterSpec& parameter) {
-  ManualPage::Option option = {
-      {}, ValueOf(parameter), parameter.IsRequired(), CliTools::DescriptionOf(parameter)};
-  if (!parameter.GetShortName().empty()) option.names.push_back('-' + parameter.GetShortName());
-  option.names.push_back("--" + parameter.GetName());
-  return option;
+MarkdownPage::Definition DefinitionOf(const ParameterSpec& parameter) {
+  const std::string letter = parameter.GetShortName();
+  std::string remark = (parameter.IsRequired() ? "required; " : "") + ValueOf(parameter);
+  return {(letter.empty() ? "" : '-' + letter + ", ") + "--" + parameter.GetName(),
+          CliTools::DescriptionOf(parameter), std::move(remark)};
 }
 
 std::string UsageOf(Command& command) {
@@ -75,17 +68,17 @@ std::string WhatItDoes(Command& command) {
   return (type == "operation" && result.fields.empty() ? "It changes state. " : "") + words;
 }
 
-void WriteCommand(ManualPage& page, Command& command) {
+void WriteCommand(MarkdownPage& page, Command& command) {
   const std::string path = PathOf(command);
   page.Subsection(path);
   page.Paragraph(command.GetDescription());
   page.Code(UsageOf(command));
-  std::vector<ManualPage::Option> options;
+  std::vector<MarkdownPage::Definition> parameters;
   const auto input = CliTools::InputOf(command);
   for (const auto& parameter : input->GetParameters()) {
-    options.push_back(OptionOf(*parameter));
+    parameters.push_back(DefinitionOf(*parameter));
   }
-  if (!options.empty()) page.Options(options);
+  page.Definitions(parameters);
   page.Paragraph(WhatItDoes(command));
   if (const auto calls = CallsOf(path); !calls.empty()) {
     page.Paragraph("Calls of the control library: " + BaseLibs::Join(calls, ", ") + '.');
@@ -96,10 +89,10 @@ void WriteCommand(ManualPage& page, Command& command) {
   }
 }
 
-void WriteNode(ManualPage& page, NamespaceNode& node);
+void WriteNode(MarkdownPage& page, NamespaceNode& node);
 
 /// The namespace's own commands, then those of the namespaces in it.
-void WriteChildren(ManualPage& page, const CommandSpec& space) {
+void WriteChildren(MarkdownPage& page, const CommandSpec& space) {
   for (const bool commands : {true, false}) {
     for (const auto& child : space.GetChildren()) {
       if ((dynamic_cast<Command*>(child.get()) != nullptr) == commands) WriteNode(page, *child);
@@ -107,14 +100,20 @@ void WriteChildren(ManualPage& page, const CommandSpec& space) {
   }
 }
 
-void WriteNode(ManualPage& page, NamespaceNode& node) {
+void WriteNode(MarkdownPage& page, NamespaceNode& node) {
   if (auto* const command = dynamic_cast<Command*>(&node)) return WriteCommand(page, *command);
   page.Section(PathOf(node));
   page.Paragraph(node.GetDescription());
   WriteChildren(page, dynamic_cast<const CommandSpec&>(node));
 }
 
-void WriteProgram(ManualPage& page) {
+std::vector<MarkdownPage::Definition> Definitions(const Pairs& rows) {
+  std::vector<MarkdownPage::Definition> definitions;
+  for (const auto& [term, meaning] : rows) definitions.push_back({term, meaning});
+  return definitions;
+}
+
+void WriteProgram(MarkdownPage& page) {
   page.Section("Synopsis");
   page.Code(ProgramUsage());
   page.Section("Description");
@@ -132,9 +131,9 @@ void WriteProgram(ManualPage& page) {
       "anywhere before --, also behind the command, unless it has an option of that name. What a "
       "command does not take is refused before it runs.");
   page.Section("Options");
-  page.Definitions(OptionRows());
+  page.Definitions(Definitions(OptionRows()));
   page.Section("Formats");
-  page.Definitions(CliTools::FormatterDescriptions());
+  page.Definitions(Definitions(CliTools::FormatterDescriptions()));
   page.Paragraph(
       "Bytes that are not UTF-8 become U+FFFD, in csv NUL too. simple and table show control "
       "characters as \\n, \\x1b and the like.");
@@ -165,8 +164,8 @@ void WriteProgram(ManualPage& page) {
   });
 }
 
-ManualPage::Pairs Commands(const CommandSpec& space) {
-  ManualPage::Pairs commands;
+Pairs Commands(const CommandSpec& space) {
+  Pairs commands;
   for (const auto& child : space.GetChildren()) {
     if (dynamic_cast<const Command*>(child.get()) != nullptr) {
       commands.emplace_back(PathOf(*child), child->GetDescription());
@@ -178,9 +177,10 @@ ManualPage::Pairs Commands(const CommandSpec& space) {
   return commands;
 }
 
-const MetaStruct* RecordOf(const MetaObject& result) {
-  const auto* const list = dynamic_cast<const MetaList*>(&result);
-  return list ? list->GetElementTemplate().get() : dynamic_cast<const MetaStruct*>(&result);
+/// Null when the result, which may be null, is neither a record nor a list of them.
+const MetaStruct* RecordOf(const MetaObject* result) {
+  const auto* const list = dynamic_cast<const MetaList*>(result);
+  return list ? list->GetElementTemplate().get() : dynamic_cast<const MetaStruct*>(result);
 }
 
 /// What formatters and completions get of a command beside what its own section shows.
@@ -190,7 +190,7 @@ std::string DeclarationOf(Command& command) {
   const auto tell = [&text](const std::string& name, const std::string& what) {
     text.append("  ").append(name).append(": ").append(what).append("\n");
   };
-  const auto input = command.GetInputSpec();
+  const auto input = CliTools::InputOf(command);
   for (const auto& parameter : input->GetParameters()) {
     if (!parameter->GetConstraint()) continue;
     for (const auto& [value, description] : parameter->GetConstraint()->GetStringEnums()) {
@@ -198,8 +198,8 @@ std::string DeclarationOf(Command& command) {
     }
   }
   for (const auto& [key, value] : command.GetDefaultOutputParameters()) tell(key, value);
-  const auto output = command.GetOutputSpec();
-  if (const auto* const record = RecordOf(*output->GetRootObject())) {
+  const auto result = CliTools::ShapeOf(command);
+  if (const auto* const record = RecordOf(result.get())) {
     std::vector<std::string> fields;
     for (const auto& name : record->GetFieldNames()) {
       const auto type = static_cast<int>(record->GetField(name)->GetType());
@@ -221,7 +221,13 @@ std::string Declarations(const CommandSpec& space) {
   return text;
 }
 
-std::string WriteMarkdown(const Namespace& root) {
+}  // namespace
+
+std::vector<std::string> ReferenceFormats() {
+  return {"markdown"};
+}
+
+std::string Reference(const Namespace& root) {
   MarkdownPage page("Reference", "Written by script/reference; what is changed here is lost.");
   page.Paragraph("Every command of autocli, as the program itself declares it.");
   WriteProgram(page);
@@ -234,48 +240,6 @@ std::string WriteMarkdown(const Namespace& root) {
       "formatter's parameters, the name and the fields of its record.");
   page.Code(Declarations(root));
   return page.GetText();
-}
-
-/// The program and the commands that it has of its own.
-std::string WriteProgramPage(const Namespace& root) {
-  RoffPage page(kProgramPage, kProgramVersion, "run Dovra commands on stand-in hosts");
-  WriteProgram(page);
-  for (const auto& child : root.GetChildren()) {
-    if (child->GetName() != kProduct) WriteNode(page, *child);
-  }
-  page.Section("See also");
-  page.Paragraph(
-      "dovra(7); in /usr/share/doc/dovra-lab, where the package puts them, lab.md, recipes for "
-      "rehearsals, and reference.md, both manual pages as one.");
-  return page.GetText();
-}
-
-std::string WriteProductPage(const Namespace& root) {
-  RoffPage page(kProductPage, kProgramVersion,
-                "commands to configure and inspect a host's part in a Dovra cluster");
-  page.Section("Synopsis");
-  page.Code(std::string("autocli [OPTIONS] ") + kProduct + " NAMESPACE... COMMAND [PARAMETERS]");
-  page.Section("Description");
-  page.Paragraph(
-      "The commands are those that a host has; autocli runs them on stand-in hosts. What a failed "
-      "command prints beside its errors differs from command to command.");
-  if (const auto product = root.GetNamespaceNode(kProduct)) WriteNode(page, *product);
-  page.Section("See also");
-  page.Paragraph(
-      "autocli(1); /usr/share/doc/dovra-lab/lab.md for rehearsals on stand-in hosts, "
-      "/usr/share/doc/dovra-plugin/deploy.md for hosts, as the packages put them.");
-  return page.GetText();
-}
-
-}  // namespace
-
-std::vector<std::string> ReferenceNames() {
-  return {kMarkdown, kProgramPage, kProductPage};
-}
-
-std::string Reference(const std::string& name, const Namespace& root) {
-  if (name == kMarkdown) return WriteMarkdown(root);
-  return name == kProgramPage ? WriteProgramPage(root) : WriteProductPage(root);
 }
 
 }  // namespace AutoCliProgram

@@ -1,4 +1,4 @@
-// The manual, written from what the program and the tree of commands declare.
+// The manual, generated from what the program and the commands declare.
 #pragma once
 
 #include <string>
@@ -8,10 +8,10 @@
 
 namespace AutoCliProgram {
 
-/// The parts of the manual: "markdown" is the whole reference, the others are man pages.
-std::vector<std::string> ReferenceNames();
+/// The formats of the manual.
+std::vector<std::string> ReferenceFormats();
 
-/// The text of one of them. `root` is that of the whole tree.
-std::string Reference(const std::string& name, const CliTools::AutoCli::Namespace& root);
+/// The manual in Markdown. `root` is the root of the whole tree.
+std::string Reference(const CliTools::AutoCli::Namespace& root);
 
 }  // namespace AutoCliProgram

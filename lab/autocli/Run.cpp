@@ -68,7 +68,7 @@ ExitStatus RunTask(CommandTree& tree, const Options& options) {
   if (!options.batch.empty()) return RunBatch(tree, options);
   Print(options.version              ? "autocli " AUTOCLI_VERSION " (commit " AUTOCLI_COMMIT ")\n"
         : options.list               ? ListCommands(*tree.GetWhole(), options)
-        : options.completion.empty() ? Reference(options.reference, *tree.GetWhole())
+        : options.completion.empty() ? Reference(*tree.GetWhole())
                                      : CompletionScript(options.completion));
   return kSuccess;
 }

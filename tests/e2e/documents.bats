@@ -9,10 +9,11 @@ source=$BATS_TEST_DIRNAME/../..
 }
 
 @test "man shows the pages without a complaint, every command on one of them" {
-    for page in "$BATS_TEST_TMPDIR"/{autocli.1,dovra.7}; do
-        autocli --reference "$(basename "$page")" >"$page"
+    pages=$(dirname "$AUTOCLI")/../share/man
+    [[ -d $pages ]] || skip "built without lowdown"
+    for page in "$pages"/man1/autocli.1.gz "$pages"/man7/dovra.7.gz; do
         same '' "$(man --warnings -E UTF-8 -l "$page" 2>&1 >/dev/null)"
-        same '' "$(groff -ww -man -z "$page" 2>&1)"
+        same '' "$(zcat "$page" | groff -ww -man -z 2>&1)"
         MANWIDTH=200 man -E UTF-8 -l "$page" | col -bx >>"$BATS_TEST_TMPDIR/shown"
     done
     autocli --formatter json --list | jq -r '.[].Command' >"$BATS_TEST_TMPDIR/commands"

@@ -1,0 +1,92 @@
+#include "clitools/Markdown.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "baselibs/Text.h"
+#include "clitools/Text.h"
+
+namespace CliTools {
+
+namespace {
+
+std::vector<std::string> Lines(std::string_view text) {
+  std::vector<std::string> lines;
+  while (!text.empty()) {
+    const std::string_view line = text.substr(0, text.find('\n'));
+    text.remove_prefix(std::min(text.size(), line.size() + 1));
+    lines.push_back(Printable(line));
+  }
+  return lines;
+}
+
+std::string Escape(std::string_view text) {
+  std::string escaped;
+  for (const char c : Printable(text)) {
+    if (std::string_view("\\`*_[]<>&|#~").find(c) != std::string_view::npos) escaped += '\\';
+    escaped += c;
+  }
+  return escaped;
+}
+
+/// Escapes a line so that no number or hyphen turns it into an item of a list.
+std::string EscapeLine(const std::string& line) {
+  const std::size_t digits = std::min(line.find_first_not_of("0123456789"), line.size());
+  const std::string_view marks = digits == 0 ? "-+=" : ".)";
+  const bool isItem = marks.find(line[digits]) != std::string_view::npos;
+  if (!isItem) return Escape(line);
+  return line.substr(0, digits) + '\\' + line[digits] + Escape(line.substr(digits + 1));
+}
+
+/// The lines of a paragraph, each after the first on a line of its own behind `indent`. Drops
+/// indentation, and empty lines, which would end the paragraph.
+std::string EscapeLines(std::string_view text, std::string_view indent) {
+  std::vector<std::string> lines;
+  for (const std::string& line : Lines(text)) {
+    const std::size_t begin = line.find_first_not_of(' ');
+    if (begin != std::string::npos) lines.push_back(EscapeLine(line.substr(begin)));
+  }
+  return BaseLibs::Join(lines, "\\\n" + std::string(indent));
+}
+
+}  // namespace
+
+MarkdownPage::MarkdownPage(const std::string& title, const std::string& comment) {
+  text_ = "<!-- " + comment + " -->\n\n# " + Escape(title) + '\n';
+}
+
+void MarkdownPage::Section(const std::string& title) {
+  text_ += "\n## " + Escape(title) + '\n';
+}
+
+void MarkdownPage::Subsection(const std::string& title) {
+  text_ += "\n### " + Escape(title) + '\n';
+}
+
+void MarkdownPage::Paragraph(const std::string& text) {
+  if (!text.empty()) text_ += '\n' + EscapeLines(text, "") + '\n';
+}
+
+void MarkdownPage::Code(const std::string& text) {
+  text_ += "\n```\n";
+  for (const std::string& line : Lines(text)) text_ += line + '\n';
+  text_ += "```\n";
+}
+
+void MarkdownPage::Definitions(const std::vector<Definition>& definitions) {
+  for (const auto& [term, meaning, remark] : definitions) {
+    text_ += "\n- **" + Escape(term) + "**" + (remark.empty() ? "" : " (" + Escape(remark) + ')');
+    text_ += (meaning.empty() ? "" : "\\\n  " + EscapeLines(meaning, "  ")) + '\n';
+  }
+}
+
+void MarkdownPage::Contents(const std::vector<std::pair<std::string, std::string>>& sections) {
+  text_ += '\n';
+  for (const auto& [title, meaning] : sections) {
+    std::string anchor = Printable(title);
+    std::ranges::replace(anchor, ' ', '-');
+    text_ += "- [" + Escape(title) + "](#" + anchor + "): " + EscapeLines(meaning, "  ") + '\n';
+  }
+}
+
+}  // namespace CliTools
