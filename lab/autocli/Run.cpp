@@ -52,6 +52,14 @@ CommandSpec::Pairs ChooseFields(const MetaObject* layout, const CommandSpec::Pai
   return options.fields.empty() ? own : CliTools::SelectFields(layout, own, options.fields);
 }
 
+/// The style of a result on standard output.
+CliTools::Style StyleFor(const Options& options) {
+  CliTools::Style style = ResultStyle();
+  style.header = !options.noHeader;
+  if (!options.formatter.empty()) style.width = 0;  // a formatter given by name is not replaced
+  return style;
+}
+
 std::string ListCommands(const Namespace& root, const Options& options) {
   auto layout = MetaStruct::New("CommandList");
   layout->SetField("Command", "");
@@ -60,7 +68,7 @@ std::string ListCommands(const Namespace& root, const Options& options) {
   const auto parameters = ChooseFields(list.get(), {}, options);
   CollectCommands(root, layout, *list);
   return CliTools::Format(*list, options.formatter.empty() ? "table" : options.formatter,
-                          parameters, ResultStyle());
+                          parameters, StyleFor(options));
 }
 
 /// Does what the options ask for instead of a command's call.
@@ -165,10 +173,7 @@ bool IsConfirmed(const Command& command, const std::string& consequence) {
 
 void PrintResult(const Command& command, const MetaObject& result, const Call& call) {
   CliTools::CheckResult(command, result);
-  CliTools::Style style = ResultStyle();
-  style.header = !call.options.noHeader;
-  style.isChosen = !call.options.formatter.empty();
-  CliTools::Format(result, call.formatter, call.formatterParameters, style, Print);
+  CliTools::Format(result, call.formatter, call.formatterParameters, StyleFor(call.options), Print);
   const bool isEmpty = result.GetType() == MetaType::kList &&
                        static_cast<const MetaList&>(result).GetElements().empty();
   if (isEmpty) PrintRemark("The list is empty.");

@@ -31,9 +31,7 @@ void Whole(const MetaObject& root, const Pairs& parameters, const Style& style, 
 constexpr Formatter kFormatters[] = {
     {"simple", "a line for each field of each record", Whole<FormatSimple>, false},
     {"table",
-     "a line for each record; on a terminal that is too narrow, UUIDs are cut short and fields "
-     "left out, those that repeat another and the widest before the others, which a last line "
-     "tells",
+     "a line for each record; where it does not fit the terminal, as simple unless chosen by name",
      Whole<FormatTable>, true},
     {"json",
      "a record is an object, a list an array; numbers and booleans are such; the stable form for "

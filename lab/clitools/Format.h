@@ -39,9 +39,7 @@ using Sink = std::function<void(std::string_view)>;
 /// Every formatter but the bare value yields valid UTF-8, whatever bytes the texts hold. "simple"
 /// and "table" show control characters escaped; the other formats keep the value. Only these two
 /// heed the page: captions stand out, and a table that is too wide is wrapped within its columns.
-/// Where that would break words, UUIDs are cut short and columns left out, those that repeat
-/// another and the widest first, which its last line tells. Where no second column is left, it is
-/// shown as "simple" does unless it was chosen, and a last line tells that.
+/// Where that would break words, it is shown as "simple" shows it.
 void Format(const MetaObj::MetaObject& root, std::string_view formatter,
             const AutoCli::CommandSpec::Pairs& parameters, const Style& style, const Sink& sink);
 

@@ -1,10 +1,7 @@
 // The formatters for people: the bare value, simple, table.
 #include <algorithm>
-#include <cctype>
-#include <limits>
 #include <numeric>
 
-#include "baselibs/Text.h"
 #include "clitools/Formatters.h"
 #include "clitools/Text.h"
 
@@ -94,67 +91,6 @@ Widths FitWidths(const std::vector<Row>& rows, std::size_t page) {
   return widths;
 }
 
-bool IsUuid(std::string_view text) {
-  constexpr std::string_view kForm = "xxxxxxxx-xxxx-xxxx-xxxx-xxxxxxxxxxxx";
-  return std::ranges::equal(text, kForm, [](char c, char form) {
-    return form == '-' ? c == '-' : std::isxdigit(static_cast<unsigned char>(c)) != 0;
-  });
-}
-
-/// Whether there are UUIDs; each becomes its beginning, which as a rule tells them apart.
-bool ShortenUuids(std::vector<Row>& rows) {
-  bool found = false;
-  for (Row& row : rows) {
-    for (std::string& cell : row) {
-      if (!IsUuid(cell)) continue;
-      cell = cell.substr(0, 8) + "\u2026";
-      found = true;
-    }
-  }
-  return found;
-}
-
-/// Whether the column's texts are all those of one before it.
-bool Repeats(const std::vector<Row>& rows, std::size_t column) {
-  for (std::size_t before = 0; before < column; ++before) {
-    const auto isSame = [=](const Row& row) { return row[before] == row[column]; };
-    if (std::all_of(rows.begin() + 1, rows.end(), isSame)) return true;
-  }
-  return false;
-}
-
-/// Takes from a table what does not fit the page: of UUIDs all but their beginnings, then columns
-/// but the first, texts that repeat another column's before the others, wider ones before narrower
-/// ones. Returns what somebody who looks at it must know, as a line.
-std::string MakeFit(std::vector<Row>& rows, std::vector<Column>& columns, std::size_t page) {
-  Widths dispensable = LeastWidths(rows);
-  for (std::size_t index = 1; index < columns.size(); ++index) {
-    // Numbers and truth values are the same by chance.
-    if (columns[index].type == MetaType::kString && Repeats(rows, index)) {
-      dispensable[index] = std::numeric_limits<std::size_t>::max();
-    }
-  }
-  std::vector<Row> shortened = rows;
-  ShortenUuids(shortened);
-  Widths least = LeastWidths(shortened);
-  std::size_t leftOut = 0;
-  for (; LineWidth(least) > page && least.size() > 1; ++leftOut) {
-    const auto widest = std::max_element(dispensable.rbegin(), dispensable.rend() - 1);
-    const auto place = dispensable.rend() - widest - 1;
-    for (Row& row : rows) row.erase(row.begin() + place);
-    columns.erase(columns.begin() + place);
-    least.erase(least.begin() + place);
-    dispensable.erase(dispensable.begin() + place);
-  }
-  std::vector<std::string> remarks;
-  if (leftOut > 0) {
-    remarks.push_back(std::to_string(leftOut) + (leftOut == 1 ? " field is" : " fields are") +
-                      " left out");
-  }
-  if (ShortenUuids(rows)) remarks.emplace_back("UUIDs are cut short");
-  return '(' + BaseLibs::Join(remarks, ", ") + "; --fields chooses what is shown.)\n";
-}
-
 std::string TableLine(const Row& cells, const Widths& widths, const std::vector<Column>& columns) {
   std::string line;
   for (std::size_t index = 0; index < cells.size(); ++index) {
@@ -214,7 +150,7 @@ std::string FormatSimple(const MetaObject& root, const Pairs& parameters, const 
 }
 
 std::string FormatTable(const MetaObject& root, const Pairs& parameters, const Style& style) {
-  RecordSet set = RecordsOf(root, parameters);
+  const RecordSet set = RecordsOf(root, parameters);
   if (set.columns.empty()) return {};
   std::vector<Row> rows(1);
   for (const Column& column : set.columns) rows[0].push_back(Printable(column.name));
@@ -224,17 +160,8 @@ std::string FormatTable(const MetaObject& root, const Pairs& parameters, const S
       row.push_back(ShownWithUnit(set.ValueOf(*record, column), column));
     }
   }
-  Widths widths = FitWidths(rows, style.width);
-  std::string remark;
-  if (widths.empty()) {
-    remark = MakeFit(rows, set.columns, style.width);
-    widths = FitWidths(rows, style.width);
-    if (!style.isChosen && rows.front().size() == 1) {
-      return FormatSimple(root, parameters, style) +
-             "(This is too narrow for a table; --fields chooses what is shown.)\n";
-    }
-    if (widths.empty()) widths = NaturalWidths(rows);
-  }
+  const Widths widths = FitWidths(rows, style.width);
+  if (widths.empty()) return FormatSimple(root, parameters, style);
   std::string text;
   for (const Row& line : WrapCells(rows.front(), widths)) {
     text += Caption(TableLine(line, widths, set.columns), style) + '\n';
@@ -251,7 +178,7 @@ std::string FormatTable(const MetaObject& root, const Pairs& parameters, const S
       text += TableLine(line, widths, set.columns) + '\n';
     }
   }
-  return text + remark;
+  return text;
 }
 
 }  // namespace CliTools

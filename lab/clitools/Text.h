@@ -62,7 +62,6 @@ struct Style {
   std::size_t width = 0;  ///< columns of the page; 0: as many as it takes
   bool bold = false;      ///< whether captions can be made to stand out
   bool header = true;     ///< whether a table says what its columns are
-  bool isChosen = false;  ///< whether somebody asked for this form, and no other will do
 };
 
 /// The text of a caption.

@@ -6,6 +6,7 @@ load common
     fields='Local Node State , Enabled'
     expect 0 $'Cluster Information\n   Local Node State: MASTER\n   Enabled: true' '' --fields "$fields" dovra cluster get
     expect 0 $'{\n  "Local Node State": "MASTER",\n  "Enabled": true\n}' '' --fields "$fields" --formatter json dovra cluster get
+    expect 0 'dovra policy getdefault*' '' --list --no-header -f table --fields Command
     wrong "dovra cluster leave: --fields: this command's result has no fields" --fields Name dovra cluster leave
     wrong '--fields: a name is empty' --fields 'Name,' lab host list
     wrong 'lab host list: --fields: "Name" is named twice' --fields Name,UUID,Name lab host list

@@ -19,8 +19,10 @@ shows() { same "$1" "$(on_terminal "$2")"; }
     list=$(on_terminal '$AUTOCLI --list')
     [[ $list == "${bold}Command "* && $(tail -n +2 <<<"$list" | wc -L) -le 60 ]]
     uuid=$(host_uuid host1)
-    shows "*${uuid:0:8}…*UUIDs are cut short; --fields chooses what is shown.)" '$AUTOCLI lab host list'
     shows "*$uuid" '$AUTOCLI lab host list --fields Name,UUID'
+    wide='--fields "Name,UUID,Cluster UUID" lab host list'
+    shows "   Name: host1"$'\n'"   UUID: $uuid"$'\n'"   Cluster UUID: $cluster" "\$AUTOCLI $wide"
+    shows "$bold*$uuid  $cluster" "\$AUTOCLI -f table $wide"
     shows "$(autocli dovra datastore list)" 'NO_COLOR=1 $AUTOCLI dovra datastore list'
     shows '*The list is empty.' '$AUTOCLI lab fault list'
     shows "$(autocli lab fault list)" 'NO_COLOR=1 $AUTOCLI lab fault list 2>/dev/null'
@@ -28,7 +30,7 @@ shows() { same "$1" "$(on_terminal "$2")"; }
         shows "$(autocli lab host list)" "$plain_command lab host list"
         shows 'autocli: dovra: there is no*' "$plain_command dovra clutser"
     done
-    shows "$bold*" 'NO_COLOR= $AUTOCLI lab disk list'
+    shows "$bold*" 'NO_COLOR= $AUTOCLI lab disk list --fields Device,Kind'
     shows "$(autocli lab disk list)" '$AUTOCLI lab disk list | cat'
 }
 

@@ -119,25 +119,7 @@ TEST(Format, FitsTablesToThePage) {
             "three\n"
             "漢字      6\n"
             "x\n");
-  EXPECT_EQ(table(16).substr(table(16).find('(')),
-            "(1 field is left out; --fields chooses what is shown.)\n");
-  EXPECT_EQ(table(10), Format(*disks, "simple", {{"fields:Disk", "Name,Size,Tags"}}) +
-                           "(This is too narrow for a table; --fields chooses what is shown.)\n");
-
-  const auto same = MakeDisks({MakeDisk("not in fields:", 5, {"widest-of-all"})});
-  const auto without = [&](std::size_t width) {
-    const AutoCli::CommandSpec::Pairs fields = {{"fields:Disk", "Hidden,Tags,Name,Size,Is SSD"}};
-    const std::string text = Format(*same, "table", fields, {.width = width});
-    return text.substr(0, text.find('\n'));
-  };
-  EXPECT_EQ(without(36), "Hidden   Tags           Size  Is SSD");
-  EXPECT_EQ(without(34), "Hidden          Size  Is SSD");
-
-  const auto uuids = MakeDisks({MakeDisk("c0ffee00-1111-4222-8333-444455556666", 5)});
-  EXPECT_EQ(Format(*uuids, "table", {{"fields:Disk", "Name,Size,Is SSD"}},
-                   {.width = 7, .isChosen = true}),
-            "Name\n---------\nc0ffee00\u2026\n"
-            "(2 fields are left out, UUIDs are cut short; --fields chooses what is shown.)\n");
+  EXPECT_EQ(table(16), Format(*disks, "simple", {{"fields:Disk", "Name,Size,Tags"}}));
 }
 
 TEST(Format, DocumentsGiveBackEveryText) {
