@@ -1,5 +1,4 @@
 # What people type, rightly and wrongly, and what they are told.
-# shellcheck disable=SC2086 # some texts are words
 load common
 
 @test "a wrong command line is refused in words that name what is allowed" {

@@ -1,9 +1,11 @@
-# What every scenario uses. $AUTOCLI is the program under test; each test has a lab of its own.
+# What every scenario uses. $AUTOCLI is the program under test. Each test has its own lab, home and
+# temporary directory, so that nothing of the user's is read or written.
 bats_require_minimum_version 1.5.0
 
 setup() {
-    export AUTOCLI_LAB=$BATS_TEST_TMPDIR/lab
-    unset AUTOCLI_HOST NO_COLOR
+    export AUTOCLI_LAB=$BATS_TEST_TMPDIR/lab HOME=$BATS_TEST_TMPDIR/home TMPDIR=$BATS_TEST_TMPDIR/tmp LC_ALL=C.UTF-8
+    unset AUTOCLI_HOST NO_COLOR HISTFILE "${!XDG_@}"
+    mkdir "$HOME" "$TMPDIR"
 }
 
 autocli() { "$AUTOCLI" "$@"; }
@@ -15,6 +17,7 @@ platform() { (cd "$(dirname "$AUTOCLI")/../lib/autocli/platform" && pwd); }
 released_only() { ! nm -D "$PLUGIN" | grep -q __asan || skip "built with sanitizers"; }
 
 # matches TEXT WANTED: whether they are equal but for what a "*" in WANTED stands for.
+# shellcheck disable=SC2053 # WANTED is a pattern
 matches() { [[ $1 == ${2//[\\?[(]/\\&} ]]; }
 
 # same WANTED ACTUAL: fails and shows both unless they match. "*" in WANTED matches any string.

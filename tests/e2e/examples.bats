@@ -1,5 +1,4 @@
 # Every example that help and reference give does what it says.
-# shellcheck disable=SC2086 # some texts are words
 load common
 
 # prepare LAB COMMAND: a copy of this lab for the next line, changed by the command, if there is one.

@@ -30,7 +30,7 @@ EOF
 @test "what a plug-in declares is shown without control characters and as UTF-8" {
     export FAULT='raw strings' TERM=dumb raw=$'odd\e[2J\u009b2J\r\xff'
     cd "$BATS_TEST_TMPDIR"
-    echo "'$raw' '$raw' --force" >batch
+    echo "'$raw' '$raw' --force" >lines
     is_shown() {
         cat -v shown
         grep -aqF 'odd\x1b[2J\x9b2J\r' <(sed 's/\\\([][\\]\)/\1/g' shown) && iconv -f UTF-8 shown >/dev/null &&
@@ -49,7 +49,7 @@ $raw|$raw|--help
 $raw|$raw
 $raw|$raw|--force
 $raw|$raw|--force|-f|simple
---echo|--batch|batch
+--echo|--batch|lines
 END
     for line in '' "'$raw' " "'$raw' '$raw' -" "'$raw' '$raw' '--$raw' "; do
         "$AUTOCLI" --complete "autocli --plugin-dir $FAULTY_PLUGINS $line" >shown

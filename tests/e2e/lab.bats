@@ -1,5 +1,4 @@
 # The lab's folder and its store: what is touched, by whom, and what is refused.
-# shellcheck disable=SC2086 # some texts are words
 load common
 
 # tree FOLDER: all that is in it.
@@ -137,7 +136,7 @@ EOF
 @test "paths that SQLite would take for something else, or not at all" {
     cd "$BATS_TEST_TMPDIR"
     succeed --lab 'deep/er/file:odd?mode=memory' dovra cluster new
-    [[ -f deep/er/file:odd?mode=memory/lab.db ]]
+    [[ -f 'deep/er/file:odd?mode=memory/lab.db' ]]
     long=$(printf 'a%.0s' {1..250})
     unusable "the lab's folder \"$PWD/$long/$long\" cannot be used: its path is too long" --lab "$long/$long" dovra cluster get
     [[ ! -e $long ]]

@@ -34,8 +34,8 @@ END
 
     expect 1 $'true\nfalse\ntrue' 'standard input:2: *' --host host2 --keep-going --batch - <<<$'lab traced set -s stopped\ndovra maintenancemode cancel\nlab reset --force'
     cd "$BATS_TEST_TMPDIR"
-    lines=$'lab "host\n--host nope dovra trace get\n--batch x\n--echo lab reset\n--plugin-dir x --list\ndovra clutser\n\0'
-    printf '%s' "$lines" >wrong
+    text=$'lab "host\n--host nope dovra trace get\n--batch x\n--echo lab reset\n--plugin-dir x --list\ndovra clutser\n\0'
+    printf '%s' "$text" >wrong
     printf '\0lab reset' >>wrong
     expect 3 '' '*' --keep-going --batch wrong
     same 'autocli: wrong:1: the quote " in column 5 has no end

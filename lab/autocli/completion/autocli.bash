@@ -14,7 +14,7 @@ _autocli() {
         kept=${kept##*[[:space:]]}
     elif [[ $breaks ]]; then
         typed=${line##*[[:space:]]}
-        kept=${typed%"${typed##*[$breaks]}"}
+        kept=${typed%"${typed##*["$breaks"]}"}
     fi
     if [[ ${BASH_ALIASES[$program]-} ]]; then
         line=${BASH_ALIASES[$program]}${line#"$program"}

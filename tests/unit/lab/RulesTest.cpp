@@ -1,7 +1,6 @@
 // The lab's rules, asked as the plug-in asks: through the control library.
 
 #include <gmock/gmock.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <filesystem>
@@ -41,7 +40,10 @@ const std::string kTwo = "mpx.xhba2:C0:T1:L0";
 /// A lab in a new folder, and the control library of its first host.
 class Rules : public testing::Test {
  protected:
-  Rules() : folder_(fs::temp_directory_path() / ("rules-" + std::to_string(getpid()))) {
+  Rules() {
+    std::string path = fs::temp_directory_path() / "rules-XXXXXX";
+    if (mkdtemp(path.data()) == nullptr) throw std::runtime_error("no temporary directory");
+    folder_ = path;
     fs::create_directories(folder_ / "files");
     Select({folder_ / "lab", "host1", folder_ / "files"});
     plugin_ = HostCtl::DovraPluginFactory::GetDovraPlugin();

@@ -21,7 +21,7 @@ const std::string kRestartCall = "DovraExec(/etc/init.d/dovratraced, restart, fa
 class TraceTest : public testing::Test {
  protected:
   TraceTest() {
-    folder_ = testing::TempDir() + "traceXXXXXX";
+    folder_ = std::filesystem::temp_directory_path() / "trace-XXXXXX";
     if (mkdtemp(folder_.data()) == nullptr) throw std::runtime_error("no temporary folder");
     traceConfiguration = folder_ + "/dovratraced.conf";
   }
