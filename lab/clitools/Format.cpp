@@ -167,25 +167,19 @@ const std::vector<std::shared_ptr<MetaObject>>& ElementsOf(const MetaObject& lis
   return static_cast<const MetaList&>(list).GetElements();
 }
 
-const MetaObject* RecordSet::ValueOf(const MetaStruct& record, const Column& column) const {
-  const bool isThere = column.position < record.GetValues().size();
-  if (isThere && record.SharesLayout(*pattern)) return record.GetValues()[column.position].get();
+const MetaObject* ValueOf(const MetaStruct& record, const Column& column) {
   return record.GetField(column.name).get();
 }
 
 RecordSet RecordsOf(const MetaObject& value, const Pairs& parameters) {
   RecordSet set;
   if (const MetaStruct* const pattern = PatternOf(value)) {
-    set.pattern = pattern;
     set.name = pattern->GetName();
     set.caption = Lookup(parameters, "header:" + set.name);
     for (std::string& field : ShownFields(*pattern, parameters)) {
       std::string unit(Lookup(parameters, "units:" + set.name + "." + field));
       const MetaType type = TypeOf(*pattern, field);
-      const auto names = pattern->GetFieldNames();
-      const auto position = std::ranges::find(names, field) - names.begin();
-      set.columns.push_back(
-          {std::move(field), std::move(unit), type, static_cast<std::size_t>(position)});
+      set.columns.push_back({std::move(field), std::move(unit), type});
     }
   }
   if (value.GetType() == MetaType::kStruct) {

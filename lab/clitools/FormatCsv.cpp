@@ -36,7 +36,7 @@ std::string FormatCsv(const MetaObject& root, const Pairs& parameters, const Sty
   }
   for (const MetaStruct* record : set.records) {
     for (const Column& column : set.columns) {
-      appendCell(column, PlainText(set.ValueOf(*record, column), ","));
+      appendCell(column, PlainText(ValueOf(*record, column), ","));
     }
   }
   return text;

@@ -33,7 +33,7 @@ std::string Lines(const MetaStruct& record, const RecordSet& set, const Style& s
   std::string lines;
   if (!set.caption.empty()) lines += Caption(CaptionOf(record, set.caption), style) + '\n';
   for (const Column& column : set.columns) {
-    const auto* const value = set.ValueOf(record, column);
+    const auto* const value = ValueOf(record, column);
     if (value) lines += "   " + Printable(column.name) + ": " + ShownWithUnit(value, column) + '\n';
   }
   return lines;
@@ -157,7 +157,7 @@ std::string FormatTable(const MetaObject& root, const Pairs& parameters, const S
   for (const MetaStruct* record : set.records) {
     Row& row = rows.emplace_back();
     for (const Column& column : set.columns) {
-      row.push_back(ShownWithUnit(set.ValueOf(*record, column), column));
+      row.push_back(ShownWithUnit(ValueOf(*record, column), column));
     }
   }
   const Widths widths = FitWidths(rows, style.width);

@@ -69,7 +69,7 @@ class JsonWriter {
                    const std::vector<std::string>& keys) {
     writer_.StartObject();
     for (std::size_t column = 0; column < keys.size(); ++column) {
-      const auto* const value = set.ValueOf(record, set.columns[column]);
+      const auto* const value = ValueOf(record, set.columns[column]);
       if (!value) continue;
       writer_.RawValue(keys[column].data(), keys[column].size(), rapidjson::kStringType);
       Write(*value);

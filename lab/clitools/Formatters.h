@@ -22,7 +22,6 @@ struct Column {
   std::string name;
   std::string unit;  ///< empty if there is none
   MetaType type;
-  std::size_t position;  ///< of the field in the pattern
 };
 
 /// One record or the records of a list. All are shown alike, as the list's element template or
@@ -30,13 +29,12 @@ struct Column {
 struct RecordSet {
   std::string name;  ///< of the records' structure; empty if nothing tells it
   std::string caption;
-  const MetaStruct* pattern = nullptr;  ///< the record that shows how all of them look, if any
   std::vector<Column> columns;
   std::vector<const MetaStruct*> records;
-
-  /// The record's value; null if it has none.
-  const MetaObject* ValueOf(const MetaStruct& record, const Column& column) const;
 };
+
+/// Returns the record's value, which lives as long as the record has it; null if it has none.
+const MetaObject* ValueOf(const MetaStruct& record, const Column& column);
 
 /// Whether `value` is a record or a list of records.
 bool HoldsRecords(const MetaObject& value);

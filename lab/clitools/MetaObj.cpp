@@ -28,44 +28,66 @@ std::shared_ptr<MetaBool> MetaBool::New(bool value) {
   return value ? yes : no;
 }
 
-const std::shared_ptr<MetaStruct::Layout>& MetaStruct::SharedLayout(const std::string& structure) {
-  static auto& layouts = *new std::map<std::string, std::shared_ptr<Layout>>;
-  auto& layout = layouts[structure];
-  if (!layout) layout = std::make_shared<Layout>(Layout{structure, {}});
-  return layout;
+namespace {
+
+/// The names of a record's fields. Records that set the same fields in the same order share them,
+/// so that a list of many keeps them once; a shared layout gets no further fields.
+struct Layout {
+  std::string structure;
+  std::vector<std::string> fields;
+  std::size_t next = 0;  ///< behind the field found last: most are used one after the other
+
+  /// Returns the position of the field, or the number of fields if there is no such field.
+  std::size_t Find(const std::string& field) {
+    if (next >= fields.size() || fields[next] != field) {
+      next = static_cast<std::size_t>(std::ranges::find(fields, field) - fields.begin());
+    }
+    return next++;
+  }
+};
+
+/// By structure: the layout with which new records begin.
+std::weak_ptr<Layout>& NewestLayout(const std::string& structure) {
+  static auto& layouts = *new std::map<std::string, std::weak_ptr<Layout>>;
+  return layouts[structure];
 }
 
+}  // namespace
+
+struct MetaStruct::Body {
+  std::shared_ptr<Layout> layout;  ///< the record has the first of its fields, one for each value
+  std::vector<std::shared_ptr<MetaObject>> values;
+};
+
 MetaStruct::MetaStruct(const std::string& name)
-    : MetaObject(MetaType::kStruct), layout_(SharedLayout(name)) {}
+    : MetaObject(MetaType::kStruct), body_(std::make_unique<Body>()) {
+  auto& newest = NewestLayout(name);
+  body_->layout = newest.lock();
+  if (!body_->layout) newest = body_->layout = std::make_shared<Layout>(Layout{name, {}});
+}
+MetaStruct::~MetaStruct() = default;
 // NOLINTNEXTLINE(performance-unnecessary-value-param): the platform declares it so
 std::shared_ptr<MetaStruct> MetaStruct::New(std::string name) {
   return std::make_shared<MetaStruct>(name);
 }
 
 void MetaStruct::SetField(const std::string& field, std::shared_ptr<MetaObject> value) {
-  const std::size_t position = PositionOf(field);
-  if (position < values_.size()) {
-    values_[position] = std::move(value);
-  } else {
-    if (values_.empty()) values_.reserve(layout_->fields.size());
-    values_.push_back(std::move(value));
+  auto& [layout, values] = *body_;
+  const std::size_t position = layout->Find(field);
+  if (position < values.size()) {
+    values[position] = std::move(value);
+    return;
   }
-  next_ = position + 1;
-}
-
-std::size_t MetaStruct::PositionOf(const std::string& field) {
-  // Fields are mostly set one after the other, as the layout has them.
-  if (next_ < layout_->fields.size() && layout_->fields[next_] == field) return next_;
-  const auto fields = GetFieldNames();
-  const auto known = std::ranges::find(fields, field);
-  const auto position = static_cast<std::size_t>(known - fields.begin());
-  if (known != fields.end()) return position;
-  if (position < layout_->fields.size() && layout_->fields[position] == field) return position;
-  if (position < layout_->fields.size()) {
-    layout_ = std::make_shared<Layout>(Layout{GetName(), {fields.begin(), fields.end()}});
+  if (position > values.size() || position == layout->fields.size()) {  // not the layout's next one
+    if (values.size() < layout->fields.size() || layout.use_count() > 1) {
+      const auto fields = GetFieldNames();
+      layout = std::make_shared<Layout>(Layout{GetName(), {fields.begin(), fields.end()}});
+      NewestLayout(GetName()) = layout;
+    }
+    layout->fields.push_back(field);
   }
-  layout_->fields.push_back(field);  // nobody else has as many
-  return position;
+  if (values.empty()) values.reserve(layout->fields.size());
+  values.push_back(std::move(value));
 }
 
 void MetaStruct::SetField(const std::string& field, std::string value) {
@@ -76,11 +98,21 @@ void MetaStruct::SetField(const std::string& field, const char* value) {
   SetField(field, std::string(value));
 }
 
+const std::string& MetaStruct::GetName() const {
+  return body_->layout->structure;
+}
+
+std::span<const std::string> MetaStruct::GetFieldNames() const {
+  return {body_->layout->fields.data(), body_->values.size()};
+}
+
+const std::vector<std::shared_ptr<MetaObject>>& MetaStruct::GetValues() const {
+  return body_->values;
+}
+
 std::shared_ptr<MetaObject> MetaStruct::GetField(const std::string& field) const {
-  const auto fields = GetFieldNames();
-  const auto known = std::ranges::find(fields, field);
-  return known == fields.end() ? nullptr
-                               : values_[static_cast<std::size_t>(known - fields.begin())];
+  const std::size_t position = body_->layout->Find(field);
+  return position < body_->values.size() ? body_->values[position] : nullptr;
 }
 
 MetaList::MetaList(MetaType elementType, std::shared_ptr<MetaStruct> elementTemplate)

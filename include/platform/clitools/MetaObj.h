@@ -65,44 +65,30 @@ class MetaBool : public MetaObject {
   bool value_;
 };
 
-/// A record: named fields in the order in which they were first set. Records of one name that set
-/// the same fields in the same order share the names, so that a list of many keeps them once.
+/// A record: named fields in the order in which they were first set.
 class MetaStruct : public MetaObject {
  public:
   /// An empty record; `name` is the key of its formatter parameters ("fields:" + name).
   static std::shared_ptr<MetaStruct> New(std::string name);
   explicit MetaStruct(const std::string& name);
+  ~MetaStruct() override;
 
   /// Replaces the field's value, or appends the field if the record does not have it yet.
   void SetField(const std::string& field, std::shared_ptr<MetaObject> value);
   void SetField(const std::string& field, std::string value);
   void SetField(const std::string& field, const char* value);
 
-  const std::string& GetName() const { return layout_->structure; }
-  /// Valid until a record of this name gets a further field.
-  std::span<const std::string> GetFieldNames() const {
-    return {layout_->fields.data(), values_.size()};
-  }
+  const std::string& GetName() const;
+  /// Valid until this record gets a further field.
+  std::span<const std::string> GetFieldNames() const;
   /// The fields' values, each where `GetFieldNames` has its name.
-  const std::vector<std::shared_ptr<MetaObject>>& GetValues() const { return values_; }
-  /// Whether a field that both have stands at the same position in both.
-  bool SharesLayout(const MetaStruct& other) const { return layout_ == other.layout_; }
+  const std::vector<std::shared_ptr<MetaObject>>& GetValues() const;
   /// The field's value; null if there is no such field.
   std::shared_ptr<MetaObject> GetField(const std::string& field) const;
 
  private:
-  /// A record has the first of these fields, as many as it has values.
-  struct Layout {
-    std::string structure;
-    std::vector<std::string> fields;
-  };
-  static const std::shared_ptr<Layout>& SharedLayout(const std::string& structure);
-  /// Where the field's value is, or is to be appended: then the layout has the name already.
-  std::size_t PositionOf(const std::string& field);
-
-  std::shared_ptr<Layout> layout_;
-  std::size_t next_ = 0;  ///< the position behind that of the field set last
-  std::vector<std::shared_ptr<MetaObject>> values_;
+  struct Body;
+  std::unique_ptr<Body> body_;
 };
 
 /// A list of texts or of records.

@@ -99,6 +99,25 @@ TEST(Format, ShowsEverythingThatIsNoRecord) {
   }
 }
 
+TEST(Format, ShowsRecordsOfUnequalFields) {
+  const auto record = [](const Names& fields) {
+    const auto made = MetaStruct::New("Odd");
+    for (const std::string& field : fields) made->SetField(field, field + "!");
+    return made;
+  };
+  const auto list = MetaList::New(MetaType::kStruct, record({"a"}));
+  const auto shortest = record({"a", "c"});
+  const auto names = shortest->GetFieldNames();
+  for (const Names& fields : {Names{"a", "c", "d"}, {"a", "c", "d", "b"}, {"c", "a"}, {}}) {
+    list->Add(record(fields));
+  }
+  list->Add(shortest);
+  EXPECT_EQ(Format(*list, "csv", {{"fields:Odd", "a,b,c"}}),
+            "a,b,c\na!,,c!\na!,b!,c!\na!,,c!\n,,\na!,,c!\n");
+  EXPECT_EQ(names.data(), shortest->GetFieldNames().data()) << "moved by another record's field";
+  EXPECT_EQ(Names(names.begin(), names.end()), (Names{"a", "c"}));
+}
+
 TEST(Format, FitsTablesToThePage) {
   const auto disks = MakeDisks({MakeDisk("one two three", 5, {"a", "b"}), MakeDisk("漢字 x", 6)});
   const auto table = [&](std::size_t width) {
