@@ -9,7 +9,7 @@
 #include <system_error>
 
 #include "autocli/Terminal.h"
-#include "clitools/Text.h"
+#include "clitools/Display.h"
 #include "clitools/UsageError.h"
 #include "clitools/Words.h"
 #include "corectl/LabHost.h"

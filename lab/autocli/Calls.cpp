@@ -1,6 +1,6 @@
 #include "autocli/Calls.h"
 
-#include "baselibs/Text.h"
+#include "baselibs/Strings.h"
 #include "corectl/Operations.h"
 
 namespace AutoCliProgram {

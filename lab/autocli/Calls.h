@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "clitools/Text.h"
+#include "clitools/Display.h"
 
 namespace AutoCliProgram {
 

@@ -3,10 +3,10 @@
 #include <span>
 
 #include "autocli/Options.h"
-#include "baselibs/Text.h"
+#include "baselibs/Strings.h"
+#include "clitools/Display.h"
 #include "clitools/Help.h"
 #include "clitools/Suggest.h"
-#include "clitools/Text.h"
 #include "clitools/UsageError.h"
 
 namespace AutoCliProgram {

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "clitools/Text.h"
+#include "clitools/Display.h"
 
 namespace AutoCliProgram {
 

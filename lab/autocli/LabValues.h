@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "autocli/Options.h"
-#include "clitools/Completion.h"
+#include "clitools/Candidates.h"
 
 namespace AutoCliProgram {
 

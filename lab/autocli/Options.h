@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "clitools/Text.h"
+#include "clitools/Display.h"
 #include "platform/clitools/CallSpec.h"
 
 namespace AutoCliProgram {

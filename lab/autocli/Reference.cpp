@@ -5,13 +5,13 @@
 #include "autocli/Calls.h"
 #include "autocli/Examples.h"
 #include "autocli/Options.h"
-#include "baselibs/Text.h"
+#include "baselibs/Strings.h"
 #include "clitools/CommandLine.h"
+#include "clitools/Display.h"
 #include "clitools/Format.h"
 #include "clitools/Help.h"
 #include "clitools/Markdown.h"
 #include "clitools/PluginError.h"
-#include "clitools/Text.h"
 
 namespace AutoCliProgram {
 

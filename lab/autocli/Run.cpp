@@ -13,12 +13,12 @@
 #include "autocli/Reference.h"
 #include "autocli/Spinner.h"
 #include "autocli/Terminal.h"
-#include "baselibs/Text.h"
+#include "baselibs/Strings.h"
 #include "clitools/CommandLine.h"
+#include "clitools/Display.h"
 #include "clitools/Format.h"
 #include "clitools/Help.h"
 #include "clitools/PluginError.h"
-#include "clitools/Text.h"
 #include "corectl/LabHost.h"
 
 namespace AutoCliProgram {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <stdexcept>
 
-#include "clitools/Text.h"
+#include "clitools/Display.h"
 
 namespace CliTools::AutoCli {
 

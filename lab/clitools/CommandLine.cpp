@@ -7,9 +7,9 @@
 #include <span>
 #include <string_view>
 
-#include "baselibs/Text.h"
+#include "baselibs/Strings.h"
+#include "clitools/Display.h"
 #include "clitools/Suggest.h"
-#include "clitools/Text.h"
 
 namespace CliTools {
 

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <stdexcept>
 
-#include "baselibs/Text.h"
+#include "baselibs/Strings.h"
+#include "clitools/Display.h"
 #include "clitools/Formatters.h"
 #include "clitools/Suggest.h"
-#include "clitools/Text.h"
 #include "clitools/UsageError.h"
 
 namespace CliTools {

@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "clitools/Text.h"
+#include "clitools/Display.h"
 #include "platform/clitools/AutoCli.h"
 
 namespace CliTools {

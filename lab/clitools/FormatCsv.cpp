@@ -1,5 +1,5 @@
+#include "clitools/Display.h"
 #include "clitools/Formatters.h"
-#include "clitools/Text.h"
 
 namespace CliTools {
 

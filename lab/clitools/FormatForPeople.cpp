@@ -2,8 +2,8 @@
 #include <algorithm>
 #include <numeric>
 
+#include "clitools/Display.h"
 #include "clitools/Formatters.h"
-#include "clitools/Text.h"
 
 namespace CliTools {
 

@@ -2,8 +2,8 @@
 #include <rapidjson/prettywriter.h>
 #include <rapidjson/stringbuffer.h>
 
+#include "clitools/Display.h"
 #include "clitools/Formatters.h"
-#include "clitools/Text.h"
 
 namespace CliTools {
 
@@ -45,7 +45,7 @@ class JsonWriter {
   }
 
   void WriteText(const std::string& text) {
-    if (IsPlain(text)) return WriteValid(text);
+    if (IsPrintableAscii(text)) return WriteValid(text);
     WriteValid(ValidUtf8(text));
   }
 

@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "clitools/Display.h"
 #include "clitools/Format.h"
-#include "clitools/Text.h"
 
 namespace CliTools {
 

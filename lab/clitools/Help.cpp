@@ -2,11 +2,11 @@
 
 #include <algorithm>
 
-#include "baselibs/Text.h"
+#include "baselibs/Strings.h"
 #include "clitools/CommandLine.h"
+#include "clitools/Display.h"
 #include "clitools/Format.h"
 #include "clitools/PluginError.h"
-#include "clitools/Text.h"
 
 namespace CliTools {
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <string_view>
 
-#include "baselibs/Text.h"
-#include "clitools/Text.h"
+#include "baselibs/Strings.h"
+#include "clitools/Display.h"
 
 namespace CliTools {
 

@@ -6,8 +6,8 @@
 #include <typeinfo>
 #include <vector>
 
+#include "clitools/Display.h"
 #include "clitools/Help.h"
-#include "clitools/Text.h"
 
 namespace CliTools {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "clitools/Text.h"
+#include "clitools/Display.h"
 
 namespace CliTools {
 

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "baselibs/Text.h"
+#include "baselibs/Strings.h"
 #include "corectl/LabHost.h"
 
 namespace Lab {

@@ -4,7 +4,7 @@
 #include <ctime>
 
 #include "baselibs/Process.h"
-#include "baselibs/Text.h"
+#include "baselibs/Strings.h"
 #include "corectl/Hosts.h"
 #include "corectl/LabHost.h"
 #include "corectl/Splits.h"

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <utility>
 
-#include "baselibs/Text.h"
+#include "baselibs/Strings.h"
 #include "platform/corectl/DovraUtil.h"
 
 namespace CoreCtl::Dovra {

@@ -4,7 +4,7 @@
 #include <optional>
 #include <system_error>
 
-#include "baselibs/Text.h"
+#include "baselibs/Strings.h"
 #include "corectl/Hosts.h"
 #include "hostroot/HostRoot.h"
 #include "store/LabFolder.h"

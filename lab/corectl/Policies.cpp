@@ -6,7 +6,7 @@
 #include <set>
 #include <string_view>
 
-#include "baselibs/Text.h"
+#include "baselibs/Strings.h"
 #include "corectl/LabHost.h"
 
 namespace Lab {

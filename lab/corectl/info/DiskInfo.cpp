@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "baselibs/Text.h"
+#include "baselibs/Strings.h"
 #include "corectl/Disks.h"
 #include "corectl/info/LabInfo.h"
 #include "platform/corectl/DovraUtil.h"

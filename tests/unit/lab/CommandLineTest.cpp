@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "Parameters.h"
-#include "baselibs/Text.h"
+#include "baselibs/Strings.h"
 #include "clitools/CommandLine.h"
 
 namespace {

@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
 #include "Tree.h"
-#include "baselibs/Text.h"
-#include "clitools/Completion.h"
-#include "clitools/Text.h"
+#include "baselibs/Strings.h"
+#include "clitools/Candidates.h"
+#include "clitools/Display.h"
 
 namespace {
 

@@ -2,8 +2,8 @@
 
 #include <nlohmann/json.hpp>
 
+#include "clitools/Display.h"
 #include "clitools/Format.h"
-#include "clitools/Text.h"
 
 namespace {
 

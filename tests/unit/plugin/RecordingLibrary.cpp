@@ -5,7 +5,7 @@
 
 #include <type_traits>
 
-#include "baselibs/Text.h"
+#include "baselibs/Strings.h"
 #include "platform/baselibs/Uuid.h"
 #include "platform/clitools/AutoCli.h"
 #include "platform/corectl/DovraUtil.h"

@@ -2,7 +2,7 @@
 
 #include <stdexcept>
 
-#include "baselibs/Text.h"
+#include "baselibs/Strings.h"
 #include "clitools/CommandLine.h"
 #include "clitools/Words.h"
 #include "frame/HostPaths.h"

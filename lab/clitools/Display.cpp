@@ -1,4 +1,4 @@
-#include "clitools/Text.h"
+#include "clitools/Display.h"
 
 #include <locale.h>
 #include <wchar.h>
@@ -71,12 +71,12 @@ CodePoint DecodeUtf8(std::string_view text) {
   return {value, text.substr(0, length), true};
 }
 
-bool IsPlain(std::string_view text) {
+bool IsPrintableAscii(std::string_view text) {
   return std::ranges::all_of(text, [](char c) { return c >= ' ' && c <= '~'; });
 }
 
 std::string ValidUtf8(std::string_view text) {
-  if (IsPlain(text)) return std::string(text);
+  if (IsPrintableAscii(text)) return std::string(text);
   std::string valid;
   ForEachCodePoint(
       text, [&](const CodePoint& point) { valid += point.valid ? point.bytes : kReplacement; });
@@ -84,7 +84,7 @@ std::string ValidUtf8(std::string_view text) {
 }
 
 std::string Printable(std::string_view text) {
-  if (IsPlain(text)) return std::string(text);
+  if (IsPrintableAscii(text)) return std::string(text);
   std::string printable;
   ForEachCodePoint(text, [&](const CodePoint& point) {
     if (IsControl(point.value) || MisleadsReader(point.value)) {
@@ -109,7 +109,7 @@ std::string Quote(std::string_view text) {
 }
 
 std::size_t DisplayWidth(std::string_view text) {
-  if (IsPlain(text)) return text.size();
+  if (IsPrintableAscii(text)) return text.size();
   std::size_t width = 0;
   ForEachCodePoint(text, [&](const CodePoint& point) { width += DisplayWidth(point.value); });
   return width;

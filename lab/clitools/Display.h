@@ -39,7 +39,7 @@ constexpr bool IsControl(char32_t value) {
 
 /// Whether every byte is a character of its own, of one column: most texts, so they take short
 /// ways.
-bool IsPlain(std::string_view text);
+bool IsPrintableAscii(std::string_view text);
 
 /// `text` with U+FFFD for all that is not UTF-8.
 std::string ValidUtf8(std::string_view text);

@@ -2,9 +2,9 @@
 
 #include <cstdlib>
 
-#include "baselibs/Text.h"
+#include "baselibs/Strings.h"
+#include "clitools/Display.h"
 #include "clitools/Suggest.h"
-#include "clitools/Text.h"
 
 namespace {
 
@@ -13,7 +13,7 @@ using BaseLibs::Join;
 using namespace std::string_literals;
 using Names = std::vector<std::string>;
 
-TEST(Text, ReplacesWhatIsNotUtf8) {
+TEST(Display, ReplacesWhatIsNotUtf8) {
   const std::vector<std::pair<std::string, std::string>> cases = {
       {"a\xC3\xA9\xE6\xBC\xA2\xF0\x9F\x98\x80", "aé漢😀"},
       {"\x80|\xF5\x80\x80\x80|\xC3", "\uFFFD|\uFFFD\uFFFD\uFFFD\uFFFD|\uFFFD"},
@@ -28,14 +28,14 @@ TEST(Text, ReplacesWhatIsNotUtf8) {
   for (const auto& [text, expected] : cases) EXPECT_EQ(ValidUtf8(text), expected);
 }
 
-TEST(Text, ShowsPeopleNoCharacterThatATerminalActsOn) {
+TEST(Display, ShowsPeopleNoCharacterThatATerminalActsOn) {
   EXPECT_EQ(Printable("a\n\r\t\x1b[2J\x7f\0\u009b|\u061c\u202e\u2028\u200f\u2066|\\ é\u2010\xff"s),
             R"(a\n\r\t\x1b[2J\x7f\x00\x9b|\u061c\u202e\u2028\u200f\u2066|\ é)"
             "\u2010\uFFFD");
   EXPECT_EQ(Quote("a\nb"), "\"a\\nb\"");
 }
 
-TEST(Text, MeasuresColumnsWhateverTheProcessLocale) {
+TEST(Display, MeasuresColumnsWhateverTheProcessLocale) {
   ASSERT_EQ(MB_CUR_MAX, 1U);  // this locale knows no Unicode
   EXPECT_EQ(DisplayWidth("abc"), 3U);
   EXPECT_EQ(DisplayWidth("漢字"), 4U);
@@ -43,7 +43,7 @@ TEST(Text, MeasuresColumnsWhateverTheProcessLocale) {
   EXPECT_EQ(MB_CUR_MAX, 1U);
 }
 
-TEST(Text, WrapsOneWordALineAtLeast) {
+TEST(Display, WrapsOneWordALineAtLeast) {
   EXPECT_EQ(Wrap("a b", 5, 3), "     a\n     b\n");
   EXPECT_EQ(Wrap("a bcd", 0, 3), "a\nbcd\n");
 }

@@ -1,4 +1,4 @@
-#include "clitools/Completion.h"
+#include "clitools/Candidates.h"
 
 #include <algorithm>
 #include <set>
