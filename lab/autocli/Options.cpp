@@ -228,8 +228,8 @@ std::vector<std::pair<std::string, std::string>> OptionRows() {
 
 const char* ExitStatusHelp() {
   return "0 success, 1 the command reported errors, 2 the command line is wrong, 3 the host "
-         "(plug-in, lab) cannot be used, 4 the command ran, but its result could not be written. A "
-         "batch's is the highest of its lines'.";
+         "(plug-in, lab) cannot be used, 4 the command ran, but its result could not be written "
+         "(a full disk, a pipe without a reader). A batch's is the highest of its lines'.";
 }
 
 std::string OptionsHelp(const CliTools::Style& style) {

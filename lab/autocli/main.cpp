@@ -1,6 +1,7 @@
 // autocli: runs the plug-ins' commands on a stand-in host.
 
 #include <fcntl.h>
+#include <signal.h>
 #include <unistd.h>
 
 #include <string>
@@ -42,5 +43,6 @@ void KeepStandardStreams() {
 int main(int argc, char** argv) {
   using namespace AutoCliProgram;
   KeepStandardStreams();
+  signal(SIGPIPE, SIG_IGN);  // a result that nobody reads is reported as one that was lost
   return Guard("", [&] { return Run({argv + 1, argv + argc}); });
 }

@@ -70,6 +70,10 @@ load common
     done
     run bash -c '"$AUTOCLI" --batch - <&-'
     same '2: autocli: --batch: "standard input" cannot be read: Bad file descriptor' "$status: $output"
+    for words in '--list' 'dovra cluster get -f json' '--batch -'; do # a reader that is gone
+        run bash -c "exec 3>&1; { sleep 0.2; yes dovra trace get | '$AUTOCLI' $words 2>&3; echo \$? >&3; } | :"
+        same '*: the result cannot be written to standard output: Broken pipe'$'\n4' "$output"
+    done
     run bash -c 'printf "dovra trace get\nlab host add -n host3" | "$AUTOCLI" --keep-going --batch - >/dev/full'
     same '4: host1 host2' "$status: $(hosts)"
 }

@@ -14,10 +14,12 @@ TEST(ProcessTest, TellsHowTheProgramEndedAndWhatItSaid) {
       {"echo said; echo complained >&2; exit 7", 7, "said\ncomplained\n"},
       {"read -r one; read -r two; echo \"$two\"; read -r three", 1, "b\n"},
       {"kill -9 $$", 128 + 9, ""},
+      {"kill -PIPE $$", 128 + SIGPIPE, ""},
       {"head -c 100000 /dev/zero | tr '\\0' x", 0, std::string(100000, 'x')},
   };
   for (const auto callers : {SIG_DFL, SIG_IGN}) {  // a shell may have left SIGCHLD ignored
     signal(SIGCHLD, callers);
+    signal(SIGPIPE, callers);
     for (const auto& [line, status, output] : cases) {
       const Outcome outcome = RunProgram({"/bin/sh", "-c", line}, "a\nb\n");
       EXPECT_EQ(outcome.status, status) << line;
