@@ -6,6 +6,7 @@
 #include "baselibs/Strings.h"
 #include "clitools/Display.h"
 #include "clitools/Help.h"
+#include "clitools/PluginError.h"
 #include "clitools/Suggest.h"
 #include "clitools/UsageError.h"
 
@@ -58,6 +59,15 @@ std::vector<std::string> WhatWasMeant(const CommandSpec& space, const std::strin
   return meant;
 }
 
+/// Throws `PluginError` for a node that has neither children nor a call.
+void RequireSpecs(const CommandSpec& space) {
+  for (const auto& child : space.GetChildren()) {
+    const auto* const spec = dynamic_cast<const CommandSpec*>(child.get());
+    if (!spec) throw CliTools::PluginError(*child, "is neither a namespace nor a command");
+    RequireSpecs(*spec);
+  }
+}
+
 /// A root that is not destroyed: the process ends with it, and taking the tree down would cost as
 /// much as building it.
 const std::shared_ptr<Namespace>& LastingRoot() {
@@ -72,7 +82,7 @@ CommandTree::CommandTree(const std::filesystem::path& pluginFolder)
 
 Target CommandTree::Resolve(const std::vector<std::string>& words) {
   if (!words.empty()) plugins_.LoadCalled(words.front());
-  if (!NamesCommand(*root_, words)) plugins_.LoadAll();
+  if (!NamesCommand(*root_, words)) GetWhole();
   Target target{root_, {}};
   std::span<const std::string> left = words;
   while (const auto space = std::dynamic_pointer_cast<Namespace>(target.node)) {
@@ -95,6 +105,7 @@ Target CommandTree::Resolve(const std::vector<std::string>& words) {
 
 const std::shared_ptr<Namespace>& CommandTree::GetWhole() {
   plugins_.LoadAll();
+  RequireSpecs(*root_);
   return root_;
 }
 

@@ -64,8 +64,13 @@ void Plugins::LoadAll() {
 }
 
 void Plugins::Load(const fs::path& plugin) {
-  if (!loaded_.insert(plugin).second) return;
-  void* const handle = dlopen(plugin.c_str(), RTLD_LAZY | RTLD_LOCAL);
+  if (loaded_.contains(plugin)) return;
+  std::error_code ignored;
+  const fs::file_status status = fs::status(plugin, ignored);
+  // To open a FIFO would wait for a writer.
+  if (fs::exists(status) && !fs::is_regular_file(status)) Refuse(plugin, "it is no regular file");
+  // The tree refers to the plug-in, so it stays loaded even if it closes itself.
+  void* const handle = dlopen(plugin.c_str(), RTLD_LAZY | RTLD_LOCAL | RTLD_NODELETE);
   if (handle == nullptr) Refuse(plugin, dlerror());
   void* const entry = FindFunction(handle, "AutoCli_RegisterNamespaces");
   if (entry == nullptr) Refuse(plugin, "it has no function AutoCli_RegisterNamespaces");
@@ -73,7 +78,10 @@ void Plugins::Load(const fs::path& plugin) {
     reinterpret_cast<decltype(&AutoCli_RegisterNamespaces)>(entry)(root_);
   } catch (const std::exception& error) {
     Refuse(plugin, error.what());
+  } catch (...) {
+    Refuse(plugin, "it threw what is no std::exception");
   }
+  loaded_.insert(plugin);
 }
 
 }  // namespace AutoCliProgram

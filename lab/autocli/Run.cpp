@@ -171,6 +171,20 @@ bool IsConfirmed(const Command& command, const std::string& consequence) {
   return answer == 'y' || answer == 'Y';
 }
 
+/// Runs the command. Throws `PluginError` for what it throws, unless the lab cannot be used.
+void Execute(Command& command, const Call& call,
+             const std::shared_ptr<CliTools::CallSpec::Output>& output) {
+  const std::string path = CliTools::Printable(CliTools::PathOf(command));
+  const Spinner spinner(path);
+  try {
+    command.Execute(call.input, output);
+  } catch (const Lab::LabError&) {
+    throw;
+  } catch (...) {
+    throw CliTools::ThrownBy(command);
+  }
+}
+
 void PrintResult(const Command& command, const MetaObject& result, const Call& call) {
   CliTools::CheckResult(command, result);
   CliTools::Format(result, call.formatter, call.formatterParameters, StyleFor(call.options), Print);
@@ -190,11 +204,7 @@ ExitStatus RunCommand(Command& command, const std::vector<std::string>& words,
   }
   SelectLab(call.options);
   const auto output = CliTools::CallSpec::Output::New();
-  {
-    const std::string path = CliTools::Printable(CliTools::PathOf(command));
-    const Spinner spinner(path);
-    command.Execute(call.input, output);
-  }
+  Execute(command, call, output);
   ExitStatus status = kSuccess;
   if (const auto& root = output->GetRootObject()) {
     status = Guard(options.place, [&] {

@@ -25,6 +25,10 @@ bool IsWithin(const NamespaceNode& node, const NamespaceNode& top) {
   return parent != nullptr && IsWithin(*parent, top);
 }
 
+[[noreturn]] void Refuse(const std::string& name, const char* reason) {
+  throw std::invalid_argument("the node " + Quote(name) + ' ' + reason);
+}
+
 }  // namespace
 
 NamespaceNode::NamespaceNode() = default;
@@ -63,13 +67,16 @@ std::shared_ptr<NamespaceNode> CommandSpec::GetNamespaceNode(const std::string& 
 void CommandSpec::RegisterNamespaceNode(std::shared_ptr<NamespaceNode> child,
                                         const std::string& name) {
   if (child == nullptr) throw std::invalid_argument("there is no node for the name " + Quote(name));
-  if (IsWithin(*this, *child)) {
-    throw std::invalid_argument("the node " + Quote(name) + " cannot stand below itself");
-  }
+  if (IsWithin(*this, *child)) Refuse(name, "cannot stand below itself");
+  // With one parent a node, no cycle escapes the check above.
+  if (weak_from_this().expired()) Refuse(name, "is registered in a namespace under construction");
+  const auto parent = child->GetParent();
+  if (parent && parent.get() != this) Refuse(name, "is registered in another namespace already");
   child->name_ = name;
   child->parent_ = weak_from_this();
   const auto known = std::ranges::find(children_, name, &NamespaceNode::name_);
   if (known != children_.end()) {
+    if (*known != child) (*known)->parent_.reset();
     *known = std::move(child);
   } else {
     children_.push_back(std::move(child));

@@ -35,6 +35,18 @@ std::string OptionName(const ParameterSpec& parameter) {
   return "--" + parameter.GetName();
 }
 
+bool IsFlag(const ParameterSpec& parameter) {
+  return parameter.GetType() == ParameterType::kFlag;
+}
+
+/// The command's parameters, then the program's.
+Parameters Joined(const InputSpec& command, const InputSpec& program) {
+  Parameters parameters = command.GetParameters();
+  const Parameters& shared = program.GetParameters();
+  parameters.insert(parameters.end(), shared.begin(), shared.end());
+  return parameters;
+}
+
 bool HasLongName(const Parameters& parameters, std::string_view name) {
   return std::ranges::find(parameters, name, &ParameterSpec::GetName) != parameters.end();
 }
@@ -50,11 +62,13 @@ class OptionReader {
     for (std::string& word : words_) argv_.push_back(word.data());
     argv_.push_back(nullptr);
     for (const auto& parameter : parameters) {
-      const bool isFlag = parameter->GetType() == ParameterType::kFlag;
+      const bool isFlag = IsFlag(*parameter);
       longNames_.push_back({parameter->GetName().c_str(), isFlag ? no_argument : required_argument,
                             nullptr, kFirstLongName + static_cast<int>(longNames_.size())});
-      if (parameter->GetShortName().empty()) continue;
-      shortNames_ += parameter->GetShortName();
+      const std::string& letter = parameter->GetShortName();
+      // getopt_long returns "?" and ":" for errors, and gives ":" and ";" meanings of their own.
+      if (letter.size() != 1 || letter.find_first_of("?:;") != std::string::npos) continue;
+      shortNames_ += letter;
       if (!isFlag) shortNames_ += ':';
     }
     longNames_.push_back({});
@@ -77,8 +91,8 @@ class OptionReader {
     const int code = getopt_long(static_cast<int>(words_.size()), argv_.data(), shortNames_.c_str(),
                                  longNames_.data(), nullptr);
     if (code == -1) return false;
+    if (code == '?' && optopt < kFirstLongName) RefuseUnknownLetter(word);
     const std::size_t index = IndexOf(code == '?' || code == ':' ? optopt : code);
-    if (index == parameters_.size()) RefuseUnknownLetter(word);
     last_ = parameters_[index].get();
     if (code == ':') {
       throw UsageError(OptionName(*last_) + " needs a value: " + ValueInWords(*last_));
@@ -125,7 +139,7 @@ class OptionReader {
                                      [](const auto& parameter) { return OptionName(*parameter); });
   }
 
-  /// The parameter for which getopt_long returned `code`; the number of parameters if none.
+  /// The parameter for which getopt_long returned `code`.
   std::size_t IndexOf(int code) const {
     if (code >= kFirstLongName) return static_cast<std::size_t>(code - kFirstLongName);
     const std::string letter(1, static_cast<char>(code));
@@ -141,7 +155,7 @@ class OptionReader {
       hint = OptionsInWords();
     } else if (before.starts_with('-') && HasLongName(parameters_, before.substr(1))) {
       hint = DidYouMean({"-" + std::string(before)});  // "-uuid X" was read as "-u uid" and X
-    } else if (last_->GetType() == ParameterType::kFlag) {
+    } else if (IsFlag(*last_)) {
       hint = OptionName(*last_) + " takes no value";
     } else if (last_->GetType() == ParameterType::kStringList) {
       hint = "repeat " + OptionName(*last_) + " before each of its values";
@@ -241,10 +255,8 @@ std::shared_ptr<Input> MakeInput(ParameterRange parameters,
 
 CommandLine ParseCommandLine(const InputSpec& command, const InputSpec& program,
                              const std::vector<std::string>& arguments) {
-  Parameters parameters = command.GetParameters();
-  const std::size_t own = parameters.size();
-  const Parameters& shared = program.GetParameters();
-  parameters.insert(parameters.end(), shared.begin(), shared.end());
+  const Parameters parameters = Joined(command, program);
+  const std::size_t own = command.GetParameters().size();
   const GivenValues given = OptionReader(parameters, own, arguments).Read();
   const ParameterRange all = parameters;
   const std::span values = given;
@@ -255,6 +267,39 @@ CommandLine ParseCommandLine(const InputSpec& command, const InputSpec& program,
 std::shared_ptr<Input> ParseParameters(const InputSpec& spec,
                                        const std::vector<std::string>& arguments) {
   return ParseCommandLine(spec, InputSpec(), arguments).command;
+}
+
+OptionWord ReadOptionWord(const Parameters& parameters, std::string_view word) {
+  OptionWord read;
+  if (word.starts_with("--")) {
+    const std::string_view name = word.substr(2, word.find('=') - 2);
+    const auto option = std::ranges::find(parameters, name, &ParameterSpec::GetName);
+    if (option == parameters.end()) return read;
+    return {{option->get()}, !IsFlag(**option) && word.find('=') == std::string_view::npos};
+  }
+  for (std::size_t index = 1; index < word.size(); ++index) {
+    const auto option =
+        std::ranges::find(parameters, word.substr(index, 1), &ParameterSpec::GetShortName);
+    if (option == parameters.end()) break;
+    read.options.push_back(option->get());
+    if (IsFlag(**option)) continue;
+    read.takesNextWord = index + 1 == word.size();
+    break;
+  }
+  return read;
+}
+
+bool AsksForHelp(const InputSpec& command, const InputSpec& program,
+                 const std::vector<std::string>& arguments) {
+  const Parameters parameters = Joined(command, program);
+  for (auto word = arguments.begin(); word != arguments.end() && *word != "--"; ++word) {
+    if (*word == "help") return true;
+    if (!word->starts_with('-')) continue;
+    const auto [options, takesNextWord] = ReadOptionWord(parameters, *word);
+    if (std::ranges::find(options, "help", &ParameterSpec::GetName) != options.end()) return true;
+    if (takesNextWord && word + 1 != arguments.end()) ++word;
+  }
+  return false;
 }
 
 std::string AllowedValues(const ParameterConstraint& constraint) {

@@ -3,6 +3,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "clitools/UsageError.h"
@@ -27,6 +28,21 @@ struct CommandLine {
 /// command has too is the command's.
 CommandLine ParseCommandLine(const CallSpec::InputSpec& command, const CallSpec::InputSpec& program,
                              const std::vector<std::string>& arguments);
+
+/// What one word says that begins with a hyphen: "--name", "--name=VALUE", "-x", "-xVALUE", "-xyz".
+struct OptionWord {
+  std::vector<const CallSpec::ParameterSpec*> options;  ///< up to the first unknown one
+  bool takesNextWord = false;                           ///< as the value of the last one
+};
+
+/// Reads the word without judging it.
+OptionWord ReadOptionWord(const std::vector<std::shared_ptr<CallSpec::ParameterSpec>>& parameters,
+                          std::string_view word);
+
+/// Returns whether the words, read from left to right up to "--", hold "help" or an option called
+/// so where no option awaits its value. What else is wrong with the words does not matter.
+bool AsksForHelp(const CallSpec::InputSpec& command, const CallSpec::InputSpec& program,
+                 const std::vector<std::string>& arguments);
 
 /// What a constraint allows: "a, b" for an enumeration, "0 to 512" for a range.
 std::string AllowedValues(const CallSpec::ParameterConstraint& constraint);

@@ -12,6 +12,7 @@
 namespace CliTools {
 
 using AutoCli::Command;
+using AutoCli::NamespaceNode;
 using MetaObj::MetaList;
 using MetaObj::MetaObject;
 using MetaObj::MetaStruct;
@@ -19,11 +20,21 @@ using MetaObj::MetaType;
 
 namespace {
 
-/// The library that the command's class comes from.
-std::string FileOf(const Command& command) {
+/// The library that the node's class comes from.
+std::string FileOf(const NamespaceNode& node) {
   Dl_info info;
-  const bool known = dladdr(typeid(command).name(), &info) != 0 && info.dli_fname != nullptr;
+  const bool known = dladdr(typeid(node).name(), &info) != 0 && info.dli_fname != nullptr;
   return known ? info.dli_fname : "unknown";
+}
+
+/// Returns what `question` returns, which asks the command.
+template <class Question>
+auto Ask(const Command& command, Question&& question) {
+  try {
+    return question();
+  } catch (...) {
+    throw ThrownBy(command);
+  }
 }
 
 /// Why the value cannot be shown; null if it can. `above` are the values that hold it.
@@ -35,16 +46,17 @@ const char* FaultOf(const MetaObject& value, std::vector<const MetaObject*>& abo
   above.push_back(&value);
   if (isList) {
     const auto& list = static_cast<const MetaList&>(value);
+    if (list.GetElementTemplate()) fault = FaultOf(*list.GetElementTemplate(), above);
     for (const auto& element : list.GetElements()) {
+      if (fault != nullptr) break;
       const bool fits = element != nullptr && element->GetType() == list.GetElementType();
       fault =
           fits ? FaultOf(*element, above) : "has a list with an element that is none of its type";
-      if (fault != nullptr) break;
     }
   } else {
     for (const auto& field : static_cast<const MetaStruct&>(value).GetValues()) {
-      if (field != nullptr) fault = FaultOf(*field, above);
       if (fault != nullptr) break;
+      fault = field == nullptr ? "has a field without a value" : FaultOf(*field, above);
     }
   }
   above.pop_back();
@@ -53,12 +65,22 @@ const char* FaultOf(const MetaObject& value, std::vector<const MetaObject*>& abo
 
 }  // namespace
 
-PluginError::PluginError(const Command& command, const std::string& fault)
-    : std::runtime_error("the plug-in " + Quote(FileOf(command)) +
-                         " is broken: " + Quote(PathOf(command)) + ' ' + fault) {}
+PluginError::PluginError(const NamespaceNode& node, const std::string& fault)
+    : std::runtime_error("the plug-in " + Quote(FileOf(node)) +
+                         " is broken: " + Quote(PathOf(node)) + ' ' + fault) {}
+
+PluginError ThrownBy(const Command& command) {
+  try {
+    throw;
+  } catch (const std::exception& error) {
+    return {command, "threw " + Quote(error.what())};
+  } catch (...) {
+    return {command, "threw what is no std::exception"};
+  }
+}
 
 std::shared_ptr<CallSpec::InputSpec> InputOf(Command& command) {
-  auto input = command.GetInputSpec();
+  const auto input = Ask(command, [&command] { return command.GetInputSpec(); });
   if (input == nullptr || std::ranges::count(input->GetParameters(), nullptr) > 0) {
     throw PluginError(command, "does not say what it takes");
   }
@@ -66,7 +88,7 @@ std::shared_ptr<CallSpec::InputSpec> InputOf(Command& command) {
 }
 
 std::shared_ptr<MetaObject> ShapeOf(Command& command) {
-  const auto output = command.GetOutputSpec();
+  const auto output = Ask(command, [&command] { return command.GetOutputSpec(); });
   if (output == nullptr) throw PluginError(command, "does not say what it returns");
   if (output->GetRootObject() != nullptr) CheckResult(command, *output->GetRootObject());
   return output->GetRootObject();

@@ -9,12 +9,15 @@
 
 namespace CliTools {
 
-/// A command is not one that the framework can work with. `what()` names it, and the file of the
-/// plug-in that brought it.
+/// A node of the tree is not one that the framework can work with. `what()` names it, and the file
+/// of the plug-in that brought it.
 class [[gnu::visibility("default")]] PluginError : public std::runtime_error {
  public:
-  PluginError(const AutoCli::Command& command, const std::string& fault);
+  PluginError(const AutoCli::NamespaceNode& node, const std::string& fault);
 };
+
+/// Returns the exception that is being handled, which `command` threw, as a fault of its plug-in.
+PluginError ThrownBy(const AutoCli::Command& command);
 
 /// What the command takes. Throws `PluginError` when it does not say.
 std::shared_ptr<CallSpec::InputSpec> InputOf(AutoCli::Command& command);

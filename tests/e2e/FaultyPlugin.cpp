@@ -1,4 +1,6 @@
 // A plug-in with a command, `odd`, that does what no plug-in may: what the variable FAULT names.
+#include <dlfcn.h>
+
 #include "baselibs/Environment.h"
 #include "corectl/Hosts.h"
 #include "corectl/LabHost.h"
@@ -20,6 +22,8 @@ void BreakOff() {
     store.Save(host);
     Lab::AddHost(store, "half-done");
     if (Fault() == "throws an error") throw std::runtime_error("an error\nof its own");
+    if (Fault() == "throws, reading what is missing")
+      CliTools::CallSpec::Input().GetParameterInt("x");
     if (Fault() == "throws a refusal") throw DovraCtlException("a refusal");
     throw 7;
   });
@@ -28,19 +32,25 @@ void BreakOff() {
 class Odd final : public CliTools::AutoCli::Command {
   InputSpecPtr GetInputSpecInternal() override {
     if (Fault() == "no input") return nullptr;
-    auto spec = MakeInputSpec({});
+    if (Fault() == "input throws") throw 7;
+    auto spec = MakeInputSpec(
+        {{"name", Fault() == "no letter" ? "?" : "", ParameterType::kString, Need::kOptional, ""}});
     if (Fault() == "no parameter") spec->AddParameter(nullptr);
     return spec;
   }
 
   OutputSpecPtr GetOutputSpecInternal() override {
-    return Fault() == "no output" ? nullptr : MakeOutputSpec(nullptr);
+    if (Fault() == "no output") return nullptr;
+    const auto pattern = MetaStruct::New("Odd");
+    if (Fault() == "no value in the pattern") pattern->SetField("Field", StructPtr());
+    return MakeOutputSpec(MetaList::New(MetaType::kStruct, pattern));
   }
 
   void ExecuteInternal(const InputPtr&, const OutputPtr& output) override {
     if (Fault().starts_with("throws")) BreakOff();
     static const auto record = MetaStruct::New("Odd");  // lasting, as nobody else could release it
     if (Fault() == "part of itself") record->SetField("Itself", record);
+    if (Fault() == "no value") record->SetField("Field", StructPtr());
     const auto list = MetaList::New(MetaType::kStruct);
     if (Fault() == "text among records") list->Add("text");
     if (Fault() == "no record") list->Add(StructPtr());
@@ -96,11 +106,30 @@ class Raw final : public CliTools::AutoCli::Command {
   }
 };
 
+/// A namespace that has a child before it can be a parent.
+struct EarlyParent final : Namespace {
+  explicit EarlyParent(const std::shared_ptr<Namespace>& child) {
+    RegisterNamespaceNode(child, "inner");
+  }
+};
+
+struct BareNode final : CliTools::AutoCli::NamespaceNode {};
+
+void CloseMyself() {
+  Dl_info info;
+  dladdr(reinterpret_cast<const void*>(&CloseMyself), &info);
+  void* const handle = dlopen(info.dli_fname, RTLD_NOW | RTLD_NOLOAD);
+  dlclose(handle);
+  dlclose(handle);
+}
+
 }  // namespace
 
 extern "C" void AutoCli_RegisterNamespaces(const std::shared_ptr<Namespace>& root) {
   const std::string fault = Fault();
   if (fault == "has no licence") throw std::runtime_error("no licence");
+  if (fault == "throws a number at once") throw 7;
+  if (fault == "closes itself") CloseMyself();
   for (int number = 0; fault == "many names" && number < 10000; ++number) {
     root->RegisterNamespaceNode(Namespace::New(), "name" + std::to_string(number));
   }
@@ -114,9 +143,12 @@ extern "C" void AutoCli_RegisterNamespaces(const std::shared_ptr<Namespace>& roo
   // Lasting, as nobody else could release what holds itself.
   static const auto space = Namespace::New();
   static const auto inner = Namespace::New();
+  if (fault == "early parent") std::make_shared<EarlyParent>(inner);
   space->RegisterNamespaceNode(inner, "inner");
   if (fault == "no node") root->RegisterNamespaceNode(nullptr, "odd");
   if (fault == "below itself") space->RegisterNamespaceNode(space, "odd");
   if (fault == "above its parent") inner->RegisterNamespaceNode(space, "odd");
+  if (fault == "two parents") root->RegisterNamespaceNode(inner, "odd");
+  if (fault == "bare node") return root->RegisterNamespaceNode(std::make_shared<BareNode>(), "odd");
   root->RegisterNamespaceNode(std::make_shared<Odd>(), "odd");
 }

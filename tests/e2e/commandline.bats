@@ -58,6 +58,11 @@ load common
     unusable "there is no plug-in in \"$folder\"" --plugin-dir "$folder" --list
     echo none >"$folder/libnone.so"
     unusable '*libnone.so*cannot be loaded*' --plugin-dir "$folder" --list
+    mkfifo "$folder/libfifo.so"
+    mkdir "$folder/libdir.so"
+    for name in fifo dir; do
+        unusable "the plug-in \"$folder/lib$name.so\" cannot be loaded: it is no regular file" --plugin-dir "$folder" $name
+    done
 }
 
 @test "results and errors go their own ways, and a full output is noticed" {

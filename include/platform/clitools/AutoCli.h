@@ -60,7 +60,8 @@ class CommandSpec : public NamespaceNode {
   /// Null if there is no such child.
   std::shared_ptr<NamespaceNode> GetNamespaceNode(const std::string& name) const;
   /// Adds `child` under `name` and becomes its parent. A child that had the name is replaced.
-  /// Throws `std::invalid_argument` when there is no child, or this node is the child or below it.
+  /// Throws `std::invalid_argument` when `child` is null, this node or one above it, or has another
+  /// parent, and when no shared handle holds this node yet, as in its constructor.
   void RegisterNamespaceNode(std::shared_ptr<NamespaceNode> child, const std::string& name);
 
   /// In the order of registration.

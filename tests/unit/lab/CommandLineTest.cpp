@@ -67,6 +67,7 @@ TEST(CommandLine, RefusesWhatItCannotTakeAsItIs) {
        "Unexpected argument \"3\"; --uuid was given \"--level\"; a value with blanks stands in "
        "quotes"},
       {{"--wait=tr=ue", "-uX"}, "--wait takes no value, but was given \"tr=ue\""},
+      {{"-?"}, "Unknown option \"-?\"; " + all},
       {{"-w", "-p"}, "--port needs a value: a whole number of at most 64 bits"},
       {{"-w"}, "Missing required parameter --uuid (text)"},
       {{"-ua", "--uuid=b\x1b"},
