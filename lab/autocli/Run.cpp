@@ -188,9 +188,11 @@ void Execute(Command& command, const Call& call,
 void PrintResult(const Command& command, const MetaObject& result, const Call& call) {
   CliTools::CheckResult(command, result);
   CliTools::Format(result, call.formatter, call.formatterParameters, StyleFor(call.options), Print);
-  const bool isEmpty = result.GetType() == MetaType::kList &&
-                       static_cast<const MetaList&>(result).GetElements().empty();
-  if (isEmpty) PrintRemark("The list is empty.");
+}
+
+bool IsEmptyList(const MetaObject& result) {
+  return result.GetType() == MetaType::kList &&
+         static_cast<const MetaList&>(result).GetElements().empty();
 }
 
 ExitStatus RunCommand(Command& command, const std::vector<std::string>& words,
@@ -209,6 +211,8 @@ ExitStatus RunCommand(Command& command, const std::vector<std::string>& words,
   if (const auto& root = output->GetRootObject()) {
     status = Guard(options.place, [&] {
       PrintResult(command, *root, call);
+      const bool hasFailed = !output->GetErrorMessages().empty();
+      if (IsEmptyList(*root) && !hasFailed) PrintRemark("The list is empty.");
       return kSuccess;
     });
   }

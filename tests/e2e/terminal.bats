@@ -26,6 +26,8 @@ shows() { same "$1" "$(on_terminal "$2")"; }
     shows "$(autocli dovra datastore list)" 'NO_COLOR=1 $AUTOCLI dovra datastore list'
     shows '*The list is empty.' '$AUTOCLI lab fault list'
     shows "$(autocli lab fault list)" 'NO_COLOR=1 $AUTOCLI lab fault list 2>/dev/null'
+    autocli lab fault add -o GetDovraInfo -m broken >/dev/null # nothing was read
+    shows "${red}*broken$plain" '$AUTOCLI dovra storage list'
     for plain_command in 'NO_COLOR=1 $AUTOCLI' 'TERM=dumb $AUTOCLI'; do
         shows "$(autocli lab host list)" "$plain_command lab host list"
         shows 'autocli: dovra: there is no*' "$plain_command dovra clutser"
