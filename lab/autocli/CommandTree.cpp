@@ -83,19 +83,20 @@ CommandTree::CommandTree(const std::filesystem::path& pluginFolder)
 Target CommandTree::Resolve(const std::vector<std::string>& words) {
   if (!words.empty()) plugins_.LoadCalled(words.front());
   if (!NamesCommand(*root_, words)) GetWhole();
-  Target target{root_, {}};
+  Target target{root_, {}, ""};
   std::span<const std::string> left = words;
-  while (const auto space = std::dynamic_pointer_cast<Namespace>(target.node)) {
+  while (std::dynamic_pointer_cast<Command>(target.node) == nullptr) {
     const auto options = left.first(CountOptionWords(left));
     target.arguments.insert(target.arguments.end(), options.begin(), options.end());
     left = left.subspan(options.size());
     if (left.empty()) return target;
-    if (auto child = space->GetNamespaceNode(left.front())) {
-      target.node = std::move(child);
+    if (auto child = target.node->GetNamespaceNode(left.front())) {
+      target.node = std::static_pointer_cast<CommandSpec>(std::move(child));
     } else if (left.front() == "help") {
       target.arguments.emplace_back("--help");
     } else {
-      RefuseWord(*space, left.front());
+      target.unknown = left.front();
+      break;
     }
     left = left.subspan(1);
   }

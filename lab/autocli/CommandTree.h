@@ -14,8 +14,9 @@ namespace AutoCliProgram {
 /// A node and the words that are left for it: options of the program that stand before the end of
 /// its path, and all words behind it.
 struct Target {
-  std::shared_ptr<CliTools::AutoCli::NamespaceNode> node;
+  std::shared_ptr<CliTools::AutoCli::CommandSpec> node;
   std::vector<std::string> arguments;
+  std::string unknown;  ///< the word that should have named a child of the node, if any
 };
 
 /// The tree of all commands, of which as much is loaded as is asked for.
@@ -24,11 +25,11 @@ class CommandTree {
   explicit CommandTree(const std::filesystem::path& pluginFolder);
 
   /// Follows the words down the tree, as far as they name namespaces and a command; "help", where
-  /// nothing is called so, stands for --help. Throws
-  /// `UsageError` for a name that is not there, `LabError` when the plug-ins cannot be used.
+  /// nothing is called so, stands for --help. Throws `LabError` and `PluginError` when the
+  /// plug-ins cannot be used.
   Target Resolve(const std::vector<std::string>& words);
 
-  /// The root of the whole tree. Throws `LabError`.
+  /// The root of the whole tree. Throws as `Resolve` does.
   const std::shared_ptr<CliTools::AutoCli::Namespace>& GetWhole();
 
  private:

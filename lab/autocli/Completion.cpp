@@ -55,18 +55,6 @@ Candidates FieldsOf(CommandTree& tree, const std::string& command, std::string_v
   return candidates;
 }
 
-/// The options that the words hold so far. The last of them may still want its value.
-Options ReadTypedOptions(std::vector<std::string> words) {
-  for (words.pop_back(); !words.empty(); words.pop_back()) {
-    try {
-      return ReadOptions(words, OptionsFromEnvironment());
-    } catch (const CliTools::UsageError&) {
-      continue;
-    }
-  }
-  return OptionsFromEnvironment();
-}
-
 /// The words behind the program's name. Variables that are set before it hold for it.
 std::vector<std::string> ReadWords(const std::string& line) {
   CliTools::WordScanner scanner;
@@ -110,7 +98,7 @@ void CompleteLine(const std::string& line) noexcept {
   alarm(kMostSeconds);
   try {
     const std::vector<std::string> words = ReadWords(line);
-    const Options options = ReadTypedOptions(words);
+    const Options options = ReadOptions({words.begin(), words.end() - 1}, OptionsFromEnvironment());
     CommandTree tree(PluginFolder(options));
     const auto values = [&](const std::string& command, const std::string& parameter) {
       if (OptionTakesPath(parameter)) return Candidates{{CliTools::kAnyPath, ""}};

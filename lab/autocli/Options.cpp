@@ -79,20 +79,6 @@ std::shared_ptr<ParameterConstraint> ConstraintFor(std::string_view option) {
   return nullptr;
 }
 
-/// Whether the value of the option that ends the word is the next word.
-bool TakesNextWord(std::string_view word) {
-  if (word.starts_with("--")) {
-    const auto* const option = std::ranges::find(kOptions, word.substr(2), &Option::name);
-    return option != std::end(kOptions) && !option->IsFlag();
-  }
-  for (std::size_t index = 1; index < word.size(); ++index) {
-    const auto* const option = std::ranges::find(kOptions, word.substr(index, 1), &Option::letter);
-    if (option == std::end(kOptions)) return false;
-    if (!option->IsFlag()) return index + 1 == word.size();
-  }
-  return false;
-}
-
 std::shared_ptr<InputSpec> MakeSpec(bool withCommand) {
   auto spec = InputSpec::New();
   for (const Option& option : kOptions) {
@@ -112,6 +98,11 @@ void Take(const Input& given, const char* option, std::string& value) {
   if (!given.HasParameter(option)) return;
   value = given.GetParameter(option);
   if (value.empty()) throw UsageError(std::string("--") + option + ": the name is empty");
+}
+
+/// How many words the option takes that begins with this one.
+std::size_t WordsOfOption(std::string_view word) {
+  return CliTools::ReadOptionWord(OptionsSpec()->GetParameters(), word).takesNextWord ? 2 : 1;
 }
 
 std::vector<std::string> SplitFields(std::string_view list) {
@@ -142,17 +133,36 @@ Options OptionsFromEnvironment() {
 std::size_t CountOptionWords(std::span<const std::string> words) {
   std::size_t count = 0;
   while (count < words.size() && words[count].starts_with('-')) {
-    count += TakesNextWord(words[count]) ? 2 : 1;
+    count += WordsOfOption(words[count]);
   }
   return std::min(count, words.size());
 }
 
 Options ReadOptions(const std::vector<std::string>& arguments, Options options) {
-  const auto end = arguments.begin() + static_cast<std::ptrdiff_t>(CountOptionWords(arguments));
-  options.words.assign(end, arguments.end());
-  if (end == arguments.begin()) return options;
-  return TakeOptions(*CliTools::ParseParameters(*OptionsSpec(), {arguments.begin(), end}),
-                     std::move(options));
+  std::span<const std::string> own = std::span(arguments).first(CountOptionWords(arguments));
+  options.words.assign(own.end(), std::span(arguments).end());
+  options.fault.clear();
+  if (own.empty()) return options;
+  const auto take = [&options](std::span<const std::string> words) {
+    options = TakeOptions(*CliTools::ParseParameters(*OptionsSpec(), {words.begin(), words.end()}),
+                          options);
+  };
+  try {
+    take(own);
+    return options;
+  } catch (const UsageError& error) {
+    options.fault = error.what();
+  }
+  while (!own.empty()) {
+    const auto option = own.first(std::min(WordsOfOption(own.front()), own.size()));
+    own = own.subspan(option.size());
+    try {
+      take(option);
+    } catch (const UsageError&) {
+      continue;
+    }
+  }
+  return options;
 }
 
 Options TakeOptions(const Input& given, Options options) {

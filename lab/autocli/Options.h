@@ -31,6 +31,7 @@ struct Options {
   bool help = false;
   std::vector<std::string> words;  ///< from the first namespace on
   std::string place;               ///< "FILE:LINE: " if the words come from a file
+  std::string fault;               ///< what is wrong with the options before the words, if anything
 };
 
 /// What the options are if none is given.
@@ -40,7 +41,7 @@ Options OptionsFromEnvironment();
 std::size_t CountOptionWords(std::span<const std::string> words);
 
 /// Reads the options that a command line begins with; `options` is what holds for that which it
-/// leaves open. Throws `UsageError`.
+/// leaves open. If one of them is wrong, the result says so, and holds the others.
 Options ReadOptions(const std::vector<std::string>& arguments, Options options);
 
 /// Likewise from what was parsed already.

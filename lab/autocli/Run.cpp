@@ -81,27 +81,18 @@ ExitStatus RunTask(CommandTree& tree, const Options& options) {
   return kSuccess;
 }
 
-/// Whether help is asked for behind the path. Then it does not matter what else is there.
-bool WantsHelp(const Target& target) {
-  const auto& words = target.arguments;
-  const auto end = std::ranges::find(words, "--");
-  return std::find(words.begin(), end, "--help") != end ||
-         std::find(words.begin(), end, "-h") != end || (!words.empty() && words.front() == "help");
-}
-
 std::string ProgramHelp(const CommandSpec& root, const CliTools::Style& style) {
   return OptionsHelp(style) + CliTools::ChildrenHelp(kProgram, root, style) + '\n' +
          CliTools::Wrap(std::string("Exit status: ") + ExitStatusHelp(), 0, style.width);
 }
 
-std::string Help(NamespaceNode& node) {
+std::string Help(CommandSpec& space) {
   const CliTools::Style style = HelpStyle();
-  if (auto* const command = dynamic_cast<Command*>(&node)) {
+  if (auto* const command = dynamic_cast<Command*>(&space)) {
     return CliTools::CommandHelp(kProgram, *command, style) +
            CallsHelp(CliTools::PathOf(*command), style) +
            ExamplesHelp(CliTools::PathOf(*command), style);
   }
-  const auto& space = dynamic_cast<CommandSpec&>(node);
   return space.GetName().empty() ? ProgramHelp(space, style)
                                  : CliTools::NamespaceHelp(kProgram, space, style);
 }
@@ -139,11 +130,10 @@ void CheckOptions(const Command& command, const Options& options, const Options&
   }
 }
 
-Call PrepareCall(Command& command, const std::vector<std::string>& words, const Options& before) {
+Call PrepareCall(Command& command, const CliTools::CallSpec::InputSpec& input,
+                 const std::vector<std::string>& words, const Options& before) {
   try {
-    // Most lines have no words behind the command, and then none of the program's options.
-    const auto program = words.empty() ? CliTools::CallSpec::InputSpec::New() : OptionsSpec();
-    auto given = CliTools::ParseCommandLine(*CliTools::InputOf(command), *program, words);
+    auto given = CliTools::ParseCommandLine(input, *OptionsSpec(), words);
     Call call;
     call.options = TakeOptions(*given.program, before);
     call.input = std::move(given.command);
@@ -195,9 +185,7 @@ bool IsEmptyList(const MetaObject& result) {
          static_cast<const MetaList&>(result).GetElements().empty();
 }
 
-ExitStatus RunCommand(Command& command, const std::vector<std::string>& words,
-                      const Options& options) {
-  const Call call = PrepareCall(command, words, options);
+ExitStatus RunCommand(Command& command, const Call& call, const Options& options) {
   const std::string consequence = command.GetMetaDataField("confirm");
   if (!consequence.empty() && !call.input->IsFlagSet("force") &&
       !IsConfirmed(command, consequence)) {
@@ -247,24 +235,32 @@ void SelectLab(const Options& options) {
 }
 
 ExitStatus RunLine(CommandTree& tree, const Options& options) {
-  const std::string task = options.help ? "" : ProgramTask(options);
-  if (!task.empty()) {
-    if (!options.words.empty()) {
-      throw UsageError(task + " goes without a command; " + CliTools::Quote(options.words.front()) +
-                       " is one too many");
-    }
-    return RunTask(tree, options);
+  if (options.words.empty() && !options.help) {
+    if (!options.fault.empty()) throw UsageError(options.fault);
+    if (!ProgramTask(options).empty()) return RunTask(tree, options);
   }
   const Target target = tree.Resolve(options.words);
-  if (options.help || WantsHelp(target)) {
+  auto* const command = dynamic_cast<Command*>(target.node.get());
+  const auto input =
+      command == nullptr ? CliTools::CallSpec::InputSpec::New() : CliTools::InputOf(*command);
+  const bool asksForHelp =
+      options.help || CliTools::AsksForHelp(*input, *OptionsSpec(), target.arguments);
+  if (asksForHelp && target.unknown.empty()) {
     Print(Help(*target.node));
     return kSuccess;
   }
-  if (auto* const command = dynamic_cast<Command*>(target.node.get())) {
-    return RunCommand(*command, target.arguments, options);
+  if (!options.fault.empty()) throw UsageError(options.fault);
+  if (const std::string task = ProgramTask(options); !task.empty()) {
+    throw UsageError(task + " goes without a command; " + CliTools::Quote(options.words.front()) +
+                     " is one too many");
   }
-  ReadOptions(target.arguments, options);  // what is wrong with them is told first
-  RefuseMissingCommand(dynamic_cast<const CommandSpec&>(*target.node));
+  if (!target.unknown.empty()) RefuseWord(*target.node, target.unknown);
+  if (command != nullptr) {
+    return RunCommand(*command, PrepareCall(*command, *input, target.arguments, options), options);
+  }
+  const Options behind = ReadOptions(target.arguments, options);
+  if (!behind.fault.empty()) throw UsageError(behind.fault);
+  RefuseMissingCommand(*target.node);
 }
 
 ExitStatus Guard(const std::string& place, const std::function<ExitStatus()>& work) {

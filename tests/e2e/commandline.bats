@@ -32,10 +32,19 @@ load common
     expect 0 $'*\n\nOutput: one record with the fields\n  Enabled, *' '' dovra cluster get --help
     expect 0 $'*Mbps (0 to 512, 0 means*\n\nExamples:\n  # Resync gets no more than 100 Mbps.\n  autocli*' '' dovra resync throttle set --help
     for words in 'help dovra resync throttle set' 'dovra resync throttle help set' 'dovra resync throttle set help' \
-        'dovra -h resync throttle set' 'dovra resync throttle set --level --bogus -h'; do
+        'dovra -h resync throttle set' 'dovra resync throttle set --level --bogus -h' \
+        '--formatter none dovra resync throttle set -h' '--bogus --host dovra --list dovra resync throttle set --fields , -l1 help'; do
         same "$output" "$(autocli $words)"
     done
+    expect 0 'Usage: autocli dovra cluster join *' '' dovra cluster join -wh
+    expect 0 'Usage: autocli odd*' '' --bogus --plugin-dir "$FAULTY_PLUGINS" odd --help
+    wrong '--host: the name is empty' --host= dovra cluster get
     [[ ! -e $AUTOCLI_LAB ]]
+    for words in 'datastore add --name -h' 'datastore add --name help' 'datastore add -n--help' 'cluster get -H --help'; do
+        run autocli dovra $words # a value, not help
+        [[ $status != 0 && $output != *Usage:* ]]
+    done
+    expect 2 '' '*Unexpected argument "-h"*' dovra cluster get -- -h
 }
 
 @test "options stand anywhere before --" {
