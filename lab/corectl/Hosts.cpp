@@ -3,6 +3,7 @@
 #include "corectl/Clusters.h"
 #include "corectl/LabHost.h"
 #include "hostroot/HostRoot.h"
+#include "store/LabFolder.h"
 #include "store/Uuids.h"
 
 namespace Lab {
@@ -27,6 +28,7 @@ void FillNewLab(Store& store) {
 }
 
 void ResetLab(Store& store) {
+  for (const HostRow& host : store.ListHosts()) RequireOwn(RootOf(store.GetFolder(), host));
   store.Clear();
   FillNewLab(store);
 }
@@ -49,6 +51,7 @@ void AddHost(Store& store, const std::string& name) {
 }
 
 void RemoveHost(Store& store, const HostRow& host) {
+  RequireOwn(RootOf(store.GetFolder(), host));
   if (const auto member = store.FindMember(host.id)) RemoveMember(store, host, member->cluster);
   store.RemoveHost(host.id);
 }

@@ -1,5 +1,7 @@
 #include "corectl/LabHost.h"
 
+#include <sys/stat.h>
+
 #include <algorithm>
 #include <optional>
 #include <system_error>
@@ -66,11 +68,22 @@ bool IsMade() {
   return fs::exists(Selected().folder / kStoreFile, ignored);
 }
 
+namespace {
+
+void SettleNewLab(Store& store) {
+  const auto failures = SettleRoots(store);
+  if (!failures.empty()) throw LabError(failures.front());
+}
+
+}  // namespace
+
 Store& OpenStore() {
   Session& session = CurrentSession();
   if (session.isChecked) return *session.store;
   if (!session.store || !session.store->IsCurrent()) {
-    session.store.emplace(session.selection.folder, NewLab{FillNewLab, SettleRoots});
+    // Nothing that this process or its programs create may be writable by other users.
+    umask(umask(022) | 022);
+    session.store.emplace(session.selection.folder, NewLab{FillNewLab, SettleNewLab});
   }
   session.isChecked = true;
   return *session.store;
@@ -94,7 +107,9 @@ LabHost::LabHost(Store& store, const HostRow& host)
       name_(host.name),
       id_(host.id),
       apiVersion_(host.apiVersion),
-      hasFaults_(store.HasFaults(host.id)) {}
+      hasFaults_(store.HasFaults(host.id)) {
+  RequireOwn(RootOf(store.GetFolder(), host));
+}
 
 std::optional<std::string> LabHost::TakeFault(Operation operation) {
   if (!hasFaults_) return std::nullopt;

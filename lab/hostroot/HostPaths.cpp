@@ -1,7 +1,7 @@
 #include "frame/HostPaths.h"
 
 #include "corectl/LabHost.h"
-#include "store/LabFolder.h"
+#include "hostroot/HostRoot.h"
 
 // The stand-in host's files: the real host's paths, below the folder that is "/" to it.
 namespace OrvaneCli::DovraNamespace::HostPaths {
@@ -9,10 +9,7 @@ namespace OrvaneCli::DovraNamespace::HostPaths {
 namespace {
 
 std::string Below(const char* path) {
-  const auto file = Lab::LabHost::Current().GetRoot() / path;
-  const auto& lab = Lab::OpenStore().GetFolder();
-  Lab::RequireTrusted(lab, file.lexically_relative(lab));
-  return file.string();
+  return Lab::HostFile(Lab::LabHost::Current().GetRoot(), path).string();
 }
 
 }  // namespace

@@ -1,13 +1,19 @@
 #include "hostroot/HostRoot.h"
 
+#include <signal.h>
 #include <unistd.h>
 
+#include <cerrno>
+#include <charconv>
+#include <map>
+#include <optional>
 #include <set>
 #include <system_error>
 #include <utility>
 
 #include "baselibs/File.h"
 #include "store/LabFolder.h"
+#include "store/Uuids.h"
 
 namespace Lab {
 
@@ -15,59 +21,113 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// The file that tells a root the lab made from what others put beside it. It names the lab, and
-/// the host whose root it is: another one may have had its name.
+/// The file that tells a root that the lab made from other directories beside it.
 constexpr const char* kMark = ".autocli-host";
+/// Between a file's name and the id of the process that writes its replacement.
+constexpr const char* kDraftInfix = ".new-";
 
-std::string MarkOf(const std::string& lab, const std::string& host) {
-  return lab + ' ' + host + '\n';
+std::string MarkOf(const std::string& lab, const HostRow& host) {
+  return lab + ' ' + host.uuid + ' ' + host.name + '\n';
 }
 
-bool IsRealFolder(const fs::path& path) {
+bool IsRealDirectory(const fs::path& path) {
   std::error_code ignored;
   return fs::is_directory(fs::symlink_status(path, ignored));
 }
 
-/// What is in the root's mark; nothing if it is not a folder that the lab made.
-std::string ReadMark(const std::string& lab, const fs::path& root) {
+/// Returns the host whose root the directory is; nothing when the lab did not make it. The mark
+/// alone does not count: it is copied with the directory.
+std::optional<HostRow> OwnerOf(const std::string& lab, const fs::path& root) {
   std::error_code ignored;
-  if (!IsRealFolder(root) || !fs::is_regular_file(fs::symlink_status(root / kMark, ignored))) {
-    return {};
+  const fs::path file = root / kMark;
+  if (!IsRealDirectory(root) || !fs::is_regular_file(fs::symlink_status(file, ignored))) return {};
+  if (access(file.c_str(), R_OK) != 0) {
+    throw fs::filesystem_error("cannot read", file, {errno, std::generic_category()});
   }
-  std::string mark = BaseLibs::ReadFile(root / kMark);
-  return mark.starts_with(lab + ' ') ? mark : std::string();
+  const std::string mark = BaseLibs::ReadFile(file);
+  const std::size_t uuid = lab.size() + 1, name = uuid + lab.size() + 1;
+  if (mark.size() <= name) return {};
+  HostRow host;
+  host.uuid = mark.substr(uuid, lab.size());
+  host.name = mark.substr(name, mark.size() - name - 1);
+  const std::string called = root.filename();
+  const bool isItsName =
+      called == host.name || called == '.' + host.name || called == '.' + host.uuid;
+  if (!isItsName || mark != MarkOf(lab, host)) return {};
+  return host;
 }
 
-/// Deletes a root that the lab made. Its name goes first: a program of the host that is still
-/// running finds no folder to write to. The mark goes last: what a killed process or a loss of
-/// power leaves of the root is still known as the lab's.
-void DeleteRoot(const std::string& lab, fs::path root) {
-  if (const std::string name = root.filename(); !name.starts_with('.')) {
-    const fs::path gone = root.parent_path() / ("." + name);
-    if (!ReadMark(lab, gone).empty()) DeleteRoot(lab, gone);
-    fs::rename(root, gone);
-    root = gone;
-  }
-  for (const auto& entry : fs::directory_iterator(root)) {
-    if (entry.path().filename() != kMark) fs::remove_all(entry.path());
-  }
-  SyncFolder(root);
-  fs::remove(root / kMark);
-  fs::remove(root);
-}
-
-/// What a root is called until its host is sure to be there.
-fs::path DraftOf(const fs::path& hosts, const HostRow& host) {
+/// What a root is called before its host is committed, and when its host has been removed.
+fs::path HiddenRootOf(const fs::path& hosts, const HostRow& host) {
   return hosts / ("." + host.uuid);
 }
 
-/// Gives a new host's root its name, in the place of that of an earlier host.
-void SettleRoot(const std::string& lab, const fs::path& hosts, const HostRow& host) {
-  const fs::path draft = DraftOf(hosts, host);
-  if (ReadMark(lab, draft).empty()) return;
-  const fs::path root = hosts / host.name;
-  if (!ReadMark(lab, root).empty()) DeleteRoot(lab, root);
+/// Deletes the root of a removed host. Its name goes first: a program of the host that is still
+/// running finds no directory to write to. The mark goes last: what a killed process or a loss of
+/// power leaves of the root is still known as the lab's.
+void DeleteRoot(const fs::path& root, const HostRow& host) {
+  RequireOwn(root);
+  const fs::path gone = HiddenRootOf(root.parent_path(), host);
+  if (root != gone) fs::rename(root, gone);
+  for (const auto& entry : fs::directory_iterator(gone)) {
+    if (entry.path().filename() != kMark) fs::remove_all(entry.path());
+  }
+  SyncFolder(gone);
+  fs::remove(gone / kMark);
+  fs::remove(gone);
+}
+
+[[noreturn]] void RefuseInTheWay(const fs::path& path) {
+  throw LabError("\"" + path.string() + "\" is in the way, and the lab did not make it");
+}
+
+/// Throws `LabError` when something is at the path; an empty directory gives way to a rename.
+void RequireFree(const fs::path& path) {
+  const bool isFree =
+      IsRealDirectory(path) ? fs::is_empty(path) : !fs::exists(fs::symlink_status(path));
+  if (!isFree) RefuseInTheWay(path);
+}
+
+std::string Reason(const fs::filesystem_error& error) {
+  return "\"" + error.path1().string() + "\": " + error.code().message();
+}
+
+/// Deletes a directory if it is what a killed process left of a root before it wrote the mark, or
+/// after it deleted the mark: empty, or with an empty mark, and called as a root is then.
+void ClearUnmarked(const fs::path& path) {
+  const std::string name = path.filename().string().substr(1);
+  if (!IsRealDirectory(path) || !(IsUuid(name) || IsHostName(name))) return;
+  for (const auto& entry : fs::directory_iterator(path)) {
+    if (entry.path().filename() != kMark || entry.is_symlink() || !fs::is_empty(entry)) return;
+  }
+  fs::remove(path / kMark);
+  fs::remove(path);
+}
+
+/// Gives a new host's root its name, in the place of the root of an earlier host of that name.
+void SettleDraft(const std::string& lab, const fs::path& draft, const HostRow& host) {
+  if (!OwnerOf(lab, draft)) return ClearUnmarked(draft);
+  const fs::path root = draft.parent_path() / host.name;
+  const auto earlier = OwnerOf(lab, root);
+  if (earlier && earlier->uuid != host.uuid) DeleteRoot(root, *earlier);
+  RequireFree(root);
   fs::rename(draft, root);
+}
+
+/// Deletes the drafts of the state file that killed processes left in a host's root.
+void ClearDrafts(const fs::path& root) {
+  const fs::path state = root / kTraceState;
+  const std::string prefix = state.filename().string() + kDraftInfix;
+  std::error_code ignored;
+  for (const auto& entry : fs::directory_iterator(state.parent_path(), ignored)) {
+    const std::string name = entry.path().filename();
+    if (!name.starts_with(prefix)) continue;
+    pid_t writer = 0;
+    std::from_chars(name.data() + prefix.size(), name.data() + name.size(), writer);
+    if (writer <= 0 || kill(writer, 0) == 0 || errno != ESRCH) continue;
+    RequireOwn(root, kTraceState);
+    fs::remove(entry.path());
+  }
 }
 
 void CopyFiles(const fs::path& from, const fs::path& to) {
@@ -88,8 +148,16 @@ void CopyFiles(const fs::path& from, const fs::path& to) {
 
 fs::path RootOf(const fs::path& lab, const HostRow& host) {
   const fs::path hosts = lab / kHostsFolder;
-  const fs::path draft = DraftOf(hosts, host);
-  return IsRealFolder(draft) ? draft : hosts / host.name;
+  const fs::path draft = HiddenRootOf(hosts, host);
+  return IsRealDirectory(draft) ? draft : hosts / host.name;
+}
+
+fs::path HostFile(const fs::path& root, const fs::path& name) {
+  for (const fs::path& file :
+       {name, fs::path(kTraceState), fs::path("var/log/notifyDatastore.log")}) {
+    RequireOwn(root, file);
+  }
+  return root / name;
 }
 
 void MakeRoot(Store& store, const HostRow& host, const fs::path& files) {
@@ -97,44 +165,62 @@ void MakeRoot(Store& store, const HostRow& host, const fs::path& files) {
   const fs::path hosts = store.GetFolder() / kHostsFolder;
   try {
     fs::create_directory(hosts);
-    if (!IsRealFolder(hosts)) {
-      throw LabError("\"" + hosts.string() + "\" is in the way, and the lab did not make it");
-    }
+    if (!IsRealDirectory(hosts)) RefuseInTheWay(hosts);
     const fs::path root = hosts / host.name;
-    if (fs::exists(fs::symlink_status(root)) && ReadMark(lab, root).empty() &&
-        !(IsRealFolder(root) && fs::is_empty(root))) {
-      throw LabError("\"" + root.string() + "\" is in the way, and the lab did not make it");
-    }
-    const fs::path draft = DraftOf(hosts, host);
+    if (!OwnerOf(lab, root)) RequireFree(root);
+    const fs::path draft = HiddenRootOf(hosts, host);
     fs::create_directory(draft);
-    WriteNewFile(draft / kMark, MarkOf(lab, host.uuid), 0666, false);
+    WriteNewFile(draft / kMark, MarkOf(lab, host), 0666, false);
     CopyFiles(files, draft);
     SyncAll(draft);
   } catch (const fs::filesystem_error& error) {
-    throw LabError("the root folder of host \"" + host.name + "\" cannot be made: " + error.what());
+    throw LabError("the root directory of host \"" + host.name +
+                   "\" cannot be made: " + Reason(error));
   }
 }
 
-void SettleRoots(Store& store) {
+std::vector<std::string> SettleRoots(Store& store) {
   const std::string lab = store.GetLabUuid();
   const fs::path hosts = store.GetFolder() / kHostsFolder;
-  if (!IsRealFolder(hosts)) return;
-  std::set<std::string> marks;
-  for (const HostRow& host : store.ListHosts()) marks.insert(MarkOf(lab, host.uuid));
-  try {
-    for (const HostRow& host : store.ListHosts()) SettleRoot(lab, hosts, host);
-    for (const auto& entry : fs::directory_iterator(hosts)) {
-      const std::string mark = ReadMark(lab, entry.path());
-      if (!mark.empty() && !marks.contains(mark)) DeleteRoot(lab, entry.path());
-    }
-    SyncFolder(hosts);
-  } catch (const fs::filesystem_error&) {  // what cannot be settled now is so the next time
+  if (!IsRealDirectory(hosts)) return {};
+  std::map<std::string, HostRow> drafts;
+  std::set<std::string> roots;
+  for (HostRow& host : store.ListHosts()) {
+    roots.insert(host.name);
+    drafts.emplace(HiddenRootOf(hosts, host).filename(), std::move(host));
   }
+  const auto settle = [&](const fs::path& path) {
+    const std::string name = path.filename();
+    if (const auto draft = drafts.find(name); draft != drafts.end()) {
+      SettleDraft(lab, path, draft->second);
+    } else if (roots.contains(name)) {
+      ClearDrafts(path);
+    } else if (const auto owner = OwnerOf(lab, path)) {
+      if (!drafts.contains('.' + owner->uuid)) DeleteRoot(path, *owner);
+    } else if (name.starts_with('.')) {
+      ClearUnmarked(path);
+    }
+  };
+  std::vector<std::string> failures;
+  const auto attempt = [&](auto&& work, const fs::path& path) {
+    try {
+      work(path);
+    } catch (const fs::filesystem_error& error) {
+      failures.push_back("\"" + path.string() + "\" cannot be put in order: " + Reason(error));
+    } catch (const LabError& error) {
+      failures.emplace_back(error.what());
+    }
+  };
+  std::set<fs::path> entries;
+  attempt([&](const fs::path& path) { entries.insert(fs::directory_iterator(path), {}); }, hosts);
+  for (const fs::path& entry : entries) attempt(settle, entry);
+  return failures;
 }
 
 void ReplaceFile(const fs::path& root, const fs::path& name, const std::string& content) {
+  RequireOwn(root, name);
   const fs::path path = root / name;
-  const fs::path draft = path.string() + ".new-" + std::to_string(getpid());
+  const fs::path draft = path.string() + kDraftInfix + std::to_string(getpid());
   try {
     fs::path folder = root;
     for (const fs::path& part : name.parent_path()) {

@@ -1,30 +1,41 @@
-// The folders that are "/" to the lab's hosts.
+// The directories that are "/" to the lab's hosts.
 #pragma once
 
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include "store/Store.h"
 
 namespace Lab {
 
 // A root is made, complete, before its host's row is committed, and gets its name only afterwards:
-// at no moment has a host that is there no root, or that of another one that had its name.
+// at no moment does an existing host lack a root, or have that of an earlier host of its name.
 
-/// Where the host's root is, whether it is there or not.
+/// The state file of the stand-in trace daemon, relative to the root.
+inline constexpr const char* kTraceState = "var/run/dovratraced.json";
+
+/// Returns the host's root, whether it exists or not.
 std::filesystem::path RootOf(const std::filesystem::path& lab, const HostRow& host);
 
-/// Makes the root of a new host out of the files in `files`. Works within a transaction that
-/// writes. Throws `LabError`, also when something is in the way that the lab did not make.
+/// Returns the path of a file below the root. Throws `LabError` when another user owns or may write
+/// something on the way to it, or to a file that the host's programs write.
+std::filesystem::path HostFile(const std::filesystem::path& root,
+                               const std::filesystem::path& name);
+
+/// Makes the root of a new host out of the files in `files`. Requires a write transaction. Throws
+/// `LabError`, also when something is in the way that the lab did not make.
 void MakeRoot(Store& store, const HostRow& host, const std::filesystem::path& files);
 
-/// Gives new hosts' roots their names and deletes the roots that the lab made for hosts that are
-/// gone; touches nothing else. Works within a transaction that writes, after the one that added or
-/// removed hosts: until then it could still have been undone. What fails stays for the next time.
-void SettleRoots(Store& store);
+/// Gives new hosts' roots their names, deletes the roots of removed hosts, and clears what killed
+/// processes left; touches nothing that the lab did not make. Requires a write transaction, after
+/// the one that added or removed hosts: until then it could still have been undone. Returns a line
+/// for each root that could not be settled; the next call tries again.
+std::vector<std::string> SettleRoots(Store& store);
 
-/// Writes the file below the root anew, so that its readers see the old or the new content, and
-/// makes the folders that it needs there; the root it does not make. Throws `LabError`.
+/// Replaces the file below the root, so that its readers see the old or the new content. Makes the
+/// directories on the way to it, but not the root. Throws `LabError`, also when another user owns
+/// or may write something on the way.
 void ReplaceFile(const std::filesystem::path& root, const std::filesystem::path& name,
                  const std::string& content);
 

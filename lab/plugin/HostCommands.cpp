@@ -24,6 +24,13 @@ HostRow RequireHost(Store& store, const std::string& name) {
   return *host;
 }
 
+/// Settles the hosts' roots after a change was committed. A failure does not undo the change.
+void SettleHosts(const OutputPtr& output) {
+  ChangeLab([&](Store& store) {
+    for (const std::string& failure : SettleRoots(store)) output->AddErrorMessage(failure);
+  });
+}
+
 }  // namespace
 
 class HostAdd final : public SuccessCommand<HostAdd> {
@@ -47,7 +54,7 @@ class HostAdd final : public SuccessCommand<HostAdd> {
         if (store.FindHost(name)) Refuse("There is a host \"" + name + "\" already.");
         AddHost(store, name);
       });
-      ChangeLab(SettleRoots);
+      SettleHosts(output);
     });
   }
 };
@@ -69,7 +76,7 @@ class HostRemove final : public SuccessCommand<HostRemove> {
     SucceedOrNothing(output, "Unable to remove host: ", [&] {
       const std::string name = input->GetParameter("name");
       ChangeLab([&](Store& store) { RemoveHost(store, RequireHost(store, name)); });
-      ChangeLab(SettleRoots);  // only now: until then it could still have been undone
+      SettleHosts(output);
     });
   }
 };
@@ -161,9 +168,9 @@ class Reset final : public SuccessCommand<Reset> {
   }
 
   void ExecuteInternal(const InputPtr&, const OutputPtr& output) override {
-    SucceedOrNothing(output, "Unable to reset the lab: ", [] {
+    SucceedOrNothing(output, "Unable to reset the lab: ", [&] {
       ChangeLab(ResetLab);
-      ChangeLab(SettleRoots);
+      SettleHosts(output);
     });
   }
 };

@@ -14,7 +14,7 @@ namespace {
 
 /// The file in which the stand-in daemon keeps its state.
 void WriteState(bool running, std::int64_t failingRestarts) {
-  ReplaceFile(LabHost::Current().GetRoot(), "var/run/dovratraced.json",
+  ReplaceFile(LabHost::Current().GetRoot(), kTraceState,
               std::string(R"({"running": )") + (running ? "true" : "false") +
                   R"(, "fail_restarts": )" + std::to_string(failingRestarts) + "}\n");
 }

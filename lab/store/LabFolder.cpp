@@ -53,21 +53,11 @@ bool MayBeLab(const fs::path& folder) {
   if (names.contains(kStoreFile)) return true;
   // A loss of power may leave the journal of a draft that is gone.
   names.erase(std::string(kStoreDraft) + "-journal");
-  if (names.erase(kStoreDraft) != 0) names.erase(kHostsFolder);
-  return names.empty();
-}
-
-/// Throws when somebody else owns the file, or the symlink that leads to it. What is not there is
-/// nobody's.
-void RequireOwn(const fs::path& path) {
-  for (const auto status : {lstat, stat}) {
-    struct stat found {};
-    if (status(path.c_str(), &found) != 0 || found.st_uid == geteuid()) continue;
-    const passwd* const owner = getpwuid(found.st_uid);
-    throw LabError("\"" + path.string() + "\" belongs to " +
-                   (owner == nullptr ? "user " + std::to_string(found.st_uid) : owner->pw_name) +
-                   "; root does not use another user's lab, since it holds programs that are run");
+  if (fs::is_regular_file(fs::symlink_status(folder / kStoreDraft))) {
+    names.erase(kStoreDraft);
+    names.erase(kHostsFolder);
   }
+  return names.empty();
 }
 
 }  // namespace
@@ -85,11 +75,27 @@ void PrepareLabFolder(const fs::path& folder) {
   }
 }
 
-void RequireTrusted(const fs::path& folder, const fs::path& below) {
-  if (geteuid() != 0) return;
-  fs::path path = folder;
-  RequireOwn(path);
-  for (const fs::path& part : below) RequireOwn(path /= part);
+void RequireOwn(const fs::path& path) {
+  for (const auto status : {lstat, stat}) {
+    struct stat found {};
+    if (status(path.c_str(), &found) != 0) continue;
+    const std::string name = "\"" + path.string() + "\"";
+    if (found.st_uid != geteuid()) {
+      const passwd* const owner = getpwuid(found.st_uid);
+      throw LabError(name + " belongs to " +
+                     (owner == nullptr ? "user " + std::to_string(found.st_uid) : owner->pw_name) +
+                     "; a lab is for its owner alone: copy the lab to have your own");
+    }
+    if (!S_ISLNK(found.st_mode) && (found.st_mode & (S_IWGRP | S_IWOTH)) != 0) {
+      throw LabError(name +
+                     " can be written by other users; a lab is for its owner alone: chmod go-w " +
+                     name);
+    }
+  }
+}
+
+void RequireOwn(fs::path base, const fs::path& below) {
+  for (const fs::path& part : below) RequireOwn(base /= part);
 }
 
 void SyncFolder(const fs::path& folder) {

@@ -1,4 +1,4 @@
-// A lab's folder, as far as it is not SQLite's: what may become a lab, and who may use one.
+// A lab's directory, apart from SQLite: what may become a lab, who may use one, durable files.
 #pragma once
 
 #include <sys/types.h>
@@ -10,6 +10,7 @@ namespace Lab {
 
 /// What a lab's folder holds: the store, and the hosts' files.
 inline constexpr const char* kStoreFile = "lab.db";
+inline constexpr const char* kStoreJournal = "lab.db-journal";
 inline constexpr const char* kHostsFolder = "hosts";
 
 /// The store in the making. It gets its own name when it is complete.
@@ -18,14 +19,17 @@ inline constexpr const char* kStoreDraft = "lab.db.new";
 /// Makes the folder if it is not there. Throws `LabError` when it holds something and is no lab.
 void PrepareLabFolder(const std::filesystem::path& folder);
 
-/// A lab holds programs that are run: throws `LabError` when this user is root and the lab's folder
-/// or anything on the way from it to `below` belongs to another user.
-void RequireTrusted(const std::filesystem::path& folder, const std::filesystem::path& below);
+/// Throws `LabError` when another user owns the file or may write it: a lab holds programs that are
+/// run and directories that are emptied. Judges a symlink and the file behind it. Accepts a file
+/// that does not exist.
+void RequireOwn(const std::filesystem::path& path);
+/// The same for each component of `below`, a path relative to `base`; `base` itself is not judged.
+void RequireOwn(std::filesystem::path base, const std::filesystem::path& below);
 
 /// Makes the folder's entries outlast a loss of power. Throws `filesystem_error`.
 void SyncFolder(const std::filesystem::path& folder);
 
-/// Writes a file that is not there yet, for as many of those whom `mode` names as the umask lets.
+/// Creates and writes a file that does not exist yet, with `mode` as the umask restricts it.
 /// `isSynced` makes its content outlast a loss of power. Throws `filesystem_error`.
 void WriteNewFile(const std::filesystem::path& path, const std::string& content, mode_t mode = 0666,
                   bool isSynced = true);

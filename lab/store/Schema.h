@@ -11,7 +11,7 @@ namespace Lab {
 /// Marks a SQLite file as a lab's store.
 inline constexpr std::int64_t kApplicationId = 0x446F764C;
 /// Grows with every change of the schema. A store of another version is left alone.
-inline constexpr std::int64_t kSchemaVersion = 3;
+inline constexpr std::int64_t kSchemaVersion = 4;
 
 template <>
 struct Table<LabRow> {

@@ -35,7 +35,7 @@ Store::Store(const fs::path& folder, const NewLab& newLab) : folder_(fs::absolut
                    "\" cannot be used: its path is too long");
   }
   std::error_code ignored;
-  const bool isNew = !fs::exists(GetFile(), ignored);
+  const bool isNew = !fs::exists(fs::symlink_status(GetFile(), ignored));
   if (isNew) PrepareLabFolder(folder_);
   RequireTrust();
   if (isNew) Make(newLab);
@@ -55,8 +55,9 @@ fs::path Store::GetFile() const {
 }
 
 void Store::RequireTrust() const {
-  RequireTrusted(folder_, kStoreFile);
-  RequireTrusted(folder_, kHostsFolder);
+  RequireOwn(folder_);
+  for (const char* const name : {kStoreFile, kStoreJournal, kHostsFolder})
+    RequireOwn(folder_ / name);
 }
 
 void Store::Check() {
@@ -93,6 +94,7 @@ void Store::Make(const NewLab& newLab) {
                      "\" cannot be used: " + error.code().message());
     }
   }
+  RequireOwn(draft);
   try {
     database_.emplace(draft, Journal::kDeleted);
     while (!TakeStep(newLab)) continue;
@@ -107,14 +109,17 @@ bool Store::TakeStep(const NewLab& newLab) {
   const fs::path file = GetFile();
   Transaction transaction(*this, Transaction::Kind::kWrite);
   std::error_code error;
-  if (fs::exists(file)) {
+  if (fs::exists(fs::symlink_status(file))) {
     // If there is a draft, it was begun when the store had its name already.
     fs::remove(folder_ / kStoreDraft, error);
     return true;
   }
-  if (ReadPragma(*database_, "PRAGMA application_id") != kApplicationId) {
+  if (fs::file_size(folder_ / kStoreDraft, error) == 0) {
     MakeTables(*database_);
     Save(LabRow{NewUuid()});
+  } else if (ReadPragma(*database_, "PRAGMA application_id") != kApplicationId) {
+    throw LabError("\"" + (folder_ / kStoreDraft).string() +
+                   "\" is in the way, and the lab did not make it");
   } else if (ReadPragma(*database_, "PRAGMA user_version") == 0) {
     newLab.fill(*this);
     database_->Execute("PRAGMA user_version = " + std::to_string(kSchemaVersion));

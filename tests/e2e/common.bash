@@ -5,6 +5,7 @@ bats_require_minimum_version 1.5.0
 setup() {
     export AUTOCLI_LAB=$BATS_TEST_TMPDIR/lab HOME=$BATS_TEST_TMPDIR/home TMPDIR=$BATS_TEST_TMPDIR/tmp LC_ALL=C.UTF-8
     unset AUTOCLI_HOST NO_COLOR HISTFILE "${!XDG_@}"
+    umask "$(printf %o $((0$(umask) | 022)))" # autocli refuses directories that others may write
     mkdir "$HOME" "$TMPDIR"
 }
 

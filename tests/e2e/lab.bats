@@ -4,10 +4,11 @@ load common
 # tree FOLDER: all that is in it.
 tree() { (cd "$1" && find . -type f -exec sha256sum {} + -o -printf '%y %p %l\n' | sort); }
 
-# as_nobody: lets autocli run as somebody to whom not all is allowed.
-as_nobody() {
-    [[ $(id -u) == 0 ]] || skip "only root can become another user"
+# as_user: lets autocli run as an ordinary user.
+as_user() {
+    [[ $(id -u) == 0 ]] || return 0
     chmod 755 "$BATS_RUN_TMPDIR" "$BATS_RUN_TMPDIR/test" "$BATS_TEST_TMPDIR"
+    install -d -o 65534 "$AUTOCLI_LAB"
     mkdir -p "$BATS_TEST_TMPDIR/moved"
     cp -r "$(dirname "$(dirname "$AUTOCLI")")"/{bin,lib,share} "$BATS_TEST_TMPDIR/moved"
     autocli() { setpriv --reuid=65534 --regid=65534 --clear-groups "$BATS_TEST_TMPDIR/moved/bin/autocli" "$@"; }
@@ -25,20 +26,37 @@ as_nobody() {
     unusable "the lab's folder \"$folder/$path\" is not a folder" --lab "$folder/$path" dovra trace get
     unusable "the lab's folder \"$folder/$path/below\" *" --lab "$folder/$path/below" dovra trace get
     mkdir "$AUTOCLI_LAB"
-    touch "$AUTOCLI_LAB/lab.db.new-journal" # a loss of power left it
+    tamper 'CREATE TABLE mine (x)'
+    foreign=$BATS_TEST_TMPDIR/foreign
+    mv "$AUTOCLI_LAB/lab.db" "$foreign"
+    cd "$AUTOCLI_LAB"
+    for draft in 'ln -s ../foreign lab.db.new' 'ln -s ../new lab.db.new' 'cp ../foreign lab.db.new' 'echo mine >lab.db.new' 'mkfifo lab.db.new' 'ln -s ../foreign lab.db' 'ln -s ../new lab.db'; do
+        echo "$draft"
+        eval "$draft"
+        before=$(tree . && sha256sum "$foreign")
+        unusable '*' dovra cluster new
+        same "$before" "$(tree . && sha256sum "$foreign")"
+        [[ ! -e ../new ]]
+        rm lab.db*
+    done
+    touch lab.db.new-journal # a loss of power left it
     succeed dovra cluster new
 }
 
 @test "only what the lab made is deleted" {
-    succeed lab host add --name host2
+    for host in host2 host3; do succeed lab host add --name $host; done
     mkdir "$AUTOCLI_LAB/hosts/"{mine,empty}
     succeed lab host add --name empty # nothing is lost with that
     succeed lab host remove --name empty
     echo mine >"$AUTOCLI_LAB/hosts/mine/file"
-    echo "another-lab $(host_uuid host1)" >"$AUTOCLI_LAB/hosts/mine/.autocli-host"
+    cp "$AUTOCLI_LAB/hosts/host2/.autocli-host" "$AUTOCLI_LAB/hosts/mine"
+    cp -r "$AUTOCLI_LAB/hosts/host2" "$AUTOCLI_LAB/hosts/host2.saved"
+    cp -r "$AUTOCLI_LAB/hosts/host2" "$AUTOCLI_LAB/hosts/.host1"
+    mv "$AUTOCLI_LAB/hosts/host3" "$AUTOCLI_LAB/hosts/renamed"
     mv "$AUTOCLI_LAB/hosts/host2" "$BATS_TEST_TMPDIR/moved-root"
     ln -s "$BATS_TEST_TMPDIR/moved-root" "$AUTOCLI_LAB/hosts/host2"
-    before=$(tree "$AUTOCLI_LAB/hosts/mine" && tree "$BATS_TEST_TMPDIR/moved-root")
+    all() { for kept in mine host2.saved .host1 renamed ../../moved-root; do tree "$AUTOCLI_LAB/hosts/$kept"; done; }
+    before=$(all)
     unusable "\"$AUTOCLI_LAB/hosts/mine\" is in the way, and the lab did not make it" lab host add --name mine
     succeed lab host remove --name host2
     unusable "\"$AUTOCLI_LAB/hosts/host2\" is in the way, and the lab did not make it" lab host add --name host2
@@ -50,8 +68,31 @@ as_nobody() {
     rm "$AUTOCLI_LAB/hosts"
     mv "$BATS_TEST_TMPDIR/elsewhere" "$AUTOCLI_LAB/hosts"
     succeed lab reset --force
-    same "$before" "$(tree "$AUTOCLI_LAB/hosts/mine" && tree "$BATS_TEST_TMPDIR/moved-root")"
-    same $'host1\nhost2\nmine' "$(ls -A "$AUTOCLI_LAB/hosts")"
+    same "$before" "$(all)"
+    same '.host1 host1 host2 host2.saved mine renamed' "$(ls -A "$AUTOCLI_LAB/hosts" | xargs)"
+}
+
+@test "a root that cannot be settled is named, and keeps no other from being settled" {
+    as_user
+    for host in host2 host3; do succeed lab host add --name $host; done
+    hosts=$AUTOCLI_LAB/hosts
+    blocked=$hosts/.$(host_uuid host2)
+    mkdir -p "$blocked/mine" "$hosts/.$(</proc/sys/kernel/random/uuid)" "$hosts/.gone" "$hosts/host1/var/run"
+    touch "$hosts/.gone/.autocli-host" "$hosts/host1/var/run/"{dovratraced.json.new-{$$,$(sh -c 'echo $$')},mine.new-4}
+    chmod 000 "$hosts/host3/.autocli-host"
+    [[ $(id -u) != 0 ]] || chown -R 65534:65534 "$hosts"
+    taken="\"$hosts/host2\" cannot be put in order: \"$hosts/host2\": Directory not empty"
+    secret="\"$hosts/host3\" cannot be put in order: \"$hosts/host3/.autocli-host\": Permission denied"
+    expect 1 true "$taken" lab host remove --name host2
+    expect 1 true "$taken"$'\n'"$secret" lab host remove --name host3
+    same "${blocked##*/} host1 host2 host3" "$(ls -A "$hosts" | xargs)"
+    same "dovratraced.json.new-$$ mine.new-4" "$(ls "$hosts/host1/var/run" | xargs)"
+    expect 1 true "$taken"$'\n'"$secret" lab host add --name host4
+    [[ -d $hosts/host4 ]]
+    rmdir "$blocked/mine"
+    chmod 600 "$hosts/host3/.autocli-host"
+    succeed lab reset --force
+    same host1 "$(ls -A "$hosts")"
 }
 
 @test "a new host has files of its own, whoever had its name" {
@@ -70,6 +111,7 @@ as_nobody() {
     uuid=$(host_uuid host1)
     mv "$AUTOCLI_LAB/hosts/host1" "$AUTOCLI_LAB/hosts/.$uuid"
     cp -r "$AUTOCLI_LAB/hosts/host2" "$AUTOCLI_LAB/hosts/host1"
+    sed -i "s/ .*/ $(</proc/sys/kernel/random/uuid) host1/" "$AUTOCLI_LAB/hosts/host1/.autocli-host"
     succeed dovra trace set --path /new
     succeed lab host remove --name host2
     expect 0 '   DOVRA Traces Directory: /new*' '' dovra trace get
@@ -142,38 +184,48 @@ EOF
     [[ ! -e $long ]]
 }
 
-@test "who may read a lab may read it, who may write it may use it, root uses no other's" {
-    as_nobody
-    for mask in 022 002 077; do
-        AUTOCLI_LAB=$BATS_TEST_TMPDIR/$mask
-        (umask $mask; "$AUTOCLI" dovra cluster new)
-        modes=$(cd "$AUTOCLI_LAB" && stat -c %a lab.db hosts/host1/etc/init.d/dovratraced hosts/host1/etc/orvane/dovra/dovratraced.conf hosts)
-        file=$(printf %o $((0666 & ~0$mask))) program=$(printf %o $((0777 & ~0$mask)))
-        same "$file $program $file $program" "$(xargs <<<"$modes")"
+@test "a lab is for its owner alone, who may make it read-only" {
+    for mask in 000 077; do
+        AUTOCLI_LAB=$BATS_TEST_TMPDIR/$mask/lab
+        (umask $mask; new_cluster; autocli lab traced set -s running; autocli dovra trace set -p /x; autocli dovra cluster leave)
+        same '' "$(find "$BATS_TEST_TMPDIR/$mask" -perm /022 ! -type l)"
     done
-    unusable "the lab's folder \"$AUTOCLI_LAB\" cannot be used: Permission denied" dovra cluster get
-    AUTOCLI_LAB=$BATS_TEST_TMPDIR/022
+    AUTOCLI_LAB=$BATS_TEST_TMPDIR/lab
+    as_user
+    new_cluster host2
+    autocli lab fault add -o LeaveCluster -m no
+    autocli lab traced set -s running
+    for part in '' /lab.db /lab.db-journal /hosts /hosts/host1 /hosts/host1/etc/init.d{,/dovratraced} /hosts/host1/var/run; do
+        path=$AUTOCLI_LAB$part
+        for who in g o; do
+            chmod $who+w "$path"
+            unusable "\"$path\" can be written by other users; a lab is for its owner alone: chmod go-w \"$path\"" dovra trace get
+            eval "${stderr##*: }"
+        done
+        [[ $(id -u) == 0 ]] || continue
+        chown 0 "$path"
+        unusable "\"$path\" belongs to root; a lab is for its owner alone: *" dovra trace get
+        chown 65534 "$path"
+    done
+    chmod g+w "$AUTOCLI_LAB/hosts/host2"
     before=$(tree "$AUTOCLI_LAB")
+    for line in '--host host2 dovra cluster get' 'lab host remove -n host2' 'lab reset --force'; do
+        unusable "\"$AUTOCLI_LAB/hosts/host2\" can be written by other users; *" $line
+    done
+    same "$before" "$(tree "$AUTOCLI_LAB")"
+    chmod -R a-w "$AUTOCLI_LAB"
     for line in 'cluster get' 'trace get' 'storage list' 'network list' 'datastore list' 'policy getdefault' 'resync throttle get' 'faultdomain get' 'cluster unicastagent list'; do
         expect 0 '*' '' dovra $line
     done
     expect 0 '*' '' lab host list
-    for line in 'dovra cluster leave' 'lab host add -n host2'; do
+    for line in 'dovra cluster leave' 'lab host add -n host3'; do
         unusable "the lab's store \"$AUTOCLI_LAB/lab.db\" cannot be written" $line
     done
     expect 1 '' '*' dovra trace set -p /x
     same "$before" "$(tree "$AUTOCLI_LAB")"
-    chmod go-r "$AUTOCLI_LAB/lab.db"
-    unusable "the lab's store \"$AUTOCLI_LAB/lab.db\" cannot be *(Permission denied)" dovra cluster get
-    chown -R 65534:65534 "$AUTOCLI_LAB"
-    expect 0 true '' dovra cluster leave
+    chmod -R u+w "$AUTOCLI_LAB"
     autocli() { "$AUTOCLI" "$@"; }
-    unusable "\"$AUTOCLI_LAB\" belongs to $(id -un 65534); *" dovra trace get
-    for part in lab.db hosts/host1 hosts/host1/etc/init.d/dovratraced; do
-        chown -R 0:0 "$AUTOCLI_LAB"
-        chown 65534:65534 "$AUTOCLI_LAB/$part"
-        unusable "\"$AUTOCLI_LAB/$part\" belongs to *" dovra trace get
-    done
+    [[ $(id -u) != 0 ]] || unusable "\"$AUTOCLI_LAB\" belongs to $(id -un 65534); *" dovra trace get
 }
 
 @test "who reads does not wait for who writes" {

@@ -7,9 +7,12 @@ There is no daemon to tell; what it would have been told is appended to
 var/log/notifyDatastore.log below the host's root, one JSON object a line.
 """
 import json
+import os
 import pathlib
 import sys
 import time
+
+os.umask(os.umask(0o022) | 0o022)  # a lab is for its owner alone
 
 EVENTS = ("PreUnmount", "FailedUnmount")
 
