@@ -163,7 +163,7 @@ class Reset final : public SuccessCommand<Reset> {
 
  private:
   InputSpecPtr GetInputSpecInternal() override {
-    return MakeInputSpec({{"force", "", ParameterType::kFlag, Need::kOptional,
+    return MakeInputSpec({{"force", nullptr, ParameterType::kFlag, Need::kOptional,
                            "Do it without a question; needed where nobody can be asked."}});
   }
 

@@ -9,7 +9,7 @@ class ClusterRestore final : public SuccessCommand<ClusterRestore> {
  private:
   InputSpecPtr GetInputSpecInternal() override {
     return MakeInputSpec({
-        {"boot", "", ParameterType::kFlag, Need::kOptional,
+        {"boot", nullptr, ParameterType::kFlag, Need::kOptional,
          "Set when restoring the cluster during boot (internal only!)"},
     });
   }

@@ -41,8 +41,8 @@ class ClusterUnicastAgentAdd final : public SuccessCommand<ClusterUnicastAgentAd
          "UUID of the unicast agent (required for -t node)."},
         {"supports-unicast", "U", ParameterType::kBool, Need::kOptional,
          "Whether the software version supports unicast (required for -t node)"},
-        kAgentAddressParameter,
-        kAgentPortParameter,
+        AgentAddressParameter(),
+        AgentPortParameter(),
         {"bound-interface-name", "i", ParameterType::kString, Need::kOptional,
          "Name of the bound outgoing network interface."},
     });

@@ -19,8 +19,8 @@ class ClusterUnicastAgentRemove final : public SuccessCommand<ClusterUnicastAgen
   InputSpecPtr GetInputSpecInternal() override {
     return MakeInputSpec({
         {"uuid", "u", ParameterType::kString, Need::kOptional, "UUID of the unicast agent."},
-        kAgentAddressParameter,
-        kAgentPortParameter,
+        AgentAddressParameter(),
+        AgentPortParameter(),
     });
   }
 

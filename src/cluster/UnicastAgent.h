@@ -10,10 +10,13 @@
 
 namespace OrvaneCli::DovraNamespace {
 
-inline const Parameter kAgentAddressParameter = {
-    "addr", "a", ParameterType::kString, Need::kRequired, "IP address of the unicast agent."};
-inline const Parameter kAgentPortParameter = {"port", "p", ParameterType::kInt, Need::kOptional,
-                                              "Port the unicast agent is listening on."};
+inline Parameter AgentAddressParameter() {
+  return {"addr", "a", ParameterType::kString, Need::kRequired, "IP address of the unicast agent."};
+}
+inline Parameter AgentPortParameter() {
+  return {"port", "p", ParameterType::kInt, Need::kOptional,
+          "Port the unicast agent is listening on."};
+}
 
 /// The port given, or the nearest 32-bit number, whether it is a port or not; else the default one.
 std::int32_t ReadAgentPort(const InputPtr& input);

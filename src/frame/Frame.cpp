@@ -30,7 +30,7 @@ InputSpecPtr MakeInputSpec(std::initializer_list<Parameter> parameters) {
   auto spec = InputSpec::New();
   for (const Parameter& parameter : parameters) {
     auto one = ParameterSpec::New(parameter.name, parameter.type);
-    if (*parameter.shortName != '\0') one->SetShortName(parameter.shortName);
+    if (parameter.shortName) one->SetShortName(parameter.shortName);
     if (parameter.need == Need::kRequired) one->SetRequired(true);
     if (parameter.constraint) one->SetConstraint(parameter.constraint);
     one->SetDescription(parameter.description);

@@ -41,13 +41,13 @@ using HostCtl::Lib::Dovra::DovraCtlException;
 
 enum class Need { kOptional, kRequired };
 
-/// One parameter. `shortName` is empty where there is none.
+/// One parameter.
 struct Parameter {
   const char* name;
-  const char* shortName;
+  const char* shortName;  ///< null when there is none
   ParameterType type;
   Need need;
-  std::string description;
+  const char* description;
   ConstraintPtr constraint = nullptr;
 };
 

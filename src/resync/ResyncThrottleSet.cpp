@@ -9,7 +9,7 @@ class ResyncThrottleSet final : public SuccessCommand<ResyncThrottleSet> {
  private:
   InputSpecPtr GetInputSpecInternal() override {
     return MakeInputSpec({
-        {"level", "", ParameterType::kInt, Need::kRequired,
+        {"level", nullptr, ParameterType::kInt, Need::kRequired,
          "Set Dovra resync throttle level in Mbps (%ENUM%, 0 means no throttling)",
          Between(0, 512)},
     });
