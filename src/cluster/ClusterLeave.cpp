@@ -1,5 +1,5 @@
 #include "frame/Command.h"
-#include "frame/HostPaths.h"
+#include "frame/HostFile.h"
 #include "frame/Text.h"
 
 namespace OrvaneCli::DovraNamespace {
@@ -24,10 +24,10 @@ std::string ReadDatastoreNames(const ControlLibrary& library) {
 /// Runs the script that tells the host's management daemon what becomes of the datastores. Its exit
 /// status is ignored: a host can leave without the daemon.
 void NotifyDatastores(const char* event, const std::string& names) {
+  const std::string script = HostFile("/usr/lib/orvane/hostmgrd/bin/notifyDatastore.py");
   std::string unused;
   CliTools::AutoCli::AutoCli_ShellCmd(
-      ShellWord(HostPaths::NotifyDatastoreScript()) + " -t " + event + " -d " + ShellWord(names),
-      unused, "");
+      ShellWord(script) + " -t " + event + " -d " + ShellWord(names), unused, "");
 }
 
 }  // namespace

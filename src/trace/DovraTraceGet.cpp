@@ -5,7 +5,7 @@
 #include <sstream>
 
 #include "frame/Command.h"
-#include "frame/HostPaths.h"
+#include "frame/HostFile.h"
 #include "trace/TraceDaemon.h"
 
 namespace OrvaneCli::DovraNamespace {
@@ -57,7 +57,7 @@ void ReadLine(std::string_view line, Settings& settings) {
 
 /// Nothing when the file cannot be read.
 std::optional<Settings> ReadConfiguration() {
-  std::ifstream file(HostPaths::TraceConfiguration());
+  std::ifstream file(HostFile(TraceDaemon::kConfigurationFile));
   if (!file) return std::nullopt;
   Settings settings;
   for (std::string line; std::getline(file, line);) ReadLine(line, settings);

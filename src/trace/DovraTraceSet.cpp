@@ -3,7 +3,7 @@
 #include <optional>
 
 #include "frame/Command.h"
-#include "frame/HostPaths.h"
+#include "frame/HostFile.h"
 #include "trace/RestartPause.h"
 #include "trace/TraceDaemon.h"
 
@@ -73,7 +73,7 @@ bool IsKept(const std::string& line, const Request& request) {
 
 /// Nothing when the file cannot be read: what is not known to be complete must not replace it.
 std::optional<std::vector<std::string>> ReadKeptLines(const Request& request) {
-  std::ifstream file(HostPaths::TraceConfiguration());
+  std::ifstream file(HostFile(TraceDaemon::kConfigurationFile));
   if (!file) return std::nullopt;
   std::vector<std::string> lines;
   for (std::string line; std::getline(file, line);) {
@@ -85,7 +85,7 @@ std::optional<std::vector<std::string>> ReadKeptLines(const Request& request) {
 
 /// Whether the file holds all of it now.
 bool WriteConfiguration(const std::vector<std::string>& lines, const Request& request) {
-  std::ofstream file(HostPaths::TraceConfiguration(), std::ios::trunc);
+  std::ofstream file(HostFile(TraceDaemon::kConfigurationFile), std::ios::trunc);
   for (const std::string& line : lines) file << line << '\n';
   for (const Change& change : request.changes) file << change.key << change.value << '\n';
   file.close();

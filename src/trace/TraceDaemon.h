@@ -3,6 +3,8 @@
 
 namespace OrvaneCli::DovraNamespace::TraceDaemon {
 
+inline constexpr const char* kConfigurationFile = "/etc/orvane/dovra/dovratraced.conf";
+
 // A key is written with its "="; the value follows up to the end of the line.
 
 /// Where the daemon is told to write, in double quotes.

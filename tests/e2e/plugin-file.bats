@@ -52,6 +52,13 @@ check() {
     same '' "$(runs "$(platform)/../plugins")"
 }
 
+@test "it waits five seconds before it restarts the trace daemon again" {
+    released_only
+    succeed lab traced set --state running --fail-restarts 1
+    same '*clock_nanosleep(*{tv_sec=5, tv_nsec=0}*' "$(strace --trace=clock_nanosleep \
+        --inject=clock_nanosleep:retval=0 "$AUTOCLI" dovra trace set --numfiles 1 2>&1)"
+}
+
 @test "it is hardened, runs no code when loaded, and no binary shows where it was built" {
     released_only
     same '*GNU_RELRO*(FLAGS)*BIND_NOW*(FLAGS_1)*NODELETE*' "$(readelf --wide --segments --dynamic "$PLUGIN")"

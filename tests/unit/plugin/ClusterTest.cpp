@@ -135,7 +135,8 @@ TEST(NewUuid, MayBeMissing) {
 TEST(ClusterLeave, TellsOfTheDatastores) {
   const Strings read = kConfig + "GetDatastores()";
   const auto shell = [](const std::string& event, const std::string& names) {
-    return "AutoCli_ShellCmd('/notify datastores' -t " + event + " -d " + names + ", , )";
+    return "AutoCli_ShellCmd('/the host'\\''s/usr/lib/orvane/hostmgrd/bin/notifyDatastore.py' -t " +
+           event + " -d " + names + ", , )";
   };
   const auto left = [&](const std::string& names) {
     return read + shell("PreUnmount", names) + "LeaveCluster(false)";

@@ -5,7 +5,7 @@
 #include "baselibs/Strings.h"
 #include "clitools/CommandLine.h"
 #include "clitools/Words.h"
-#include "frame/HostPaths.h"
+#include "frame/HostFile.h"
 
 namespace Testing {
 
@@ -93,17 +93,7 @@ Outcome Run(Command& command, const Given& given) {
 
 }  // namespace Testing
 
-namespace OrvaneCli::DovraNamespace {
-
-namespace HostPaths {
-std::string NotifyDatastoreScript() {
-  return "/notify datastores";
+std::string OrvaneCli::DovraNamespace::HostFile(const char* path) {
+  const bool isConfiguration = path == std::string("/etc/orvane/dovra/dovratraced.conf");
+  return isConfiguration ? Testing::traceConfiguration : std::string("/the host's") + path;
 }
-std::string TraceConfiguration() {
-  return Testing::traceConfiguration;
-}
-std::string TraceInitScript() {
-  return "/etc/init.d/dovratraced";
-}
-}  // namespace HostPaths
-}  // namespace OrvaneCli::DovraNamespace

@@ -15,8 +15,10 @@ namespace {
 
 using Strings = std::vector<std::string>;
 
-const std::string kStatusCall = "DovraExec(/etc/init.d/dovratraced, status, false, true, false)";
-const std::string kRestartCall = "DovraExec(/etc/init.d/dovratraced, restart, false, true, false)";
+const std::string kStatusCall =
+    "DovraExec(/the host's/etc/init.d/dovratraced, status, false, true, false)";
+const std::string kRestartCall =
+    "DovraExec(/the host's/etc/init.d/dovratraced, restart, false, true, false)";
 
 class TraceTest : public testing::Test {
  protected:
