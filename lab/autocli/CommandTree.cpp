@@ -5,7 +5,7 @@
 #include "autocli/Options.h"
 #include "baselibs/Strings.h"
 #include "clitools/Display.h"
-#include "clitools/Help.h"
+#include "clitools/Nodes.h"
 #include "clitools/PluginError.h"
 #include "clitools/Suggest.h"
 #include "clitools/UsageError.h"

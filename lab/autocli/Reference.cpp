@@ -11,6 +11,7 @@
 #include "clitools/Format.h"
 #include "clitools/Help.h"
 #include "clitools/Markdown.h"
+#include "clitools/Nodes.h"
 #include "clitools/PluginError.h"
 
 namespace AutoCliProgram {
@@ -164,19 +165,6 @@ void WriteProgram(MarkdownPage& page) {
   });
 }
 
-Pairs Commands(const CommandSpec& space) {
-  Pairs commands;
-  for (const auto& child : space.GetChildren()) {
-    if (dynamic_cast<const Command*>(child.get()) != nullptr) {
-      commands.emplace_back(PathOf(*child), child->GetDescription());
-    } else {
-      const auto inner = Commands(dynamic_cast<const CommandSpec&>(*child));
-      commands.insert(commands.end(), inner.begin(), inner.end());
-    }
-  }
-  return commands;
-}
-
 /// Null when the result, which may be null, is neither a record nor a list of them.
 const MetaStruct* RecordOf(const MetaObject* result) {
   const auto* const list = dynamic_cast<const MetaList*>(result);
@@ -212,15 +200,6 @@ std::string DeclarationOf(Command& command) {
   return PathOf(command) + (formatter.empty() ? "" : ", " + formatter) + '\n' + text;
 }
 
-std::string Declarations(const CommandSpec& space) {
-  std::string text;
-  for (const auto& child : space.GetChildren()) {
-    auto* const command = dynamic_cast<Command*>(child.get());
-    text += command ? DeclarationOf(*command) : Declarations(dynamic_cast<CommandSpec&>(*child));
-  }
-  return text;
-}
-
 }  // namespace
 
 std::vector<std::string> ReferenceFormats() {
@@ -232,13 +211,19 @@ std::string Reference(const Namespace& root) {
   page.Paragraph("Every command of autocli, as the program itself declares it.");
   WriteProgram(page);
   page.Section("Commands");
-  page.Contents(Commands(root));
+  Pairs contents;
+  std::string declarations;
+  for (const auto& command : CliTools::CommandsBelow(root)) {
+    contents.emplace_back(PathOf(*command), command->GetDescription());
+    declarations += DeclarationOf(*command);
+  }
+  page.Contents(contents);
   WriteChildren(page, root);
   page.Section("Declarations");
   page.Paragraph(
       "What formatters and completions get of a command: its formatter, what its values mean, the "
       "formatter's parameters, the name and the fields of its record.");
-  page.Code(Declarations(root));
+  page.Code(declarations);
   return page.GetText();
 }
 

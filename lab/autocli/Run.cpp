@@ -18,6 +18,7 @@
 #include "clitools/Display.h"
 #include "clitools/Format.h"
 #include "clitools/Help.h"
+#include "clitools/Nodes.h"
 #include "clitools/PluginError.h"
 #include "corectl/LabHost.h"
 
@@ -31,20 +32,6 @@ using CliTools::UsageError;
 namespace {
 
 constexpr const char* kProgram = "autocli";
-
-void CollectCommands(const CommandSpec& node, const std::shared_ptr<MetaStruct>& layout,
-                     MetaList& list) {
-  for (const auto& child : node.GetChildren()) {
-    if (dynamic_cast<const Command*>(child.get()) != nullptr) {
-      auto row = MetaStruct::New(layout->GetName());
-      row->SetField("Command", CliTools::PathOf(*child));
-      row->SetField("Description", child->GetDescription());
-      list.Add(row);
-    } else if (const auto* const space = dynamic_cast<const CommandSpec*>(child.get())) {
-      CollectCommands(*space, layout, list);
-    }
-  }
-}
 
 /// The formatter's parameters for what is printed: the command's own, unless the user chose fields.
 CommandSpec::Pairs ChooseFields(const MetaObject* layout, const CommandSpec::Pairs& own,
@@ -66,7 +53,12 @@ std::string ListCommands(const Namespace& root, const Options& options) {
   layout->SetField("Description", "");
   const auto list = MetaList::New(MetaType::kStruct, layout);
   const auto parameters = ChooseFields(list.get(), {}, options);
-  CollectCommands(root, layout, *list);
+  for (const auto& command : CliTools::CommandsBelow(root)) {
+    auto row = MetaStruct::New(layout->GetName());
+    row->SetField("Command", CliTools::PathOf(*command));
+    row->SetField("Description", command->GetDescription());
+    list->Add(row);
+  }
   return CliTools::Format(*list, options.formatter.empty() ? "table" : options.formatter,
                           parameters, StyleFor(options));
 }

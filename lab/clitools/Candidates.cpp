@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "clitools/Help.h"
+#include "clitools/Nodes.h"
 #include "clitools/PluginError.h"
 
 namespace CliTools {

@@ -6,6 +6,7 @@
 #include "clitools/CommandLine.h"
 #include "clitools/Display.h"
 #include "clitools/Format.h"
+#include "clitools/Nodes.h"
 #include "clitools/PluginError.h"
 
 namespace CliTools {
@@ -116,14 +117,6 @@ std::string OutputHelp(Command& command, std::size_t width) {
 }
 
 }  // namespace
-
-std::string PathOf(const NamespaceNode& node) {
-  std::string path = node.GetName();
-  for (auto parent = node.GetParent(); parent; parent = parent->GetParent()) {
-    if (!parent->GetName().empty()) path.insert(0, parent->GetName() + ' ');
-  }
-  return path;
-}
 
 std::string DescriptionOf(const ParameterSpec& parameter) {
   constexpr std::string_view kPlaceholder = "%ENUM%";

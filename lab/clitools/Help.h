@@ -11,9 +11,6 @@
 
 namespace CliTools {
 
-/// The names from below the root down to the node, joined by blanks; empty for the root.
-std::string PathOf(const AutoCli::NamespaceNode& node);
-
 /// A parameter's description with "%ENUM%" replaced by what the constraint allows.
 std::string DescriptionOf(const CallSpec::ParameterSpec& parameter);
 

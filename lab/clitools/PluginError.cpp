@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "clitools/Display.h"
-#include "clitools/Help.h"
+#include "clitools/Nodes.h"
 
 namespace CliTools {
 

@@ -1,0 +1,18 @@
+// Nodes of the command tree: their paths, and walking them.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/clitools/AutoCli.h"
+
+namespace CliTools {
+
+/// Returns the names from below the root down to the node, joined by blanks; empty for the root.
+std::string PathOf(const AutoCli::NamespaceNode& node);
+
+/// Returns all commands below the namespace, in the order of registration.
+std::vector<std::shared_ptr<AutoCli::Command>> CommandsBelow(const AutoCli::CommandSpec& space);
+
+}  // namespace CliTools
