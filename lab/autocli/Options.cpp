@@ -7,6 +7,7 @@
 #include "autocli/Completion.h"
 #include "autocli/Reference.h"
 #include "baselibs/Environment.h"
+#include "baselibs/Strings.h"
 #include "clitools/CommandLine.h"
 #include "clitools/Format.h"
 #include "clitools/Help.h"
@@ -107,15 +108,9 @@ std::size_t WordsOfOption(std::string_view word) {
 
 std::vector<std::string> SplitFields(std::string_view list) {
   std::vector<std::string> fields;
-  for (bool more = true; more;) {
-    const std::size_t comma = list.find(',');
-    more = comma != std::string_view::npos;
-    std::string_view field = list.substr(0, comma);
-    field.remove_prefix(std::min(field.find_first_not_of(' '), field.size()));
-    field = field.substr(0, field.find_last_not_of(' ') + 1);
-    if (field.empty()) throw UsageError("--fields: a name is empty");
-    fields.emplace_back(field);
-    if (more) list.remove_prefix(comma + 1);
+  for (const std::string_view field : BaseLibs::Split(list, ',')) {
+    fields.emplace_back(BaseLibs::Trim(field));
+    if (fields.back().empty()) throw UsageError("--fields: a name is empty");
   }
   return fields;
 }
@@ -222,7 +217,7 @@ const char* ProgramUsage() {
   return "autocli [OPTIONS] NAMESPACE... COMMAND [PARAMETERS]\n"
          "autocli help [NAMESPACE...] [COMMAND]\n"
          "autocli [OPTIONS] --batch FILE\n"
-         "autocli --list | --version | --completion SHELL | --help\n";
+         "autocli --list | --version | --completion SHELL | --help";
 }
 
 std::vector<std::pair<std::string, std::string>> OptionRows() {

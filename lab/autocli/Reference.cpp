@@ -1,5 +1,7 @@
 #include "autocli/Reference.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "autocli/Calls.h"
@@ -13,6 +15,7 @@
 #include "clitools/Markdown.h"
 #include "clitools/Nodes.h"
 #include "clitools/PluginError.h"
+#include "clitools/Records.h"
 
 namespace AutoCliProgram {
 
@@ -24,9 +27,6 @@ using CliTools::AutoCli::Namespace;
 using CliTools::AutoCli::NamespaceNode;
 using CliTools::CallSpec::ParameterSpec;
 using CliTools::CallSpec::ParameterType;
-using CliTools::MetaObj::MetaList;
-using CliTools::MetaObj::MetaObject;
-using CliTools::MetaObj::MetaStruct;
 
 namespace {
 
@@ -56,7 +56,8 @@ std::string UsageOf(Command& command) {
   constexpr std::size_t kWidth = 76;
   auto items = CliTools::UsageItems(command);
   items.insert(items.begin(), "autocli " + PathOf(command));
-  return CliTools::WrapItems(items, kIndent, kWidth).substr(kIndent);
+  const std::string usage = CliTools::WrapItems(items, kIndent, kWidth);
+  return usage.substr(kIndent, usage.size() - kIndent - 1);  // without the last line's end
 }
 
 std::string WhatItDoes(Command& command) {
@@ -165,39 +166,30 @@ void WriteProgram(MarkdownPage& page) {
   });
 }
 
-/// Null when the result, which may be null, is neither a record nor a list of them.
-const MetaStruct* RecordOf(const MetaObject* result) {
-  const auto* const list = dynamic_cast<const MetaList*>(result);
-  return list ? list->GetElementTemplate().get() : dynamic_cast<const MetaStruct*>(result);
-}
-
-/// What formatters and completions get of a command beside what its own section shows.
-std::string DeclarationOf(Command& command) {
+/// What formatters and completions read of a command beside what its own section shows, as lines of
+/// which the first names the command; none when there is nothing.
+std::vector<std::string> DeclarationsOf(Command& command) {
   constexpr const char* kTypes[] = {"truth value", "number", "text", "record", "list"};
-  std::string text;
-  const auto tell = [&text](const std::string& name, const std::string& what) {
-    text.append("  ").append(name).append(": ").append(what).append("\n");
+  const std::string& formatter = command.GetDefaultOutputFormatter();
+  std::vector<std::string> lines = {PathOf(command) + (formatter.empty() ? "" : ", " + formatter)};
+  const auto add = [&lines](const std::string& name, const std::string& meaning) {
+    lines.push_back("  " + name + ": " + meaning);
   };
   const auto input = CliTools::InputOf(command);
   for (const auto& parameter : input->GetParameters()) {
     if (!parameter->GetConstraint()) continue;
     for (const auto& [value, description] : parameter->GetConstraint()->GetStringEnums()) {
-      if (!description.empty()) tell("--" + parameter->GetName() + ' ' + value, description);
+      if (!description.empty()) add("--" + parameter->GetName() + ' ' + value, description);
     }
   }
-  for (const auto& [key, value] : command.GetDefaultOutputParameters()) tell(key, value);
+  for (const auto& [key, value] : command.GetDefaultOutputParameters()) add(key, value);
   const auto result = CliTools::ShapeOf(command);
-  if (const auto* const record = RecordOf(result.get())) {
-    std::vector<std::string> fields;
-    for (const auto& name : record->GetFieldNames()) {
-      const auto type = static_cast<int>(record->GetField(name)->GetType());
-      fields.push_back(name + " (" + kTypes[type] + ")");
-    }
-    tell(record->GetName(), BaseLibs::Join(fields, ", "));
+  if (const auto* const record = result ? CliTools::PatternOf(*result) : nullptr) {
+    add(record->GetName(), BaseLibs::Join(record->GetFieldNames(), ", ", [&](const auto& name) {
+          return name + " (" + kTypes[static_cast<int>(record->GetField(name)->GetType())] + ")";
+        }));
   }
-  if (text.empty()) return text;
-  const std::string& formatter = command.GetDefaultOutputFormatter();
-  return PathOf(command) + (formatter.empty() ? "" : ", " + formatter) + '\n' + text;
+  return lines.size() > 1 ? lines : std::vector<std::string>();
 }
 
 }  // namespace
@@ -212,10 +204,10 @@ std::string Reference(const Namespace& root) {
   WriteProgram(page);
   page.Section("Commands");
   Pairs contents;
-  std::string declarations;
+  std::vector<std::string> declarations;
   for (const auto& command : CliTools::CommandsBelow(root)) {
     contents.emplace_back(PathOf(*command), command->GetDescription());
-    declarations += DeclarationOf(*command);
+    std::ranges::move(DeclarationsOf(*command), std::back_inserter(declarations));
   }
   page.Contents(contents);
   WriteChildren(page, root);
@@ -223,7 +215,7 @@ std::string Reference(const Namespace& root) {
   page.Paragraph(
       "What formatters and completions get of a command: its formatter, what its values mean, the "
       "formatter's parameters, the name and the fields of its record.");
-  page.Code(declarations);
+  page.Code(BaseLibs::Join(declarations, "\n"));
   return page.GetText();
 }
 

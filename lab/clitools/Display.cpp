@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "baselibs/Strings.h"
+
 namespace CliTools {
 
 namespace {
@@ -35,17 +37,6 @@ std::size_t DisplayWidth(char32_t value) {
   const int width = wcwidth(static_cast<wchar_t>(value));
   uselocale(callers);
   return width < 0 ? 1 : static_cast<std::size_t>(width);
-}
-
-/// The words of `line`, without the blanks around them.
-std::vector<std::string> Words(std::string_view line) {
-  std::vector<std::string> words;
-  while (!line.empty()) {
-    const std::string_view word = line.substr(0, line.find(' '));
-    if (!word.empty()) words.emplace_back(word);
-    line.remove_prefix(std::min(line.size(), word.size() + 1));
-  }
-  return words;
 }
 
 }  // namespace
@@ -144,12 +135,14 @@ std::string WrapItems(const std::vector<std::string>& items, std::size_t indent,
 
 std::string Wrap(std::string_view text, std::size_t indent, std::size_t width) {
   std::string lines;
-  do {
-    const std::string_view line = text.substr(0, text.find('\n'));
+  for (const std::string_view line : BaseLibs::Split(text, '\n')) {
     const std::size_t ownIndent = std::min(line.find_first_not_of(' '), line.size());
-    lines += WrapItems(Words(line), indent + ownIndent, width);
-    text.remove_prefix(std::min(text.size(), line.size() + 1));
-  } while (!text.empty());
+    std::vector<std::string> words;
+    for (const auto word : BaseLibs::Split(line, ' ')) {
+      if (!word.empty()) words.emplace_back(word);
+    }
+    lines += WrapItems(words, indent + ownIndent, width);
+  }
   return lines;
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -56,6 +57,9 @@ std::string Quote(std::string_view text);
 
 /// The columns that valid UTF-8 without control characters takes on a terminal.
 std::size_t DisplayWidth(std::string_view text);
+
+/// Takes the parts of a document, one after the other.
+using Sink = std::function<void(std::string_view)>;
 
 /// How a text for people is laid out on what shows it.
 struct Style {

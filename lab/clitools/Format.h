@@ -1,7 +1,6 @@
 // How a result is shown.
 #pragma once
 
-#include <functional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -26,11 +25,8 @@ std::vector<std::string> FormattersFor(const MetaObj::MetaObject& rootTemplate);
 /// Whether `formatter` is one of `FormattersFor(rootTemplate)`.
 bool CanShow(std::string_view formatter, const MetaObj::MetaObject& rootTemplate);
 
-/// Takes the parts of a text, one after the other.
-using Sink = std::function<void(std::string_view)>;
-
-/// Hands the text of a result to `sink`, ended by a newline unless it is empty; the JSON of a long
-/// list in parts, so that it need not be in memory as a whole. `parameters` are the
+/// Hands a result as text to `sink`, in parts of some 64 KiB, so that the document of a long list
+/// need not fit into memory. It ends in a newline unless it is empty. `parameters` are the
 /// command's ("header:", "fields:", "units:"). The empty formatter name means the bare value: a
 /// text, number or truth value as it is. A result that the formatter cannot show, such as a failed
 /// command may leave, is shown by "simple". Throws `std::invalid_argument` for a name that is not
@@ -46,11 +42,6 @@ void Format(const MetaObj::MetaObject& root, std::string_view formatter,
 /// The whole text.
 std::string Format(const MetaObj::MetaObject& root, std::string_view formatter,
                    const AutoCli::CommandSpec::Pairs& parameters, const Style& style = {});
-
-/// The fields of a record that formatters show, in display order: those of "fields:" + its name,
-/// else all.
-std::vector<std::string> ShownFields(const MetaObj::MetaStruct& record,
-                                     const AutoCli::CommandSpec::Pairs& parameters);
 
 /// `parameters`, so that of the records in a result of this shape only `fields` are shown, in their
 /// order. Throws `UsageError` for a field that is not among the shown ones or is named twice, and

@@ -1,3 +1,4 @@
+#include "baselibs/Strings.h"
 #include "clitools/Display.h"
 #include "clitools/Formatters.h"
 
@@ -24,22 +25,19 @@ std::string Cell(std::string_view text) {
 
 }  // namespace
 
-std::string FormatCsv(const MetaObject& root, const Pairs& parameters, const Style& style) {
+void FormatCsv(const MetaObject& root, const Pairs& parameters, const Style& style,
+               const Sink& sink) {
   const RecordSet set = RecordsOf(root, parameters);
-  std::string text;
-  const auto appendCell = [&](const Column& column, std::string_view value) {
-    text += Cell(value);
-    text += &column == &set.columns.back() ? '\n' : ',';
+  if (set.columns.empty()) return;
+  const auto writeLine = [&](auto&& textOf) {
+    sink(
+        BaseLibs::Join(set.columns, ",", [&](const auto& column) { return Cell(textOf(column)); }) +
+        '\n');
   };
-  if (style.header) {
-    for (const Column& column : set.columns) appendCell(column, column.name);
-  }
+  if (style.header) writeLine([](const Column& column) { return column.name; });
   for (const MetaStruct* record : set.records) {
-    for (const Column& column : set.columns) {
-      appendCell(column, PlainText(ValueOf(*record, column), ","));
-    }
+    writeLine([&](const Column& column) { return PlainText(ValueOf(*record, column), ","); });
   }
-  return text;
 }
 
 }  // namespace CliTools

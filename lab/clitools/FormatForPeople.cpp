@@ -1,7 +1,9 @@
 // The formatters for people: the bare value, simple, table.
 #include <algorithm>
 #include <numeric>
+#include <span>
 
+#include "baselibs/Strings.h"
 #include "clitools/Display.h"
 #include "clitools/Formatters.h"
 
@@ -58,11 +60,8 @@ Widths LeastWidths(const std::vector<Row>& rows) {
   Widths widths(rows.front().size());
   for (const Row& row : rows) {
     for (std::size_t index = 0; index < row.size(); ++index) {
-      std::string_view cell = row[index];
-      while (!cell.empty()) {
-        const std::string_view word = cell.substr(0, cell.find(' '));
+      for (const std::string_view word : BaseLibs::Split(row[index], ' ')) {
         widths[index] = std::max(widths[index], DisplayWidth(word));
-        cell.remove_prefix(std::min(cell.size(), word.size() + 1));
       }
     }
   }
@@ -127,31 +126,34 @@ std::vector<Row> WrapCells(const Row& row, const Widths& widths) {
 
 }  // namespace
 
-std::string FormatBare(const MetaObject& root, const Pairs& parameters, const Style& style) {
-  if (HoldsRecords(root)) return FormatSimple(root, parameters, style);
-  const std::string text = PlainText(&root, "\n");
+void FormatBare(const MetaObject& root, const Pairs& parameters, const Style& style,
+                const Sink& sink) {
+  if (HoldsRecords(root)) return FormatSimple(root, parameters, style, sink);
   const bool isEmptyList = root.GetType() == MetaType::kList && ElementsOf(root).empty();
-  return isEmptyList ? text : text + '\n';
+  if (!isEmptyList) sink(PlainText(&root, "\n") + '\n');
 }
 
-std::string FormatSimple(const MetaObject& root, const Pairs& parameters, const Style& style) {
-  std::string text;
+void FormatSimple(const MetaObject& root, const Pairs& parameters, const Style& style,
+                  const Sink& sink) {
   if (HoldsRecords(root)) {
     const RecordSet set = RecordsOf(root, parameters);
+    std::string_view separator;
     for (const MetaStruct* record : set.records) {
-      if (!text.empty()) text += '\n';
-      text += Lines(*record, set, style);
+      sink(separator);
+      sink(Lines(*record, set, style));
+      separator = "\n";
     }
-    return text;
+  } else if (root.GetType() == MetaType::kList) {
+    for (const auto& element : ElementsOf(root)) sink(Shown(element.get()) + '\n');
+  } else {
+    sink(Shown(&root) + '\n');
   }
-  if (root.GetType() != MetaType::kList) return Shown(&root) + '\n';
-  for (const auto& element : ElementsOf(root)) text += Shown(element.get()) + '\n';
-  return text;
 }
 
-std::string FormatTable(const MetaObject& root, const Pairs& parameters, const Style& style) {
+void FormatTable(const MetaObject& root, const Pairs& parameters, const Style& style,
+                 const Sink& sink) {
   const RecordSet set = RecordsOf(root, parameters);
-  if (set.columns.empty()) return {};
+  if (set.columns.empty()) return;
   std::vector<Row> rows(1);
   for (const Column& column : set.columns) rows[0].push_back(Printable(column.name));
   for (const MetaStruct* record : set.records) {
@@ -161,24 +163,20 @@ std::string FormatTable(const MetaObject& root, const Pairs& parameters, const S
     }
   }
   const Widths widths = FitWidths(rows, style.width);
-  if (widths.empty()) return FormatSimple(root, parameters, style);
-  std::string text;
-  for (const Row& line : WrapCells(rows.front(), widths)) {
-    text += Caption(TableLine(line, widths, set.columns), style) + '\n';
+  if (widths.empty()) return FormatSimple(root, parameters, style, sink);
+  if (style.header) {
+    for (const Row& line : WrapCells(rows.front(), widths)) {
+      sink(Caption(TableLine(line, widths, set.columns), style) + '\n');
+    }
+    Row dashes;
+    for (const std::size_t width : widths) dashes.emplace_back(width, '-');
+    sink(TableLine(dashes, widths, set.columns) + '\n');
   }
-  Row dashes;
-  for (const std::size_t width : widths) dashes.emplace_back(width, '-');
-  rows.front() = std::move(dashes);
-  if (!style.header) {
-    text.clear();
-    rows.erase(rows.begin());
-  }
-  for (const Row& row : rows) {
+  for (const Row& row : std::span(rows).subspan(1)) {
     for (const Row& line : WrapCells(row, widths)) {
-      text += TableLine(line, widths, set.columns) + '\n';
+      sink(TableLine(line, widths, set.columns) + '\n');
     }
   }
-  return text;
 }
 
 }  // namespace CliTools

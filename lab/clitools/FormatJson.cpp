@@ -9,8 +9,7 @@ namespace CliTools {
 
 namespace {
 
-/// Writes a document from its beginning to its end. Lists may hold many thousands of records, so
-/// neither a tree of them nor the whole text is made first.
+/// Writes a document record by record: neither a tree of all records nor their whole text is built.
 class JsonWriter {
  public:
   JsonWriter(const Pairs& parameters, const Sink& sink) : parameters_(parameters), sink_(sink) {
@@ -56,25 +55,19 @@ class JsonWriter {
   /// One record, or all of a list.
   void WriteRecords(const MetaObject& value) {
     const RecordSet set = RecordsOf(value, parameters_);
-    std::vector<std::string> keys;
+    std::vector<std::string> keys;  // escaped once for all records
     for (const Column& column : set.columns) keys.push_back(Escaped(column.name));
     for (const MetaStruct* record : set.records) {
-      WriteRecord(*record, set, keys);
-      if (buffer_.GetSize() >= kPart) HandOver();
+      writer_.StartObject();
+      for (std::size_t index = 0; index < keys.size(); ++index) {
+        const auto* const field = ValueOf(*record, set.columns[index]);
+        if (field == nullptr) continue;
+        writer_.RawValue(keys[index].data(), keys[index].size(), rapidjson::kStringType);
+        Write(*field);
+      }
+      writer_.EndObject();
+      HandOver();
     }
-  }
-
-  /// `keys` are the columns' names, escaped once for all records.
-  void WriteRecord(const MetaStruct& record, const RecordSet& set,
-                   const std::vector<std::string>& keys) {
-    writer_.StartObject();
-    for (std::size_t column = 0; column < keys.size(); ++column) {
-      const auto* const value = ValueOf(record, set.columns[column]);
-      if (!value) continue;
-      writer_.RawValue(keys[column].data(), keys[column].size(), rapidjson::kStringType);
-      Write(*value);
-    }
-    writer_.EndObject();
   }
 
   static std::string Escaped(const std::string& text) {
@@ -99,8 +92,6 @@ class JsonWriter {
     sink_({buffer_.GetString(), buffer_.GetSize()});
     buffer_.Clear();
   }
-
-  static constexpr std::size_t kPart = 65536;  // bytes
 
   const Pairs& parameters_;
   const Sink& sink_;

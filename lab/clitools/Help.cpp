@@ -5,9 +5,9 @@
 #include "baselibs/Strings.h"
 #include "clitools/CommandLine.h"
 #include "clitools/Display.h"
-#include "clitools/Format.h"
 #include "clitools/Nodes.h"
 #include "clitools/PluginError.h"
+#include "clitools/Records.h"
 
 namespace CliTools {
 

@@ -10,16 +10,6 @@ namespace CliTools {
 
 namespace {
 
-std::vector<std::string> Lines(std::string_view text) {
-  std::vector<std::string> lines;
-  while (!text.empty()) {
-    const std::string_view line = text.substr(0, text.find('\n'));
-    text.remove_prefix(std::min(text.size(), line.size() + 1));
-    lines.push_back(Printable(line));
-  }
-  return lines;
-}
-
 std::string Escape(std::string_view text) {
   std::string escaped;
   for (const char c : Printable(text)) {
@@ -30,21 +20,21 @@ std::string Escape(std::string_view text) {
 }
 
 /// Escapes a line so that no number or hyphen turns it into an item of a list.
-std::string EscapeLine(const std::string& line) {
+std::string EscapeLine(std::string_view line) {
   const std::size_t digits = std::min(line.find_first_not_of("0123456789"), line.size());
   const std::string_view marks = digits == 0 ? "-+=" : ".)";
-  const bool isItem = marks.find(line[digits]) != std::string_view::npos;
-  if (!isItem) return Escape(line);
-  return line.substr(0, digits) + '\\' + line[digits] + Escape(line.substr(digits + 1));
+  const bool isItem = marks.find(line.substr(digits, 1)) != std::string_view::npos;
+  if (!isItem || digits == line.size()) return Escape(line);
+  return std::string(line.substr(0, digits)) + '\\' + Escape(line.substr(digits));
 }
 
 /// The lines of a paragraph, each after the first on a line of its own behind `indent`. Drops
 /// indentation, and empty lines, which would end the paragraph.
 std::string EscapeLines(std::string_view text, std::string_view indent) {
   std::vector<std::string> lines;
-  for (const std::string& line : Lines(text)) {
-    const std::size_t begin = line.find_first_not_of(' ');
-    if (begin != std::string::npos) lines.push_back(EscapeLine(line.substr(begin)));
+  for (const std::string_view line : BaseLibs::Split(text, '\n')) {
+    const std::string_view trimmed = BaseLibs::Trim(line);
+    if (!trimmed.empty()) lines.push_back(EscapeLine(trimmed));
   }
   return BaseLibs::Join(lines, "\\\n" + std::string(indent));
 }
@@ -68,9 +58,7 @@ void MarkdownPage::Paragraph(const std::string& text) {
 }
 
 void MarkdownPage::Code(const std::string& text) {
-  text_ += "\n```\n";
-  for (const std::string& line : Lines(text)) text_ += line + '\n';
-  text_ += "```\n";
+  text_ += "\n```\n" + BaseLibs::Join(BaseLibs::Split(text, '\n'), "\n", Printable) + "\n```\n";
 }
 
 void MarkdownPage::Definitions(const std::vector<Definition>& definitions) {

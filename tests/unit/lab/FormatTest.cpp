@@ -142,21 +142,24 @@ TEST(Format, FitsTablesToThePage) {
 }
 
 TEST(Format, DocumentsGiveBackEveryText) {
-  const AutoCli::CommandSpec::Pairs tagsOnly = {{"fields:Disk", "Tags"}};
-  const auto disk = MakeDisk("", 0, kHostile);
-  Names expected;
-  for (const std::string& text : kHostile) expected.push_back(ValidUtf8(text));
-  std::size_t parts = 0;
-  std::string document;
-  const auto takePart = [&](std::string_view part) {
-    document += part;
-    ++parts;
-  };
-  Format(*MakeDisks(std::vector(1000, disk)), "json", tagsOnly, {}, takePart);
-  EXPECT_TRUE(parts > 1 && parts < 100) << parts;
-  const nlohmann::json records = nlohmann::json::parse(document);
-  EXPECT_EQ(records.size(), 1000U);
-  for (const auto& record : records) EXPECT_EQ(record.at("Tags").get<Names>(), expected);
+  const auto disks = MakeDisks(std::vector(1000, MakeDisk("", 0, kHostile)));
+  for (const char* formatter : {"json", "csv", "simple"}) {
+    std::size_t parts = 0;
+    std::string document;
+    const auto takePart = [&](std::string_view part) {
+      document += part;
+      ++parts;
+    };
+    Format(*disks, formatter, {{"fields:Disk", "Tags"}}, {}, takePart);
+    EXPECT_TRUE(parts > 1 && parts < 100) << formatter << parts;
+    EXPECT_EQ(document, ValidUtf8(document)) << formatter;
+    if (formatter != "json"s) continue;
+    Names expected;
+    for (const std::string& text : kHostile) expected.push_back(ValidUtf8(text));
+    const nlohmann::json records = nlohmann::json::parse(document);
+    EXPECT_EQ(records.size(), 1000U);
+    for (const auto& record : records) EXPECT_EQ(record.at("Tags").get<Names>(), expected);
+  }
 }
 
 }  // namespace
