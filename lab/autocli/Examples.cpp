@@ -151,8 +151,6 @@ constexpr Example kExamples[] = {
     {"lab network split", "One site is cut off from the other.",
      "autocli lab network split --name host2 --name host3"},
     {"lab network heal", "All hosts reach each other again.", "autocli lab network heal"},
-    {"lab agent add", "A witness more than a host may have.",
-     "autocli lab agent add --addr 192.0.2.21"},
     {"lab fault add", "The next leave fails.",
      "autocli lab fault add --operation LeaveCluster --message \"The cluster is busy.\""},
     {"lab fault add", "Three reads of the configuration fail, on another host.",

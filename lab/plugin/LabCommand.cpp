@@ -1,0 +1,118 @@
+#include "plugin/LabCommand.h"
+
+#include "baselibs/Strings.h"
+
+namespace Lab {
+
+using CliTools::AutoCli::Command;
+using CliTools::AutoCli::CommandSpec;
+using CliTools::AutoCli::Namespace;
+using CliTools::CallSpec::InputSpec;
+using CliTools::CallSpec::ParameterSpec;
+
+namespace {
+
+class LabCommand : public Command {
+ public:
+  explicit LabCommand(const CommandRow& row) : row_(row) {
+    SetDescription(row.description);
+    if (row.scope) SetMetaDataField("scope", row.scope);
+  }
+
+ protected:
+  const CommandRow& row_;
+
+ private:
+  InputSpecPtr GetInputSpecInternal() override {
+    auto spec = InputSpec::New();
+    for (const ParameterRow& row : row_.parameters) {
+      auto parameter = ParameterSpec::New(row.name, row.type);
+      parameter->SetShortName(row.letter);
+      parameter->SetRequired(row.need == Need::kRequired);
+      parameter->SetDescription(row.description);
+      if (row.constraint) parameter->SetConstraint(row.constraint());
+      spec->AddParameter(std::move(parameter));
+    }
+    return spec;
+  }
+};
+
+/// Changes something, and returns true.
+class Operation final : public LabCommand {
+ public:
+  explicit Operation(const CommandRow& row) : LabCommand(row) {
+    SetMetaDataField("type", "operation");
+    if (row.question) SetMetaDataField("confirm", row.question);
+  }
+
+ private:
+  OutputSpecPtr GetOutputSpecInternal() override { return MakeOutputSpec(MetaBool::New()); }
+
+  void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
+    SucceedOrNothing(output, row_.failure, [&] {
+      if (row_.onHost) {
+        LabHost::Current().Change(
+            [&](Store& store, HostRow& host) { row_.onHost(store, host, input); });
+      } else {
+        ChangeLab([&](Store& store) { row_.onLab(store, input); });
+      }
+      if (row_.afterCommit) row_.afterCommit(output);
+    });
+  }
+};
+
+/// Lists records.
+class Listing final : public LabCommand {
+ public:
+  explicit Listing(const CommandRow& row) : LabCommand(row) {
+    SetMetaDataField("type", "fetcher");
+    SetDefaultOutputFormatter("table");
+    const StructPtr sample = row.sample();
+    SetDefaultOutputParameter("fields:" + sample->GetName(),
+                              BaseLibs::Join(sample->GetFieldNames(), ","));
+  }
+
+ private:
+  OutputSpecPtr GetOutputSpecInternal() override {
+    return MakeOutputSpec(MetaList::New(MetaType::kStruct, row_.sample()));
+  }
+
+  void ExecuteInternal(const InputPtr&, const OutputPtr& output) override {
+    const auto list = MetaList::New(MetaType::kStruct, row_.sample());
+    Store& store = OpenStore();
+    const Store::Transaction transaction(store, Store::Transaction::Kind::kRead);
+    for (StructPtr& record : row_.list(store)) list->Add(std::move(record));
+    output->SetRootObject(list);
+  }
+};
+
+std::shared_ptr<CommandSpec> MakeNode(const CommandRow& row) {
+  if (row.list) return std::make_shared<Listing>(row);
+  if (row.failure) return std::make_shared<Operation>(row);
+  auto space = Namespace::New();
+  space->SetDescription(row.description);
+  return space;
+}
+
+}  // namespace
+
+StructPtr MakeRecord(const char* name, std::initializer_list<RecordField> fields) {
+  auto record = MetaStruct::New(name);
+  for (const RecordField& field : fields) record->SetField(field.name, field.value.meta);
+  return record;
+}
+
+void Register(std::span<const CommandRow> rows, Namespace& root) {
+  for (const CommandRow& row : rows) {
+    std::string_view path = row.path;
+    CommandSpec* parent = &root;
+    for (std::size_t blank = 0; (blank = path.find(' ')) != std::string_view::npos;) {
+      const auto child = parent->GetNamespaceNode(std::string(path.substr(0, blank)));
+      parent = &dynamic_cast<CommandSpec&>(*child);
+      path.remove_prefix(blank + 1);
+    }
+    parent->RegisterNamespaceNode(MakeNode(row), std::string(path));
+  }
+}
+
+}  // namespace Lab
