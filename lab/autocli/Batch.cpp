@@ -9,11 +9,11 @@
 #include <system_error>
 
 #include "autocli/Terminal.h"
+#include "baselibs/HostError.h"
 #include "clitools/Display.h"
 #include "clitools/UsageError.h"
 #include "clitools/Words.h"
 #include "corectl/LabHost.h"
-#include "store/LabError.h"
 
 namespace AutoCliProgram {
 
@@ -75,7 +75,7 @@ class LineReader {
     const int reason = errno;
     const std::string text = "--batch: " + CliTools::Quote(name_) +
                              " cannot be read: " + std::generic_category().message(reason);
-    if (reason == ENOMEM) throw Lab::LabError(text);  // that is nobody's mistake
+    if (reason == ENOMEM) throw BaseLibs::HostError(text);  // that is nobody's mistake
     throw UsageError(text);
   }
 

@@ -25,7 +25,7 @@ class CommandTree {
   explicit CommandTree(const std::filesystem::path& pluginFolder);
 
   /// Follows the words down the tree, as far as they name namespaces and a command; "help", where
-  /// nothing is called so, stands for --help. Throws `LabError` and `PluginError` when the
+  /// nothing is called so, stands for --help. Throws `HostError` and `PluginError` when the
   /// plug-ins cannot be used.
   Target Resolve(const std::vector<std::string>& words);
 

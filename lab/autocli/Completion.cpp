@@ -13,12 +13,12 @@
 #include "autocli/Run.h"
 #include "autocli/Terminal.h"
 #include "baselibs/File.h"
+#include "baselibs/HostError.h"
 #include "clitools/Candidates.h"
 #include "clitools/Display.h"
 #include "clitools/Help.h"
 #include "clitools/UsageError.h"
 #include "clitools/Words.h"
-#include "store/LabError.h"
 
 namespace AutoCliProgram {
 
@@ -83,7 +83,7 @@ std::string CompletionScript(const std::string& shell) {
   const auto* const script = std::ranges::find(kScripts, shell, &Script::shell);
   const auto path = Prefix() / "share" / script->path;
   std::string text = BaseLibs::ReadFile(path);
-  if (text.empty()) throw Lab::LabError("\"" + path.string() + "\" cannot be read");
+  if (text.empty()) throw BaseLibs::HostError("\"" + path.string() + "\" cannot be read");
   return text;
 }
 

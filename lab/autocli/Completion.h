@@ -10,7 +10,7 @@ namespace AutoCliProgram {
 std::vector<std::string> CompletionShells();
 
 /// What makes one of them complete autocli's command lines: a script, which asks the autocli that
-/// is about to be run. Throws `LabError` when the program came without it.
+/// is about to be run. Throws `HostError` when the program came without it.
 std::string CompletionScript(const std::string& shell);
 
 /// Whether these are the arguments with which the scripts call: "--complete" and the command line

@@ -7,11 +7,11 @@
 #include "autocli/Completion.h"
 #include "autocli/Reference.h"
 #include "baselibs/Environment.h"
+#include "baselibs/HostError.h"
 #include "baselibs/Strings.h"
 #include "clitools/CommandLine.h"
 #include "clitools/Format.h"
 #include "clitools/Help.h"
-#include "store/LabError.h"
 
 namespace AutoCliProgram {
 
@@ -250,7 +250,8 @@ std::string DefaultLab() {
   if (!state.starts_with('/')) {
     const std::string home = Environment("HOME");
     if (home.empty()) {
-      throw Lab::LabError("there is no folder for the lab: name one with --lab or AUTOCLI_LAB");
+      throw BaseLibs::HostError(
+          "there is no folder for the lab: name one with --lab or AUTOCLI_LAB");
     }
     state = home + "/.local/state";
   }

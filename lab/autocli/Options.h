@@ -70,7 +70,7 @@ const char* ExitStatusHelp();
 /// What `autocli --help` says of the program and its options.
 std::string OptionsHelp(const CliTools::Style& style);
 
-/// The folder for labs when nobody names one: below the user's folder for state. Throws `LabError`
+/// The folder for labs when nobody names one: below the user's folder for state. Throws `HostError`
 /// when the user has none.
 std::string DefaultLab();
 

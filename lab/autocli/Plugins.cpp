@@ -7,12 +7,12 @@
 #include <string>
 #include <vector>
 
-#include "store/LabError.h"
+#include "baselibs/HostError.h"
 
 namespace AutoCliProgram {
 
 namespace fs = std::filesystem;
-using Lab::LabError;
+using BaseLibs::HostError;
 
 namespace {
 
@@ -24,16 +24,16 @@ std::vector<fs::path> FindPlugins(const fs::path& folder) {
     if (entry->path().extension() == ".so") plugins.push_back(entry->path());
   }
   if (error) {
-    throw LabError("the plug-ins' folder \"" + folder.string() +
-                   "\" cannot be read: " + error.message());
+    throw HostError("the plug-ins' folder \"" + folder.string() +
+                    "\" cannot be read: " + error.message());
   }
-  if (plugins.empty()) throw LabError("there is no plug-in in \"" + folder.string() + "\"");
+  if (plugins.empty()) throw HostError("there is no plug-in in \"" + folder.string() + "\"");
   std::ranges::sort(plugins);
   return plugins;
 }
 
 [[noreturn]] void Refuse(const fs::path& plugin, const std::string& reason) {
-  throw LabError("the plug-in \"" + plugin.string() + "\" cannot be loaded: " + reason);
+  throw HostError("the plug-in \"" + plugin.string() + "\" cannot be loaded: " + reason);
 }
 
 /// Null if the library has no such symbol, or something else under that name.

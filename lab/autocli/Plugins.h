@@ -16,11 +16,11 @@ class Plugins {
  public:
   Plugins(std::filesystem::path folder, std::shared_ptr<CliTools::AutoCli::Namespace> root);
 
-  /// Loads the plug-in that `name` is called after, if there is one. Throws `LabError` when it
+  /// Loads the plug-in that `name` is called after, if there is one. Throws `HostError` when it
   /// cannot be loaded.
   void LoadCalled(const std::string& name);
 
-  /// Loads every other one, in the order of their names. Throws `LabError` when there is none at
+  /// Loads every other one, in the order of their names. Throws `HostError` when there is none at
   /// all or one cannot be loaded.
   void LoadAll();
 

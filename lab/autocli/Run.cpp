@@ -13,6 +13,7 @@
 #include "autocli/Reference.h"
 #include "autocli/Spinner.h"
 #include "autocli/Terminal.h"
+#include "baselibs/HostError.h"
 #include "baselibs/Strings.h"
 #include "clitools/CommandLine.h"
 #include "clitools/Display.h"
@@ -160,7 +161,7 @@ void Execute(Command& command, const Call& call,
   const Spinner spinner(path);
   try {
     command.Execute(call.input, output);
-  } catch (const Lab::LabError&) {
+  } catch (const BaseLibs::HostError&) {
     throw;
   } catch (...) {
     throw CliTools::ThrownBy(command);
@@ -264,7 +265,7 @@ ExitStatus Guard(const std::string& place, const std::function<ExitStatus()>& wo
   } catch (const OutputError& error) {
     PrintError("autocli: " + place + error.what());
     return kResultLost;
-  } catch (const Lab::LabError& error) {
+  } catch (const BaseLibs::HostError& error) {
     PrintError("autocli: " + place + error.what());
   } catch (const CliTools::PluginError& error) {
     PrintError("autocli: " + place + error.what());

@@ -28,7 +28,7 @@ std::filesystem::path PluginFolder(const Options& options);
 void SelectLab(const Options& options);
 
 /// Does what the line's options and words ask for, and prints what comes of it. Throws
-/// `UsageError`, `LabError`, and what a command throws.
+/// `UsageError`, `HostError`, and what a command throws.
 ExitStatus RunLine(CommandTree& tree, const Options& options);
 
 /// Runs `work`, and turns what it throws into a line on standard error, which begins with `place`,

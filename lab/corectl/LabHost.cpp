@@ -6,6 +6,7 @@
 #include <optional>
 #include <system_error>
 
+#include "baselibs/HostError.h"
 #include "baselibs/Strings.h"
 #include "corectl/Hosts.h"
 #include "hostroot/HostRoot.h"
@@ -14,6 +15,7 @@
 namespace Lab {
 
 namespace fs = std::filesystem;
+using BaseLibs::HostError;
 
 namespace {
 
@@ -45,7 +47,7 @@ namespace {
 
 HostRow ReadHost(Store& store, const std::string& name) {
   auto host = store.FindHost(name);
-  if (!host) throw LabError(UnknownHostMessage(store, name));
+  if (!host) throw HostError(UnknownHostMessage(store, name));
   return *host;
 }
 
@@ -72,7 +74,7 @@ namespace {
 
 void SettleNewLab(Store& store) {
   const auto failures = SettleRoots(store);
-  if (!failures.empty()) throw LabError(failures.front());
+  if (!failures.empty()) throw HostError(failures.front());
 }
 
 }  // namespace

@@ -34,7 +34,7 @@ const Selection& Selected();
 /// Whether the selected lab is there already.
 bool IsMade();
 
-/// The selected lab's store, opened on first use. Throws `LabError`.
+/// The selected lab's store, opened on first use. Throws `HostError`.
 Store& OpenStore();
 
 /// Runs `work(store)` on the selected lab as a whole, as one transaction.
@@ -54,7 +54,7 @@ std::string UnknownHostMessage(Store& store, const std::string& name);
 
 class LabHost {
  public:
-  /// The selected host, until the next selection. Throws `LabError` when the lab cannot be used or
+  /// The selected host, until the next selection. Throws `HostError` when the lab cannot be used or
   /// has no such host.
   static LabHost& Current();
 

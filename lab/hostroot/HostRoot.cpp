@@ -12,12 +12,14 @@
 #include <utility>
 
 #include "baselibs/File.h"
+#include "baselibs/HostError.h"
 #include "store/LabFolder.h"
 #include "store/Uuids.h"
 
 namespace Lab {
 
 namespace fs = std::filesystem;
+using BaseLibs::HostError;
 
 namespace {
 
@@ -78,10 +80,10 @@ void DeleteRoot(const fs::path& root, const HostRow& host) {
 }
 
 [[noreturn]] void RefuseInTheWay(const fs::path& path) {
-  throw LabError("\"" + path.string() + "\" is in the way, and the lab did not make it");
+  throw HostError("\"" + path.string() + "\" is in the way, and the lab did not make it");
 }
 
-/// Throws `LabError` when something is at the path; an empty directory gives way to a rename.
+/// Throws `HostError` when something is at the path; an empty directory gives way to a rename.
 void RequireFree(const fs::path& path) {
   const bool isFree =
       IsRealDirectory(path) ? fs::is_empty(path) : !fs::exists(fs::symlink_status(path));
@@ -174,8 +176,8 @@ void MakeRoot(Store& store, const HostRow& host, const fs::path& files) {
     CopyFiles(files, draft);
     SyncAll(draft);
   } catch (const fs::filesystem_error& error) {
-    throw LabError("the root directory of host \"" + host.name +
-                   "\" cannot be made: " + Reason(error));
+    throw HostError("the root directory of host \"" + host.name +
+                    "\" cannot be made: " + Reason(error));
   }
 }
 
@@ -207,7 +209,7 @@ std::vector<std::string> SettleRoots(Store& store) {
       work(path);
     } catch (const fs::filesystem_error& error) {
       failures.push_back("\"" + path.string() + "\" cannot be put in order: " + Reason(error));
-    } catch (const LabError& error) {
+    } catch (const HostError& error) {
       failures.emplace_back(error.what());
     }
   };
@@ -235,7 +237,7 @@ void ReplaceFile(const fs::path& root, const fs::path& name, const std::string& 
   } catch (const fs::filesystem_error& error) {
     std::error_code ignored;
     fs::remove(draft, ignored);
-    throw LabError("\"" + path.string() + "\" cannot be written: " + error.code().message());
+    throw HostError("\"" + path.string() + "\" cannot be written: " + error.code().message());
   }
 }
 

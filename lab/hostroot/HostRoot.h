@@ -18,13 +18,13 @@ inline constexpr const char* kTraceState = "var/run/dovratraced.json";
 /// Returns the host's root, whether it exists or not.
 std::filesystem::path RootOf(const std::filesystem::path& lab, const HostRow& host);
 
-/// Returns the path of a file below the root. Throws `LabError` when another user owns or may write
-/// something on the way to it, or to a file that the host's programs write.
+/// Returns the path of a file below the root. Throws `HostError` when another user owns or may
+/// write something on the way to it, or to a file that the host's programs write.
 std::filesystem::path HostFile(const std::filesystem::path& root,
                                const std::filesystem::path& name);
 
 /// Makes the root of a new host out of the files in `files`. Requires a write transaction. Throws
-/// `LabError`, also when something is in the way that the lab did not make.
+/// `HostError`, also when something is in the way that the lab did not make.
 void MakeRoot(Store& store, const HostRow& host, const std::filesystem::path& files);
 
 /// Gives new hosts' roots their names, deletes the roots of removed hosts, and clears what killed
@@ -34,7 +34,7 @@ void MakeRoot(Store& store, const HostRow& host, const std::filesystem::path& fi
 std::vector<std::string> SettleRoots(Store& store);
 
 /// Replaces the file below the root, so that its readers see the old or the new content. Makes the
-/// directories on the way to it, but not the root. Throws `LabError`, also when another user owns
+/// directories on the way to it, but not the root. Throws `HostError`, also when another user owns
 /// or may write something on the way.
 void ReplaceFile(const std::filesystem::path& root, const std::filesystem::path& name,
                  const std::string& content);

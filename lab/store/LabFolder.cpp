@@ -9,11 +9,12 @@
 #include <set>
 #include <system_error>
 
-#include "store/LabError.h"
+#include "baselibs/HostError.h"
 
 namespace Lab {
 
 namespace fs = std::filesystem;
+using BaseLibs::HostError;
 
 namespace {
 
@@ -66,12 +67,13 @@ void PrepareLabFolder(const fs::path& folder) {
   const std::string name = "the lab's folder \"" + folder.string() + "\" ";
   try {
     MakeFolder(folder);
-    if (!fs::is_directory(folder)) throw LabError(name + "is not a folder");
+    if (!fs::is_directory(folder)) throw HostError(name + "is not a folder");
     if (!MayBeLab(folder)) {
-      throw LabError(name + "holds other things and no lab; a new lab wants a new or empty folder");
+      throw HostError(name +
+                      "holds other things and no lab; a new lab wants a new or empty folder");
     }
   } catch (const fs::filesystem_error& error) {
-    throw LabError(name + "cannot be used: " + error.code().message());
+    throw HostError(name + "cannot be used: " + error.code().message());
   }
 }
 
@@ -82,14 +84,14 @@ void RequireOwn(const fs::path& path) {
     const std::string name = "\"" + path.string() + "\"";
     if (found.st_uid != geteuid()) {
       const passwd* const owner = getpwuid(found.st_uid);
-      throw LabError(name + " belongs to " +
-                     (owner == nullptr ? "user " + std::to_string(found.st_uid) : owner->pw_name) +
-                     "; a lab is for its owner alone: copy the lab to have your own");
+      throw HostError(name + " belongs to " +
+                      (owner == nullptr ? "user " + std::to_string(found.st_uid) : owner->pw_name) +
+                      "; a lab is for its owner alone: copy the lab to have your own");
     }
     if (!S_ISLNK(found.st_mode) && (found.st_mode & (S_IWGRP | S_IWOTH)) != 0) {
-      throw LabError(name +
-                     " can be written by other users; a lab is for its owner alone: chmod go-w " +
-                     name);
+      throw HostError(name +
+                      " can be written by other users; a lab is for its owner alone: chmod go-w " +
+                      name);
     }
   }
 }

@@ -16,12 +16,12 @@ inline constexpr const char* kHostsFolder = "hosts";
 /// The store in the making. It gets its own name when it is complete.
 inline constexpr const char* kStoreDraft = "lab.db.new";
 
-/// Makes the folder if it is not there. Throws `LabError` when it holds something and is no lab.
+/// Makes the folder if it is not there. Throws `HostError` when it holds something and is no lab.
 void PrepareLabFolder(const std::filesystem::path& folder);
 
-/// Throws `LabError` when another user owns the file or may write it: a lab holds programs that are
-/// run and directories that are emptied. Judges a symlink and the file behind it. Accepts a file
-/// that does not exist.
+/// Throws `HostError` when another user owns the file or may write it: a lab holds programs that
+/// are run and directories that are emptied. Judges a symlink and the file behind it. Accepts a
+/// file that does not exist.
 void RequireOwn(const std::filesystem::path& path);
 /// The same for each component of `below`, a path relative to `base`; `base` itself is not judged.
 void RequireOwn(std::filesystem::path base, const std::filesystem::path& below);

@@ -7,9 +7,11 @@
 #include <system_error>
 #include <thread>
 
-#include "store/LabError.h"
+#include "baselibs/HostError.h"
 
 namespace Lab {
+
+using BaseLibs::HostError;
 
 namespace {
 
@@ -43,18 +45,18 @@ std::string Reason(sqlite3* handle) {
   const std::string store = file == nullptr ? "the lab's store" : std::string(file);
   switch (sqlite3_errcode(handle) & 0xFF) {
     case SQLITE_NOTADB:
-      throw LabError("\"" + store + "\" is not a lab's store");
+      throw HostError("\"" + store + "\" is not a lab's store");
     case SQLITE_CORRUPT:
     case SQLITE_CONSTRAINT:  // no rule of the lab's lets it come to that
-      throw LabError("the lab's store \"" + store + "\" is damaged: " + sqlite3_errmsg(handle));
+      throw HostError("the lab's store \"" + store + "\" is damaged: " + sqlite3_errmsg(handle));
     case SQLITE_BUSY:
-      throw LabError("the lab's store \"" + store + "\" is held by another process");
+      throw HostError("the lab's store \"" + store + "\" is held by another process");
     case SQLITE_READONLY:
-      throw LabError("the lab's store \"" + store + "\" cannot be written");
+      throw HostError("the lab's store \"" + store + "\" cannot be written");
     case SQLITE_FULL:
-      throw LabError("no space is left to write the lab's store \"" + store + "\"");
+      throw HostError("no space is left to write the lab's store \"" + store + "\"");
     default:
-      throw LabError("the lab's store \"" + store + "\" cannot be used: " + Reason(handle));
+      throw HostError("the lab's store \"" + store + "\" cannot be used: " + Reason(handle));
   }
 }
 
@@ -64,7 +66,7 @@ sqlite3* Open(const std::string& path) {
                       nullptr) != SQLITE_OK) {
     const std::string reason = Reason(handle);
     sqlite3_close(handle);
-    throw LabError("the lab's store \"" + path + "\" cannot be opened: " + reason);
+    throw HostError("the lab's store \"" + path + "\" cannot be opened: " + reason);
   }
   return handle;
 }

@@ -1,4 +1,4 @@
-// SQLite with C++ lifetimes. Every failure of the database is thrown as `LabError`.
+// SQLite with C++ lifetimes. Every failure of the database is thrown as `HostError`.
 #pragma once
 
 #include <chrono>

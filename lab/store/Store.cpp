@@ -2,6 +2,7 @@
 
 #include <system_error>
 
+#include "baselibs/HostError.h"
 #include "store/LabFolder.h"
 #include "store/Schema.h"
 #include "store/Uuids.h"
@@ -9,6 +10,7 @@
 namespace Lab {
 
 namespace fs = std::filesystem;
+using BaseLibs::HostError;
 
 namespace {
 
@@ -31,8 +33,8 @@ std::int64_t ReadPragma(Database& database, const char* pragma) {
 // SQLite takes some relative paths for something else.
 Store::Store(const fs::path& folder, const NewLab& newLab) : folder_(fs::absolute(folder)) {
   if ((folder_ / kStoreDraft).native().size() > Database::LongestPath()) {
-    throw LabError("the lab's folder \"" + folder_.string() +
-                   "\" cannot be used: its path is too long");
+    throw HostError("the lab's folder \"" + folder_.string() +
+                    "\" cannot be used: its path is too long");
   }
   std::error_code ignored;
   const bool isNew = !fs::exists(fs::symlink_status(GetFile(), ignored));
@@ -64,19 +66,19 @@ void Store::Check() {
   const fs::path file = GetFile();
   Transaction atRest(*this, Transaction::Kind::kRead);
   if (ReadPragma(*database_, "PRAGMA application_id") != kApplicationId) {
-    throw LabError("\"" + file.string() + "\" is not a lab's store");
+    throw HostError("\"" + file.string() + "\" is not a lab's store");
   }
   const std::int64_t version = ReadPragma(*database_, "PRAGMA user_version");
   if (version != kSchemaVersion) {
-    throw LabError("the lab's store \"" + file.string() + "\" is from " +
-                   (version > kSchemaVersion ? "a newer" : "an older") + " version of autocli (" +
-                   std::to_string(version) + "; this one knows " + std::to_string(kSchemaVersion) +
-                   ")");
+    throw HostError("the lab's store \"" + file.string() + "\" is from " +
+                    (version > kSchemaVersion ? "a newer" : "an older") + " version of autocli (" +
+                    std::to_string(version) + "; this one knows " + std::to_string(kSchemaVersion) +
+                    ")");
   }
   // SQLite takes a page that is cut off for one that ends in zeros.
   const auto pageSize = static_cast<std::uintmax_t>(ReadPragma(*database_, "PRAGMA page_size"));
   if (pageSize == 0 || fs::file_size(file) % pageSize != 0) {
-    throw LabError("the lab's store \"" + file.string() + "\" is damaged: its end is missing");
+    throw HostError("the lab's store \"" + file.string() + "\" is damaged: its end is missing");
   }
   atRest.Commit();
 }
@@ -90,15 +92,15 @@ void Store::Make(const NewLab& newLab) {
     WriteNewFile(draft, "");  // SQLite would make it for fewer people than the umask lets
   } catch (const fs::filesystem_error& error) {
     if (error.code() != std::errc::file_exists) {
-      throw LabError("the lab's folder \"" + folder_.string() +
-                     "\" cannot be used: " + error.code().message());
+      throw HostError("the lab's folder \"" + folder_.string() +
+                      "\" cannot be used: " + error.code().message());
     }
   }
   RequireOwn(draft);
   try {
     database_.emplace(draft, Journal::kDeleted);
     while (!TakeStep(newLab)) continue;
-  } catch (const LabError&) {
+  } catch (const HostError&) {
     // A draft that was begun late is taken away under its maker's hands.
     if (!fs::exists(GetFile())) throw;
   }
@@ -118,8 +120,8 @@ bool Store::TakeStep(const NewLab& newLab) {
     MakeTables(*database_);
     Save(LabRow{NewUuid()});
   } else if (ReadPragma(*database_, "PRAGMA application_id") != kApplicationId) {
-    throw LabError("\"" + (folder_ / kStoreDraft).string() +
-                   "\" is in the way, and the lab did not make it");
+    throw HostError("\"" + (folder_ / kStoreDraft).string() +
+                    "\" is in the way, and the lab did not make it");
   } else if (ReadPragma(*database_, "PRAGMA user_version") == 0) {
     newLab.fill(*this);
     database_->Execute("PRAGMA user_version = " + std::to_string(kSchemaVersion));
@@ -130,14 +132,14 @@ bool Store::TakeStep(const NewLab& newLab) {
       SyncFolder(folder_);
       return true;
     }
-    throw LabError("the lab's store \"" + file.string() + "\" cannot be made: " + error.message());
+    throw HostError("the lab's store \"" + file.string() + "\" cannot be made: " + error.message());
   }
   transaction.Commit();
   return false;
 }
 
 void Store::FailDamaged(const std::string& what) const {
-  throw LabError("the lab's store \"" + GetFile().string() + "\" is damaged: " + what);
+  throw HostError("the lab's store \"" + GetFile().string() + "\" is damaged: " + what);
 }
 
 Store::Transaction::Transaction(Store& store, Kind kind) : database_(*store.database_) {
@@ -148,7 +150,7 @@ Store::Transaction::~Transaction() {
   if (!database_.IsInTransaction()) return;
   try {
     database_.Run("ROLLBACK");
-  } catch (const LabError&) {  // then the next one to open the store undoes it
+  } catch (const HostError&) {  // then the next one to open the store undoes it
   }
 }
 

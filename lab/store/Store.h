@@ -10,7 +10,6 @@
 #include <string_view>
 #include <vector>
 
-#include "store/LabError.h"
 #include "store/Sqlite.h"
 
 namespace Lab {
@@ -157,16 +156,16 @@ struct NewLab {
 
 class Store {
  public:
-  /// Opens the lab in `folder`, which is made if it is not there yet. Throws `LabError` when the
+  /// Opens the lab in `folder`, which is made if it is not there yet. Throws `HostError` when the
   /// folder or what is in it cannot serve as a lab; nothing is changed then.
   Store(const std::filesystem::path& folder, const NewLab& newLab);
 
-  /// Whether this is still what opening it anew would lead to. Throws `LabError` where that would.
+  /// Whether this is still what opening it anew would lead to. Throws `HostError` where that would.
   bool IsCurrent();
 
   const std::filesystem::path& GetFolder() const { return folder_; }
 
-  /// Throws the `LabError` that says that rows contradict each other.
+  /// Throws the `HostError` that says that rows contradict each other.
   [[noreturn]] void FailDamaged(const std::string& what) const;
 
   /// Writes the row in the place of the one with its key, if there is one; otherwise it is added,
@@ -250,7 +249,7 @@ class Store {
  private:
   std::filesystem::path GetFile() const;
   void RequireTrust() const;
-  /// Throws `LabError` if the file that was opened is not a store that can be used.
+  /// Throws `HostError` if the file that was opened is not a store that can be used.
   void Check();
   void Make(const NewLab& newLab);
   /// Brings the store in the making one step further; returns whether it was the last.
