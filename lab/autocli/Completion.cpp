@@ -63,6 +63,7 @@ std::vector<std::string> ReadWords(const std::string& line) {
   auto program = words.begin();
   for (; program != words.end() && program->find('=') != std::string::npos; ++program) {
     const std::size_t equals = program->find('=');
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): autocli has one thread.
     setenv(program->substr(0, equals).c_str(), program->c_str() + equals + 1, 1);
   }
   if (program != words.end()) ++program;

@@ -45,7 +45,7 @@ std::string ValueOf(const ParameterSpec& parameter) {
 }
 
 MarkdownPage::Definition DefinitionOf(const ParameterSpec& parameter) {
-  const std::string letter = parameter.GetShortName();
+  const std::string& letter = parameter.GetShortName();
   std::string remark = (parameter.IsRequired() ? "required; " : "") + ValueOf(parameter);
   return {(letter.empty() ? "" : '-' + letter + ", ") + "--" + parameter.GetName(),
           CliTools::DescriptionOf(parameter), std::move(remark)};

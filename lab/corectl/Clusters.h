@@ -39,7 +39,7 @@ struct Membership {
   std::string masterUuid;  ///< the nil UUID when there is none
   std::string backupUuid;
 };
-Membership MembershipOf(std::vector<Member> members);
+Membership MembershipOf(std::vector<Member> running);
 
 /// Notes that `host` changed what the cluster shares.
 void MoveGeneration(Store& store, const std::string& cluster, const HostRow& host);

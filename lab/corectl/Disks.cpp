@@ -1,7 +1,6 @@
 #include "corectl/Disks.h"
 
 #include <algorithm>
-#include <functional>
 #include <map>
 #include <set>
 

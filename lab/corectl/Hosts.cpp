@@ -1,6 +1,5 @@
 #include "corectl/Hosts.h"
 
-#include "corectl/Clusters.h"
 #include "corectl/LabHost.h"
 #include "hostroot/HostRoot.h"
 #include "store/LabFolder.h"

@@ -83,6 +83,7 @@ void RequireOwn(const fs::path& path) {
     if (status(path.c_str(), &found) != 0) continue;
     const std::string name = "\"" + path.string() + "\"";
     if (found.st_uid != geteuid()) {
+      // NOLINTNEXTLINE(concurrency-mt-unsafe): the lab has one thread.
       const passwd* const owner = getpwuid(found.st_uid);
       throw HostError(name + " belongs to " +
                       (owner == nullptr ? "user " + std::to_string(found.st_uid) : owner->pw_name) +

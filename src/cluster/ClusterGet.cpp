@@ -22,7 +22,8 @@ std::string FormatTimestamp(std::uint64_t milliseconds) {
   const auto seconds = static_cast<std::time_t>(milliseconds / 1000);
   char buffer[32] = "0.";
   if (seconds != 0) {
-    // Any 64-bit time fits. Other than localtime_r, this follows a change of the time zone.
+    // Any 64-bit time fits. localtime, unlike localtime_r, calls tzset, so that a changed time zone
+    // takes effect. NOLINTNEXTLINE(concurrency-mt-unsafe): commands are called one at a time.
     std::strftime(buffer, sizeof buffer, "%Y-%m-%dT%H:%M:%S.", std::localtime(&seconds));
   }
   char remainder[8];

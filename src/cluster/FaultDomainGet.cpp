@@ -20,7 +20,7 @@ class FaultDomainGet final : public RecordCommand<FaultDomainGet> {
 
  private:
   void ExecuteInternal(const InputPtr&, const OutputPtr& output) override {
-    const StructPtr record = GetOutputStructure();
+    StructPtr record = GetOutputStructure();
     SucceedOrNothing(
         output, "Unable to get fault domain name: ", [&](const ControlLibrary& library) {
           record->SetField("faultDomainName", library->GetFaultDomainName());

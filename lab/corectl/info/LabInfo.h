@@ -16,7 +16,7 @@ class LabInfo : public virtual HostCtl::Dovra::DovraInfo {
  public:
   explicit LabInfo(LabHost& host) : host_(host) {}
 
-  void GetDiskInfo(const HostCtl::Dovra::Uuid& disk, const DiskLuns& luns,
+  void GetDiskInfo(const HostCtl::Dovra::Uuid& uuid, const DiskLuns& luns,
                    HostCtl::Dovra::DovraDiskInfo& info) override;
   void AddDisks(const std::string& ssd, const std::vector<std::string>& disks) override;
   void MountDiskGroup(const std::string& ssd) override;
