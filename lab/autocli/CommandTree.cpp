@@ -111,10 +111,7 @@ const std::shared_ptr<Namespace>& CommandTree::GetWhole() {
 }
 
 std::string KnownNames(const CommandSpec& space) {
-  constexpr std::size_t kMost = 30;  // more would bury what was said before
-  const std::vector<std::string> names = ChildNames(space);
-  if (names.size() <= kMost) return BaseLibs::Join(names, ", ");
-  return std::to_string(names.size()) + " names, which --help lists";
+  return BaseLibs::Join(ChildNames(space), ", ");
 }
 
 void RefuseWord(const CommandSpec& space, const std::string& word) {

@@ -130,9 +130,6 @@ extern "C" void AutoCli_RegisterNamespaces(const std::shared_ptr<Namespace>& roo
   if (fault == "has no licence") throw std::runtime_error("no licence");
   if (fault == "throws a number at once") throw 7;
   if (fault == "closes itself") CloseMyself();
-  for (int number = 0; fault == "many names" && number < 10000; ++number) {
-    root->RegisterNamespaceNode(Namespace::New(), "name" + std::to_string(number));
-  }
   if (fault == "raw strings") {
     const auto space = Namespace::New();
     space->SetDescription(kRaw);

@@ -78,7 +78,3 @@ END
         expect 3 '' 'autocli: the plug-in "plugins/libodd.so" cannot be loaded: it has no function AutoCli_RegisterNamespaces' --plugin-dir plugins odd
     done
 }
-
-@test "among ten thousand names, the nearest is told" {
-    FAULT='many names' expect 2 '' 'autocli: there is no "name777x"; did you mean "name777", "name7770" or "name7771"? (known here: 10001 names, which --help lists)' --plugin-dir "$FAULTY_PLUGINS" name777x
-}
