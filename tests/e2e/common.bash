@@ -7,6 +7,7 @@ setup() {
     unset AUTOCLI_HOST NO_COLOR HISTFILE "${!XDG_@}"
     umask "$(printf %o $((0$(umask) | 022)))" # autocli refuses directories that others may write
     mkdir "$HOME" "$TMPDIR"
+    set -o pipefail
 }
 
 autocli() { "$AUTOCLI" "$@"; }
@@ -15,7 +16,7 @@ autocli() { "$AUTOCLI" "$@"; }
 platform() { (cd "$(dirname "$AUTOCLI")/../lib/autocli/platform" && pwd); }
 
 # released_only: skips a test of what ships, which is never what was built with sanitizers.
-released_only() { ! nm -D "$PLUGIN" | grep -q __asan || skip "built with sanitizers"; }
+released_only() { [[ $(nm -D "$PLUGIN") != *__asan* ]] || skip "built with sanitizers"; }
 
 # matches TEXT WANTED: whether they are equal but for what a "*" in WANTED stands for.
 # shellcheck disable=SC2053 # WANTED is a pattern

@@ -4,8 +4,9 @@ load common
 source=$BATS_TEST_DIRNAME/../..
 
 @test "the reference is what the program says" {
-    autocli --reference markdown | diff -u "$source/docs/reference.md" - ||
-        { echo "docs/reference.md is out of date: run script/reference"; false; }
+    autocli --reference markdown >"$BATS_TEST_TMPDIR/reference.md"
+    diff -u "$source/docs/reference.md" "$BATS_TEST_TMPDIR/reference.md" ||
+        { echo "If this change is meant, run script/reference."; false; }
 }
 
 @test "man shows the pages without a complaint, every command on one of them" {

@@ -66,6 +66,8 @@ EOF
         done <"$BATS_TEST_TMPDIR/examples"
     done <"$BATS_TEST_TMPDIR/commands"
     # A program that cannot be run has no words for it.
-    diff <("$AUTOCLI" --complete 'autocli lab fault add --operation ' | cut -f1 | sort) \
-        <(sed -n 's/.*broken: //p; s/^.*Checking dovratraced status failed.*/DovraExec/p' "$BATS_TEST_TMPDIR/struck" | sort -u)
+    "$AUTOCLI" --complete 'autocli lab fault add --operation ' | cut -f1 | sort >"$BATS_TEST_TMPDIR/operations"
+    [[ -s $BATS_TEST_TMPDIR/operations ]]
+    sed -n 's/.*broken: //p; s/^.*Checking dovratraced status failed.*/DovraExec/p' "$BATS_TEST_TMPDIR/struck" |
+        sort -u | diff "$BATS_TEST_TMPDIR/operations" -
 }

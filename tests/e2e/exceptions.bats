@@ -65,7 +65,7 @@ END
         "$AUTOCLI" --complete "autocli --plugin-dir $FAULTY_PLUGINS $line" >shown
         is_shown
     done
-    script -qec '"$AUTOCLI" --plugin-dir "$FAULTY_PLUGINS" "$raw" "$raw"' /dev/null <<<no | tr -d '\r' >shown
+    script -qc '"$AUTOCLI" --plugin-dir "$FAULTY_PLUGINS" "$raw" "$raw"' /dev/null <<<no | tr -d '\r' >shown
     is_shown
 }
 

@@ -11,6 +11,7 @@ as_user() {
     install -d -o 65534 "$AUTOCLI_LAB"
     mkdir -p "$BATS_TEST_TMPDIR/moved"
     cp -r "$(dirname "$(dirname "$AUTOCLI")")"/{bin,lib,share} "$BATS_TEST_TMPDIR/moved"
+    chmod -R a+rX "$BATS_TEST_TMPDIR/moved"
     autocli() { setpriv --reuid=65534 --regid=65534 --clear-groups "$BATS_TEST_TMPDIR/moved/bin/autocli" "$@"; }
 }
 
@@ -78,7 +79,7 @@ as_user() {
     hosts=$AUTOCLI_LAB/hosts
     blocked=$hosts/.$(host_uuid host2)
     mkdir -p "$blocked/mine" "$hosts/.$(</proc/sys/kernel/random/uuid)" "$hosts/.gone" "$hosts/host1/var/run"
-    touch "$hosts/.gone/.autocli-host" "$hosts/host1/var/run/"{dovratraced.json.new-{$$,$(sh -c 'echo $$')},mine.new-4}
+    touch "$hosts/.gone/.autocli-host" "$hosts/host1/var/run/"{dovratraced.json.new-{$$,"$(sh -c 'echo $$')"},mine.new-4}
     chmod 000 "$hosts/host3/.autocli-host"
     [[ $(id -u) != 0 ]] || chown -R 65534:65534 "$hosts"
     taken="\"$hosts/host2\" cannot be put in order: \"$hosts/host2\": Directory not empty"
