@@ -3,8 +3,6 @@
 
 namespace OrvaneCli::DovraNamespace {
 
-using HostCtl::Dovra::DovraInfo;
-
 class StorageDiskgroupMount final : public SuccessCommand<StorageDiskgroupMount> {
  public:
   StorageDiskgroupMount() { DescribeOperation("Mount a Dovra disk or disk group."); }
@@ -27,11 +25,15 @@ class StorageDiskgroupMount final : public SuccessCommand<StorageDiskgroupMount>
     if (NamesSeveralDisks(input)) return output->AddErrorMessage(kOnlyOneDiskMessage);
     try {
       const ControlLibrary library;
-      if (!ActOnNamed(input, library, &DovraInfo::MountDiskGroup, &DovraInfo::MountDisk,
-                      &DovraInfo::MountDiskByUuid)) {
+      if (input->HasParameter("ssd")) {
+        library->MountDiskGroup(input->GetParameter("ssd"));
+      } else if (input->HasParameter("uuid")) {
+        library->MountDiskByUuid(input->GetParameter("uuid"));
+      } else if (input->HasParameter("disk")) {
+        library->MountDisk(input->GetParameter("disk"));
+      } else {
         output->AddErrorMessage("Either --ssd, --disk or --uuid is required");
-        output->SetRootObject(MetaBool::New(false));  // the only failure here that leaves a result
-        return;
+        return output->SetRootObject(MetaBool::New(false));  // unlike every other failure here
       }
       output->SetRootObject(MetaBool::New(true));
     } catch (const DovraCtlException& failure) {

@@ -3,8 +3,6 @@
 
 namespace OrvaneCli::DovraNamespace {
 
-using HostCtl::Dovra::DovraInfo;
-
 class StorageDiskgroupUmount final : public SuccessCommand<StorageDiskgroupUmount> {
  public:
   StorageDiskgroupUmount() { DescribeOperation("Unmount Dovra disk or disk group."); }
@@ -27,8 +25,13 @@ class StorageDiskgroupUmount final : public SuccessCommand<StorageDiskgroupUmoun
     if (NamesSeveralDisks(input)) return output->AddErrorMessage(kOnlyOneDiskMessage);
     try {
       const ControlLibrary library;
-      if (!ActOnNamed(input, library, &DovraInfo::UnmountDiskGroup, &DovraInfo::UnmountDisk,
-                      &DovraInfo::UnmountDiskByUuid)) {
+      if (input->HasParameter("ssd")) {
+        library->UnmountDiskGroup(input->GetParameter("ssd"));
+      } else if (input->HasParameter("disk")) {
+        library->UnmountDisk(input->GetParameter("disk"));
+      } else if (input->HasParameter("uuid")) {
+        library->UnmountDiskByUuid(input->GetParameter("uuid"));
+      } else {
         return output->AddErrorMessage("Need one of --disk, --ssd or --uuid.");
       }
       output->SetRootObject(MetaBool::New(true));

@@ -5,20 +5,18 @@
 
 namespace OrvaneCli::DovraNamespace {
 
-using HostCtl::Dovra::DovraInfo;
-
 namespace {
 
-/// The control library's name of the mode, which users may type as well as their own; nothing when
-/// there is no such mode.
-std::optional<std::string> EvacuationMode(const std::string& typed) {
+/// Returns the control library's name of the mode, which users may type as well; nothing when there
+/// is no such mode.
+std::optional<std::string> ParseEvacuationMode(const std::string& given) {
   constexpr std::pair<const char*, const char*> kModes[] = {
       {"ensureObjectAccessibility", "EnsureObjectAccessibility"},
       {"evacuateAllData", "EvacuateAllData"},
       {"noAction", "NoAction"},
   };
-  for (const auto& [users, librarys] : kModes) {
-    if (typed == users || typed == librarys) return librarys;
+  for (const auto& [typed, canonical] : kModes) {
+    if (given == typed || given == canonical) return canonical;
   }
   return std::nullopt;
 }
@@ -56,9 +54,9 @@ class StorageRemove final : public SuccessCommand<StorageRemove> {
         return output->AddErrorMessage(
             "At most one of --disk or --ssd or --uuid can be specified.");
       }
-      std::string mode;  // left empty, it leaves the choice to the control library
+      std::string mode;  // empty: the control library's default
       if (const auto given = Given<std::string>(input, "evacuation-mode")) {
-        const auto known = EvacuationMode(*given);
+        const auto known = ParseEvacuationMode(*given);
         if (!known) {
           return output->AddErrorMessage(
               "Expected a single value from the set [noAction, ensureObjectAccessibility, "
@@ -67,8 +65,13 @@ class StorageRemove final : public SuccessCommand<StorageRemove> {
         }
         mode = *known;
       }
-      if (!ActOnNamed(input, library, &DovraInfo::RemoveDiskGroup, &DovraInfo::RemoveDisk,
-                      &DovraInfo::RemoveDiskByUuid, mode)) {
+      if (input->HasParameter("disk")) {
+        library->RemoveDisk(input->GetParameter("disk"), mode);
+      } else if (input->HasParameter("ssd")) {
+        library->RemoveDiskGroup(input->GetParameter("ssd"), mode);
+      } else if (input->HasParameter("uuid")) {
+        library->RemoveDiskByUuid(input->GetParameter("uuid"), mode);
+      } else {
         return output->AddErrorMessage("No option provided");
       }
       output->SetRootObject(MetaBool::New(true));
