@@ -49,7 +49,7 @@ class Operation final : public LabCommand {
   OutputSpecPtr GetOutputSpecInternal() override { return MakeOutputSpec(MetaBool::New()); }
 
   void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
-    SucceedOrNothing(output, row_.failure, [&] {
+    try {
       if (row_.onHost) {
         LabHost::Current().Change(
             [&](Store& store, HostRow& host) { row_.onHost(store, host, input); });
@@ -57,7 +57,10 @@ class Operation final : public LabCommand {
         ChangeLab([&](Store& store) { row_.onLab(store, input); });
       }
       if (row_.afterCommit) row_.afterCommit(output);
-    });
+      output->SetRootObject(MetaBool::New(true));
+    } catch (const DovraCtlException& failure) {
+      Report(output, failure, row_.failure);
+    }
   }
 };
 

@@ -114,7 +114,7 @@ class ClusterGet final : public RecordCommand<ClusterGet> {
       record->SetField("Maintenance Mode State", maintenanceState);
       record->SetField("Config Generation", generation);
     } catch (const DovraCtlException& failure) {
-      Report(output, "", failure);
+      Report(output, failure);
     }
     output->SetRootObject(record);
   }

@@ -63,7 +63,7 @@ class ClusterJoin final : public SuccessCommand<ClusterJoin> {
                            faultDomain.value_or(""), wait, false);
       output->SetRootObject(MetaBool::New(true));
     } catch (const DovraCtlException& failure) {
-      Report(output, "", failure);
+      Report(output, failure);
       output->SetRootObject(MetaBool::New(false));
     }
   }

@@ -49,13 +49,13 @@ class ClusterLeave final : public SuccessCommand<ClusterLeave> {
       library->LeaveCluster(false);
       return output->SetRootObject(MetaBool::New(true));
     } catch (const DovraCtlException& failure) {
-      Report(output, "", failure);
+      Report(output, failure);
     }
     if (names.empty()) return;
     try {
       NotifyDatastores("FailedUnmount", names);
     } catch (const DovraCtlException& failure) {  // of the shell runner, not of the script
-      Report(output, "", failure);
+      Report(output, failure);
     }
   }
 };

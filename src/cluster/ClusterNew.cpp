@@ -24,7 +24,7 @@ class ClusterNew final : public SuccessCommand<ClusterNew> {
       library->CreateCluster(uuid, true, false);
       output->SetRootObject(MetaBool::New(true));
     } catch (const DovraCtlException& failure) {
-      Report(output, "Unable to create the new Dovra cluster: ", failure);
+      Report(output, failure, "Unable to create the new Dovra cluster: ");
       output->SetRootObject(MetaBool::New(false));
     }
   }

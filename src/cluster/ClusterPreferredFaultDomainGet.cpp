@@ -37,7 +37,7 @@ class ClusterPreferredFaultDomainGet final : public RecordCommand<ClusterPreferr
       record->SetField("Preferred Fault Domain Id", id);
       output->SetRootObject(record);
     } catch (const DovraCtlException& failure) {
-      Report(output, "Unable to get preferred fault domain name: ", failure);
+      Report(output, failure, "Unable to get preferred fault domain name: ");
     }
   }
 };

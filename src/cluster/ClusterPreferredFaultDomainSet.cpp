@@ -39,7 +39,7 @@ class ClusterPreferredFaultDomainSet final : public SuccessCommand<ClusterPrefer
       }
       output->SetRootObject(MetaBool::New(true));  // after these refusals too; the messages tell
     } catch (const DovraCtlException& failure) {
-      Report(output, "Unable to set preferred fault domain name: ", failure);
+      Report(output, failure, "Unable to set preferred fault domain name: ");
     }
   }
 };

@@ -15,9 +15,14 @@ class ClusterRestore final : public SuccessCommand<ClusterRestore> {
   }
 
   void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
-    SucceedOrFalse(output, "", [&](const ControlLibrary& library) {
+    try {
+      const ControlLibrary library;
       library->RestoreClusterConfig(input->IsFlagSet("boot"));
-    });
+      output->SetRootObject(MetaBool::New(true));
+    } catch (const DovraCtlException& failure) {
+      Report(output, failure);
+      output->SetRootObject(MetaBool::New(false));
+    }
   }
 };
 

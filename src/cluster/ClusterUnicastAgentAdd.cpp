@@ -81,7 +81,7 @@ class ClusterUnicastAgentAdd final : public SuccessCommand<ClusterUnicastAgentAd
       if (!isWitness) library->RefreshUnicastAgents();
       output->SetRootObject(MetaBool::New(true));
     } catch (const DovraCtlException& failure) {
-      Report(output, "", failure);
+      Report(output, failure);
     }
   }
 };

@@ -55,7 +55,7 @@ class ClusterUnicastAgentClear final : public SuccessCommand<ClusterUnicastAgent
       if (needsRefresh) library->RefreshUnicastAgents();
       output->SetRootObject(MetaBool::New(true));
     } catch (const DovraCtlException& failure) {
-      Report(output, "Unable to remove unicast agents: ", failure);
+      Report(output, failure, "Unable to remove unicast agents: ");
     }
   }
 };

@@ -65,7 +65,7 @@ class ClusterUnicastAgentList final : public ListCommand<ClusterUnicastAgentList
         list->Add(MakeRow(entry));
       }
     } catch (const DovraCtlException& failure) {
-      Report(output, "Unable to list unicast agent: ", failure);
+      Report(output, failure, "Unable to list unicast agent: ");
     }
     output->SetRootObject(list);
   }

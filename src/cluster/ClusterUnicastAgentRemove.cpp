@@ -40,7 +40,7 @@ class ClusterUnicastAgentRemove final : public SuccessCommand<ClusterUnicastAgen
       }
       output->SetRootObject(MetaBool::New(true));
     } catch (const DovraCtlException& failure) {
-      Report(output, "Unable to remove the unicast agent: ", failure);
+      Report(output, failure, "Unable to remove the unicast agent: ");
     }
   }
 };

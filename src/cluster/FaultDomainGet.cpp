@@ -20,15 +20,17 @@ class FaultDomainGet final : public RecordCommand<FaultDomainGet> {
 
  private:
   void ExecuteInternal(const InputPtr&, const OutputPtr& output) override {
-    StructPtr record = GetOutputStructure();
-    SucceedOrNothing(
-        output, "Unable to get fault domain name: ", [&](const ControlLibrary& library) {
-          record->SetField("faultDomainName", library->GetFaultDomainName());
-          if (library->GetClusterConfig().enabled) {  // outside a cluster the name has no id
-            record->SetField("faultDomainId", DovraUtil::GetFaultDomainId());
-          }
-          return record;
-        });
+    const StructPtr record = GetOutputStructure();
+    try {
+      const ControlLibrary library;
+      record->SetField("faultDomainName", library->GetFaultDomainName());
+      if (library->GetClusterConfig().enabled) {  // outside a cluster the name has no id
+        record->SetField("faultDomainId", DovraUtil::GetFaultDomainId());
+      }
+      output->SetRootObject(record);
+    } catch (const DovraCtlException& failure) {
+      Report(output, failure, "Unable to get fault domain name: ");
+    }
   }
 };
 

@@ -39,7 +39,7 @@ class FaultDomainSet final : public SuccessCommand<FaultDomainSet> {
       try {
         SetOrReset(name);
       } catch (const DovraCtlException& failure) {
-        Report(output, "Unable to set fault domain name: ", failure);
+        Report(output, failure, "Unable to set fault domain name: ");
       }
     }
     output->SetRootObject(MetaBool::New(true));  // after failures too; the messages tell

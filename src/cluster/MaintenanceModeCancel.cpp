@@ -11,7 +11,13 @@ class MaintenanceModeCancel final : public SuccessCommand<MaintenanceModeCancel>
 
  private:
   void ExecuteInternal(const InputPtr&, const OutputPtr& output) override {
-    SucceedOrFalse(output, "", [] { CoreCtl::Dovra::DovraUtil::DecomCancel(); });
+    try {
+      CoreCtl::Dovra::DovraUtil::DecomCancel();
+      output->SetRootObject(MetaBool::New(true));
+    } catch (const DovraCtlException& failure) {
+      Report(output, failure);
+      output->SetRootObject(MetaBool::New(false));
+    }
   }
 };
 

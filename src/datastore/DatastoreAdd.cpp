@@ -40,7 +40,7 @@ class DatastoreAdd final : public SuccessCommand<DatastoreAdd> {
       library->AddDatastore(DovraDatastore(uuid, name, false));
       output->SetRootObject(MetaBool::New(true));
     } catch (const DovraCtlException& failure) {
-      Report(output, kUnableToAddDatastore, failure);
+      Report(output, failure, kUnableToAddDatastore);
     }
   }
 };

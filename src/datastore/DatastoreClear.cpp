@@ -13,9 +13,13 @@ class DatastoreClear final : public SuccessCommand<DatastoreClear> {
 
  private:
   void ExecuteInternal(const InputPtr&, const OutputPtr& output) override {
-    SucceedOrNothing(output, "Unable to clear datastore: ", [](const ControlLibrary& library) {
+    try {
+      const ControlLibrary library;
       library->ClearDatastores();
-    });
+      output->SetRootObject(MetaBool::New(true));
+    } catch (const DovraCtlException& failure) {
+      Report(output, failure, "Unable to clear datastore: ");
+    }
   }
 };
 

@@ -3,6 +3,7 @@
 
 namespace OrvaneCli::DovraNamespace {
 
+using HostCtl::Dovra::DovraDatastore;
 using HostCtl::Dovra::DovraInfo;
 
 class DatastoreList final : public ListCommand<DatastoreList> {
@@ -22,22 +23,28 @@ class DatastoreList final : public ListCommand<DatastoreList> {
   DatastoreList() { DescribeFetcher("List datastores in the Dovra cluster."); }
 
  private:
+  static StructPtr MakeRow(const DovraDatastore& datastore) {
+    StructPtr row = GetOutputStructure();
+    row->SetField("Datastore UUID", datastore.GetUuid());
+    row->SetField("User Friendly Name", datastore.GetName());
+    row->SetField("Default", MetaBool::New(datastore.IsDefault()));
+    return row;
+  }
+
   void ExecuteInternal(const InputPtr&, const OutputPtr& output) override {
-    SucceedOrNothing(output, kUnableToAddDatastore, [](const ControlLibrary& library) {
+    const ListPtr list = MakeList();
+    try {
+      const ControlLibrary library;
       DovraInfo::Datastores datastores;
       library->GetDatastores(datastores);
-      ListPtr list = MakeList();
       list->Reserve(datastores.size());
       for (const auto& datastore : datastores) {
-        if (!datastore) continue;
-        const StructPtr row = GetOutputStructure();
-        row->SetField("Datastore UUID", datastore->GetUuid());
-        row->SetField("User Friendly Name", datastore->GetName());
-        row->SetField("Default", MetaBool::New(datastore->IsDefault()));
-        list->Add(row);
+        if (datastore) list->Add(MakeRow(*datastore));
       }
-      return list;
-    });
+      output->SetRootObject(list);
+    } catch (const DovraCtlException& failure) {
+      Report(output, failure, kUnableToAddDatastore);
+    }
   }
 };
 

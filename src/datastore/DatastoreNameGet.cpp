@@ -20,13 +20,15 @@ class DatastoreNameGet final : public RecordCommand<DatastoreNameGet> {
   }
 
   void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
-    SucceedOrNothing(output,
-                     "Unable to get Dovra datastore name: ", [&](const ControlLibrary& library) {
-                       const std::string uuid = Given<std::string>(input, "uuid").value_or("");
-                       StructPtr record = GetOutputStructure();
-                       record->SetField("Name", library->GetDatastoreName(uuid));
-                       return record;
-                     });
+    const std::string uuid = input->GetParameter("uuid");
+    const StructPtr record = GetOutputStructure();
+    try {
+      const ControlLibrary library;
+      record->SetField("Name", library->GetDatastoreName(uuid));
+      output->SetRootObject(record);
+    } catch (const DovraCtlException& failure) {
+      Report(output, failure, "Unable to get Dovra datastore name: ");
+    }
   }
 };
 

@@ -22,8 +22,13 @@ class DatastoreNameSet final : public SuccessCommand<DatastoreNameSet> {
   void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
     const std::string uuid = input->GetParameter("uuid");
     const std::string name = input->GetParameter("newname");
-    SucceedOrNothing(output, "Unable to set Dovra datastore name: ",
-                     [&](const ControlLibrary& library) { library->SetDatastoreName(uuid, name); });
+    try {
+      const ControlLibrary library;
+      library->SetDatastoreName(uuid, name);
+      output->SetRootObject(MetaBool::New(true));
+    } catch (const DovraCtlException& failure) {
+      Report(output, failure, "Unable to set Dovra datastore name: ");
+    }
   }
 };
 

@@ -21,9 +21,13 @@ class DatastoreRemove final : public SuccessCommand<DatastoreRemove> {
   }
 
   void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
-    SucceedOrNothing(output, "Unable to remove datastore: ", [&](const ControlLibrary& library) {
+    try {
+      const ControlLibrary library;
       library->RemoveDatastore(input->GetParameter("uuid"), true);
-    });
+      output->SetRootObject(MetaBool::New(true));
+    } catch (const DovraCtlException& failure) {
+      Report(output, failure, "Unable to remove datastore: ");
+    }
   }
 };
 

@@ -77,7 +77,7 @@ OutputSpecPtr MakeOutputSpec(std::shared_ptr<MetaObject> rootTemplate) {
   return spec;
 }
 
-void Report(const OutputPtr& output, std::string_view prefix, const DovraCtlException& failure) {
+void Report(const OutputPtr& output, const DovraCtlException& failure, std::string_view prefix) {
   output->AddErrorMessage(std::string(prefix) + failure.GetMessage());
 }
 

@@ -157,47 +157,8 @@ using ListCommand = DovraCommand<T, Returns::kList>;
 // Failures. What a failed command leaves as its result differs from command to command, so each
 // says it where it happens.
 
-/// Adds the one message that a failure of the control library becomes.
-void Report(const OutputPtr& output, std::string_view prefix, const DovraCtlException& failure);
-
-/// Runs `work`, with the control library if it takes it. The result is the one that `work` returns,
-/// or true if it returns none.
-template <class Work>
-void Succeed(const OutputPtr& output, Work&& work) {
-  const auto run = [&work] {
-    if constexpr (std::is_invocable_v<Work, const ControlLibrary&>) {
-      return work(ControlLibrary());
-    } else {
-      return work();
-    }
-  };
-  if constexpr (std::is_void_v<decltype(run())>) {
-    run();
-    output->SetRootObject(MetaBool::New(true));
-  } else {
-    output->SetRootObject(run());
-  }
-}
-
-/// Succeeds; or, after a failure, which is reported, the result is false.
-template <class Work>
-void SucceedOrFalse(const OutputPtr& output, std::string_view prefix, Work&& work) {
-  try {
-    Succeed(output, std::forward<Work>(work));
-  } catch (const DovraCtlException& failure) {
-    Report(output, prefix, failure);
-    output->SetRootObject(MetaBool::New(false));
-  }
-}
-
-/// Succeeds; or, after a failure, which is reported, there is no result.
-template <class Work>
-void SucceedOrNothing(const OutputPtr& output, std::string_view prefix, Work&& work) {
-  try {
-    Succeed(output, std::forward<Work>(work));
-  } catch (const DovraCtlException& failure) {
-    Report(output, prefix, failure);
-  }
-}
+/// Adds the error message that a failure of the control library becomes.
+void Report(const OutputPtr& output, const DovraCtlException& failure,
+            std::string_view prefix = "");
 
 }  // namespace OrvaneCli::DovraNamespace

@@ -18,12 +18,17 @@ class InterfaceRemoval : public SuccessCommand<T> {
   }
 
   void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
-    SucceedOrFalse(output, "", [&](const ControlLibrary& library) {
+    try {
+      const ControlLibrary library;
       const std::string name = input->GetParameter("interface-name");
       const bool force = input->IsFlagSet("force");
       library->RemoveKnic(name, force, kDovraTraffic);
       library->RemoveKnic(name, force, kWitnessTraffic);
-    });
+      output->SetRootObject(MetaBool::New(true));
+    } catch (const DovraCtlException& failure) {
+      Report(output, failure);
+      output->SetRootObject(MetaBool::New(false));
+    }
   }
 };
 

@@ -8,8 +8,14 @@ class NetworkClear final : public SuccessCommand<NetworkClear> {
 
  private:
   void ExecuteInternal(const InputPtr&, const OutputPtr& output) override {
-    SucceedOrFalse(output, "",
-                   [](const ControlLibrary& library) { library->ClearNetworkConfig(); });
+    try {
+      const ControlLibrary library;
+      library->ClearNetworkConfig();
+      output->SetRootObject(MetaBool::New(true));
+    } catch (const DovraCtlException& failure) {
+      Report(output, failure);
+      output->SetRootObject(MetaBool::New(false));
+    }
   }
 };
 

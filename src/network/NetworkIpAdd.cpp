@@ -171,7 +171,7 @@ void NetworkIpAdd::ExecuteCommon(const InputPtr& input, const OutputPtr& output,
     info->ConfigureKnic(MakeEntry(name, *settings));
     output->SetRootObject(MetaBool::New(true));
   } catch (const DovraCtlException& failure) {
-    Report(output, "", failure);
+    Report(output, failure);
   }
 }
 

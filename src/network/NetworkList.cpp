@@ -70,7 +70,7 @@ class NetworkList final : public ListCommand<NetworkList> {
         output->AddErrorMessage(kNoInfo2Message);
       }
     } catch (const DovraCtlException& failure) {
-      Report(output, "", failure);
+      Report(output, failure);
     }
     output->SetRootObject(list);  // after a failure too: what was complete by then
   }

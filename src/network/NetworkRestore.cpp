@@ -8,8 +8,14 @@ class NetworkRestore final : public SuccessCommand<NetworkRestore> {
 
  private:
   void ExecuteInternal(const InputPtr&, const OutputPtr& output) override {
-    SucceedOrFalse(output, "",
-                   [](const ControlLibrary& library) { library->RestoreNetworkConfig(); });
+    try {
+      const ControlLibrary library;
+      library->RestoreNetworkConfig();
+      output->SetRootObject(MetaBool::New(true));
+    } catch (const DovraCtlException& failure) {
+      Report(output, failure);
+      output->SetRootObject(MetaBool::New(false));
+    }
   }
 };
 

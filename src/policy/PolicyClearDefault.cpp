@@ -8,8 +8,14 @@ class PolicyClearDefault final : public SuccessCommand<PolicyClearDefault> {
 
  private:
   void ExecuteInternal(const InputPtr&, const OutputPtr& output) override {
-    SucceedOrFalse(output, "",
-                   [](const ControlLibrary& library) { library->ClearPolicyDefaults(); });
+    try {
+      const ControlLibrary library;
+      library->ClearPolicyDefaults();
+      output->SetRootObject(MetaBool::New(true));
+    } catch (const DovraCtlException& failure) {
+      Report(output, failure);
+      output->SetRootObject(MetaBool::New(false));
+    }
   }
 };
 

@@ -9,10 +9,10 @@ using HostCtl::Dovra::DovraPolicyClass;
 
 namespace {
 
-/// The class of this name; all of them if there is none.
-std::vector<DovraPolicyClass> SelectClasses(const std::optional<std::string>& name) {
-  if (!name || name->empty()) return DovraUtil::GetDovraPolicyClasses();
-  return {DovraUtil::StringToDovraPolicyClass(*name)};
+/// Returns the class of this name, or every class when the name is empty.
+std::vector<DovraPolicyClass> SelectClasses(const std::string& name) {
+  if (name.empty()) return DovraUtil::GetDovraPolicyClasses();
+  return {DovraUtil::StringToDovraPolicyClass(name)};
 }
 
 }  // namespace
@@ -42,18 +42,26 @@ class PolicyGetDefault final : public ListCommand<PolicyGetDefault> {
     });
   }
 
+  static StructPtr MakeRow(const std::string& policyClass, const std::string& policy) {
+    StructPtr row = GetOutputStructure();
+    row->SetField("Policy Class", policyClass);
+    row->SetField("Policy Value", policy);
+    return row;
+  }
+
   void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
-    SucceedOrNothing(output, "", [&](const ControlLibrary& library) {
-      ListPtr list = MakeList();
-      for (const auto policyClass : SelectClasses(Given<std::string>(input, "policy-class"))) {
+    const std::string selected = input->GetParameter("policy-class");
+    try {
+      const ControlLibrary library;
+      const ListPtr list = MakeList();
+      for (const auto policyClass : SelectClasses(selected)) {
         const std::string name = DovraUtil::DovraPolicyClassToString(policyClass);
-        const StructPtr row = GetOutputStructure();
-        row->SetField("Policy Class", name);
-        row->SetField("Policy Value", library->GetPolicyDefault(name));
-        list->Add(row);
+        list->Add(MakeRow(name, library->GetPolicyDefault(name)));
       }
-      return list;
-    });
+      output->SetRootObject(list);
+    } catch (const DovraCtlException& failure) {
+      Report(output, failure);
+    }
   }
 };
 

@@ -58,9 +58,14 @@ class PolicySetDefault final : public SuccessCommand<PolicySetDefault> {
   void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
     const std::string policyClass = input->GetParameter("policy-class");
     const std::string policy = input->GetParameter("policy");
-    SucceedOrFalse(output, "", [&](const ControlLibrary& library) {
+    try {
+      const ControlLibrary library;
       library->SetPolicyDefault(policyClass, policy);
-    });
+      output->SetRootObject(MetaBool::New(true));
+    } catch (const DovraCtlException& failure) {
+      Report(output, failure);
+      output->SetRootObject(MetaBool::New(false));
+    }
   }
 };
 

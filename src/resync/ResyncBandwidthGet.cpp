@@ -17,11 +17,14 @@ class ResyncBandwidthGet final : public RecordCommand<ResyncBandwidthGet> {
 
  private:
   void ExecuteInternal(const InputPtr&, const OutputPtr& output) override {
-    SucceedOrNothing(output, "", [](const ControlLibrary& library) {
-      StructPtr record = GetOutputStructure();
+    const StructPtr record = GetOutputStructure();
+    try {
+      const ControlLibrary library;
       record->SetField("Rate", MetaInt::New(library->GetResyncBandwidth()));
-      return record;
-    });
+      output->SetRootObject(record);
+    } catch (const DovraCtlException& failure) {
+      Report(output, failure);
+    }
   }
 };
 

@@ -13,11 +13,14 @@ class ResyncThrottleGet final : public RecordCommand<ResyncThrottleGet> {
 
  private:
   void ExecuteInternal(const InputPtr&, const OutputPtr& output) override {
-    SucceedOrNothing(output, "", [](const ControlLibrary& library) {
-      StructPtr record = GetOutputStructure();
+    const StructPtr record = GetOutputStructure();
+    try {
+      const ControlLibrary library;
       record->SetField("Level", MetaInt::New(library->GetResyncThrottle()));
-      return record;
-    });
+      output->SetRootObject(record);
+    } catch (const DovraCtlException& failure) {
+      Report(output, failure);
+    }
   }
 };
 

@@ -16,9 +16,13 @@ class ResyncThrottleSet final : public SuccessCommand<ResyncThrottleSet> {
   }
 
   void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
-    SucceedOrNothing(output, "", [&](const ControlLibrary& library) {
+    try {
+      const ControlLibrary library;
       library->SetResyncThrottle(input->GetParameterInt("level"));
-    });
+      output->SetRootObject(MetaBool::New(true));
+    } catch (const DovraCtlException& failure) {
+      Report(output, failure);
+    }
   }
 };
 

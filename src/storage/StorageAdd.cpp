@@ -28,9 +28,13 @@ class StorageAdd final : public SuccessCommand<StorageAdd> {
     const std::string ssd = input->GetParameter("ssd");
     std::vector<std::string> disks;
     input->GetParameterList("disks", disks);
-    SucceedOrNothing(output, "Unable to add device: ", [&](const ControlLibrary& library) {
+    try {
+      const ControlLibrary library;
       library->AddDisks(ssd, disks);
-    });
+      output->SetRootObject(MetaBool::New(true));
+    } catch (const DovraCtlException& failure) {
+      Report(output, failure, "Unable to add device: ");
+    }
   }
 };
 

@@ -13,12 +13,14 @@ class StorageAutoModeGet final : public RecordCommand<StorageAutoModeGet> {
 
  private:
   void ExecuteInternal(const InputPtr&, const OutputPtr& output) override {
-    SucceedOrNothing(
-        output, "Unable to get Dovra storage auto claim mode: ", [](const ControlLibrary& library) {
-          StructPtr record = GetOutputStructure();
-          record->SetField("Enabled", MetaBool::New(library->GetAutoClaimMode()));
-          return record;
-        });
+    const StructPtr record = GetOutputStructure();
+    try {
+      const ControlLibrary library;
+      record->SetField("Enabled", MetaBool::New(library->GetAutoClaimMode()));
+      output->SetRootObject(record);
+    } catch (const DovraCtlException& failure) {
+      Report(output, failure, "Unable to get Dovra storage auto claim mode: ");
+    }
   }
 };
 

@@ -18,10 +18,13 @@ class StorageAutoModeSet final : public SuccessCommand<StorageAutoModeSet> {
   }
 
   void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
-    SucceedOrNothing(output,
-                     "Unable to set storage auto claim mode: ", [&](const ControlLibrary& library) {
-                       library->SetAutoClaimMode(input->GetParameterBool("enabled"));
-                     });
+    try {
+      const ControlLibrary library;
+      library->SetAutoClaimMode(input->GetParameterBool("enabled"));
+      output->SetRootObject(MetaBool::New(true));
+    } catch (const DovraCtlException& failure) {
+      Report(output, failure, "Unable to set storage auto claim mode: ");
+    }
   }
 };
 

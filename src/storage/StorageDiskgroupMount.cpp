@@ -37,7 +37,7 @@ class StorageDiskgroupMount final : public SuccessCommand<StorageDiskgroupMount>
       }
       output->SetRootObject(MetaBool::New(true));
     } catch (const DovraCtlException& failure) {
-      Report(output, "Unable to mount: ", failure);
+      Report(output, failure, "Unable to mount: ");
     }
   }
 };

@@ -36,7 +36,7 @@ class StorageDiskgroupUmount final : public SuccessCommand<StorageDiskgroupUmoun
       }
       output->SetRootObject(MetaBool::New(true));
     } catch (const DovraCtlException& failure) {
-      Report(output, "Unable to unmount: ", failure);
+      Report(output, failure, "Unable to unmount: ");
     }
   }
 };

@@ -147,7 +147,7 @@ class StorageList final : public ListCommand<StorageList> {
         output->AddErrorMessage("Unable to find device with uuid: " + uuid);
       }
     } catch (const DovraCtlException& failure) {
-      Report(output, "Unable to list devices: ", failure);
+      Report(output, failure, "Unable to list devices: ");
     }
     output->SetRootObject(list);  // after a failure: the rows that were complete by then
   }

@@ -76,7 +76,7 @@ class StorageRemove final : public SuccessCommand<StorageRemove> {
       }
       output->SetRootObject(MetaBool::New(true));
     } catch (const DovraCtlException& failure) {
-      Report(output, "Unable to remove device: ", failure);
+      Report(output, failure, "Unable to remove device: ");
     }
   }
 };

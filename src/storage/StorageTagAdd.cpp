@@ -14,9 +14,13 @@ class StorageTagAdd final : public SuccessCommand<StorageTagAdd> {
   }
 
   void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
-    SucceedOrNothing(output, "Unable to add tag to disk: ", [&](const ControlLibrary& library) {
+    try {
+      const ControlLibrary library;
       library->AddCapacityFlashTag(input->GetParameter("disk"));
-    });
+      output->SetRootObject(MetaBool::New(true));
+    } catch (const DovraCtlException& failure) {
+      Report(output, failure, "Unable to add tag to disk: ");
+    }
   }
 };
 

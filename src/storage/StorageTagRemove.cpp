@@ -14,9 +14,13 @@ class StorageTagRemove final : public SuccessCommand<StorageTagRemove> {
   }
 
   void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
-    SucceedOrNothing(output, "Unable to remove tag for disk: ", [&](const ControlLibrary& library) {
+    try {
+      const ControlLibrary library;
       library->RemoveCapacityFlashTag(input->GetParameter("disk"));
-    });
+      output->SetRootObject(MetaBool::New(true));
+    } catch (const DovraCtlException& failure) {
+      Report(output, failure, "Unable to remove tag for disk: ");
+    }
   }
 };
 
