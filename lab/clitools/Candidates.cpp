@@ -53,11 +53,9 @@ class OptionWords {
         awaited_ = nullptr;
         continue;
       }
-      const ParameterSpec* const option = Find(*word);
-      if (option == nullptr) continue;
-      given_.insert(option->GetName());
-      const bool isWhole = *word == "--" + option->GetName() || word->size() == 2;
-      if (isWhole && option->GetType() != ParameterType::kFlag) awaited_ = option;
+      const OptionWord parsed = Parse(*word);
+      for (const ParameterSpec* const option : parsed.options) given_.insert(option->GetName());
+      if (parsed.takesNextWord) awaited_ = parsed.options.back();
     }
     return word;
   }
@@ -67,14 +65,13 @@ class OptionWords {
 
   Candidates Values() const { return ValuesOf(*awaited_); }
 
-  /// The options that can still be given; or the values, when `typed` is "--option=".
+  /// The options that can still be given; or the values, when `typed` is "--option=..." or "-x...".
   Candidates Options(const std::string& typed) const {
     Candidates candidates;
-    if (const std::size_t equals = typed.find('='); equals != std::string::npos) {
-      const ParameterSpec* const option = Find(typed);
-      if (option != nullptr) candidates = ValuesOf(*option);
+    if (const OptionWord parsed = Parse(typed); parsed.value != std::string::npos) {
+      candidates = ValuesOf(*parsed.options.back());
       for (Candidate& value : candidates) {
-        if (value.text != kAnyPath) value.text.insert(0, typed, 0, equals + 1);
+        if (value.text != kAnyPath) value.text.insert(0, typed, 0, parsed.value);
       }
       return candidates;
     }
@@ -91,15 +88,43 @@ class OptionWords {
   }
 
  private:
-  /// The option that the word names: "--name", "--name=...", "-x", "-x...". Null if there is none.
-  const ParameterSpec* Find(std::string_view word) const {
-    for (const auto& option : parameters_) {
-      const bool isName = word.substr(0, word.find('=')) == "--" + option->GetName();
-      const bool isLetter = !option->GetShortName().empty() && !word.starts_with("--") &&
-                            word.substr(1).starts_with(option->GetShortName());
-      if (isName || isLetter) return option.get();
+  /// A word that begins with a hyphen.
+  struct OptionWord {
+    std::vector<const ParameterSpec*> options;  ///< several where letters are joined
+    std::size_t value = std::string::npos;      ///< where the last one's value begins in the word
+    bool takesNextWord = false;                 ///< whether the next word is the last one's value
+  };
+
+  OptionWord Parse(std::string_view word) const {
+    OptionWord parsed;
+    if (word.starts_with("--")) {
+      const std::size_t equals = word.find('=');
+      const auto* const option = Find(&ParameterSpec::GetName, word.substr(2, equals - 2));
+      if (option == nullptr) return parsed;
+      parsed.options.push_back(option);
+      if (equals != std::string_view::npos) parsed.value = equals + 1;
+      parsed.takesNextWord = equals == std::string_view::npos && TakesValue(*option);
+      return parsed;
     }
-    return nullptr;
+    for (std::size_t end = 2; end <= word.size() && parsed.value == std::string::npos; ++end) {
+      const auto* const option = Find(&ParameterSpec::GetShortName, word.substr(end - 1, 1));
+      if (option == nullptr) break;
+      parsed.options.push_back(option);
+      if (TakesValue(*option)) parsed.value = end;
+    }
+    parsed.takesNextWord = parsed.value == word.size();
+    return parsed;
+  }
+
+  /// Null if there is no such option.
+  const ParameterSpec* Find(const std::string& (ParameterSpec::*key)() const,
+                            std::string_view wanted) const {
+    const auto found = std::ranges::find(parameters_, wanted, key);
+    return found == parameters_.end() ? nullptr : found->get();
+  }
+
+  static bool TakesValue(const ParameterSpec& option) {
+    return option.GetType() != ParameterType::kFlag;
   }
 
   Candidates ValuesOf(const ParameterSpec& option) const {

@@ -32,6 +32,8 @@ shows() {
     succeed dovra storage add -s mpx.xhba1:C0:T1:L0 -d mpx.xhba2:C0:T2:L0
     completes 'autocli --host ' host1 host2
     completes 'autocli --host=' --host=host1 --host=host2
+    completes 'autocli -lHhost' -lHhost1 -lHhost2
+    completes 'autocli dovra cluster join -tu ' "$cluster"
     completes 'autocli lab host remove --name host2' host2
     completes 'autocli --host nope lab host reboot -n ' host1 host2
     completes 'autocli dovra cluster join -u ' "$cluster"
