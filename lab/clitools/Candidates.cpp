@@ -5,6 +5,7 @@
 #include <span>
 #include <string_view>
 
+#include "clitools/CommandLine.h"
 #include "clitools/Help.h"
 #include "clitools/Nodes.h"
 #include "clitools/PluginError.h"
@@ -53,9 +54,9 @@ class OptionWords {
         awaited_ = nullptr;
         continue;
       }
-      const OptionWord parsed = Parse(*word);
-      for (const ParameterSpec* const option : parsed.options) given_.insert(option->GetName());
-      if (parsed.takesNextWord) awaited_ = parsed.options.back();
+      const OptionWord read = ReadOptionWord(parameters_, *word);
+      for (const ParameterSpec* const option : read.options) given_.insert(option->GetName());
+      if (read.takesNextWord) awaited_ = read.options.back();
     }
     return word;
   }
@@ -68,10 +69,12 @@ class OptionWords {
   /// The options that can still be given; or the values, when `typed` is "--option=..." or "-x...".
   Candidates Options(const std::string& typed) const {
     Candidates candidates;
-    if (const OptionWord parsed = Parse(typed); parsed.value != std::string::npos) {
-      candidates = ValuesOf(*parsed.options.back());
+    const OptionWord read = ReadOptionWord(parameters_, typed);
+    if (read.value || (read.takesNextWord && !typed.starts_with("--"))) {
+      const std::string prefix = typed.substr(0, typed.size() - read.value.value_or("").size());
+      candidates = ValuesOf(*read.options.back());
       for (Candidate& value : candidates) {
-        if (value.text != kAnyPath) value.text.insert(0, typed, 0, parsed.value);
+        if (value.text != kAnyPath) value.text.insert(0, prefix);
       }
       return candidates;
     }
@@ -88,45 +91,6 @@ class OptionWords {
   }
 
  private:
-  /// A word that begins with a hyphen.
-  struct OptionWord {
-    std::vector<const ParameterSpec*> options;  ///< several where letters are joined
-    std::size_t value = std::string::npos;      ///< where the last one's value begins in the word
-    bool takesNextWord = false;                 ///< whether the next word is the last one's value
-  };
-
-  OptionWord Parse(std::string_view word) const {
-    OptionWord parsed;
-    if (word.starts_with("--")) {
-      const std::size_t equals = word.find('=');
-      const auto* const option = Find(&ParameterSpec::GetName, word.substr(2, equals - 2));
-      if (option == nullptr) return parsed;
-      parsed.options.push_back(option);
-      if (equals != std::string_view::npos) parsed.value = equals + 1;
-      parsed.takesNextWord = equals == std::string_view::npos && TakesValue(*option);
-      return parsed;
-    }
-    for (std::size_t end = 2; end <= word.size() && parsed.value == std::string::npos; ++end) {
-      const auto* const option = Find(&ParameterSpec::GetShortName, word.substr(end - 1, 1));
-      if (option == nullptr) break;
-      parsed.options.push_back(option);
-      if (TakesValue(*option)) parsed.value = end;
-    }
-    parsed.takesNextWord = parsed.value == word.size();
-    return parsed;
-  }
-
-  /// Null if there is no such option.
-  const ParameterSpec* Find(const std::string& (ParameterSpec::*key)() const,
-                            std::string_view wanted) const {
-    const auto found = std::ranges::find(parameters_, wanted, key);
-    return found == parameters_.end() ? nullptr : found->get();
-  }
-
-  static bool TakesValue(const ParameterSpec& option) {
-    return option.GetType() != ParameterType::kFlag;
-  }
-
   Candidates ValuesOf(const ParameterSpec& option) const {
     if (option.GetType() == ParameterType::kFlag) return {};
     if (option.GetType() == ParameterType::kBool) return {{"true", ""}, {"false", ""}};

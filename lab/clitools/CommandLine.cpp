@@ -1,9 +1,8 @@
 #include "clitools/CommandLine.h"
 
-#include <getopt.h>
-
 #include <algorithm>
 #include <charconv>
+#include <map>
 #include <span>
 #include <string_view>
 
@@ -24,12 +23,8 @@ using CallSpec::ParameterType;
 namespace {
 
 using Parameters = std::vector<std::shared_ptr<ParameterSpec>>;
-using ParameterRange = std::span<const std::shared_ptr<ParameterSpec>>;
-/// The values given to each parameter, in the parameters' order; a flag is given as one value.
-using GivenValues = std::vector<std::vector<std::string>>;
-
-/// What getopt_long returns for the first parameter's long name: above every short name.
-constexpr int kFirstLongName = 256;
+/// The values given to each parameter. A flag has an empty one each time that it is given.
+using GivenValues = std::map<const ParameterSpec*, std::vector<std::string>>;
 
 std::string OptionName(const ParameterSpec& parameter) {
   return "--" + parameter.GetName();
@@ -39,7 +34,7 @@ bool IsFlag(const ParameterSpec& parameter) {
   return parameter.GetType() == ParameterType::kFlag;
 }
 
-/// The command's parameters, then the program's.
+/// The command's parameters, then the program's: of two with one name or letter, the first counts.
 Parameters Joined(const InputSpec& command, const InputSpec& program) {
   Parameters parameters = command.GetParameters();
   const Parameters& shared = program.GetParameters();
@@ -47,120 +42,88 @@ Parameters Joined(const InputSpec& command, const InputSpec& program) {
   return parameters;
 }
 
-bool HasLongName(const Parameters& parameters, std::string_view name) {
-  return std::ranges::find(parameters, name, &ParameterSpec::GetName) != parameters.end();
+/// Null if no parameter has this name or letter, whichever `key` returns.
+const ParameterSpec* Find(const Parameters& parameters,
+                          const std::string& (ParameterSpec::*key)() const,
+                          std::string_view wanted) {
+  const auto found = std::ranges::find(parameters, wanted, key);
+  return found == parameters.end() ? nullptr : found->get();
 }
 
-/// getopt_long over parameters, of which the first `own` are those that are told of. Of several
-/// with one name or letter, the first one counts.
+/// Reads the options among the words of a command line, which must hold nothing else.
 class OptionReader {
  public:
-  OptionReader(const Parameters& parameters, std::size_t own,
-               const std::vector<std::string>& arguments)
-      : parameters_(parameters), own_(own), words_(arguments), given_(parameters.size()) {
-    words_.emplace(words_.begin());  // where a program has its own name
-    for (std::string& word : words_) argv_.push_back(word.data());
-    argv_.push_back(nullptr);
-    for (const auto& parameter : parameters) {
-      const bool isFlag = IsFlag(*parameter);
-      longNames_.push_back({parameter->GetName().c_str(), isFlag ? no_argument : required_argument,
-                            nullptr, kFirstLongName + static_cast<int>(longNames_.size())});
-      const std::string& letter = parameter->GetShortName();
-      // getopt_long returns "?" and ":" for errors, and gives ":" and ";" meanings of their own.
-      if (letter.size() != 1 || letter.find_first_of("?:;") != std::string::npos) continue;
-      shortNames_ += letter;
-      if (!isFlag) shortNames_ += ':';
-    }
-    longNames_.push_back({});
-  }
+  /// Error messages list the first `own` parameters.
+  OptionReader(const Parameters& parameters, std::size_t own, const std::vector<std::string>& words)
+      : parameters_(parameters), own_(own), words_(words) {}
 
   GivenValues Read() {
-    optind = 0;  // begins anew
-    while (ReadOption()) continue;
-    if (const auto next = static_cast<std::size_t>(optind); next < words_.size()) RefuseWord(next);
+    std::size_t next = 0;
+    while (next < words_.size() && words_[next].size() > 1 && words_[next].starts_with('-')) {
+      if (words_[next] == "--") {
+        ++next;
+        break;
+      }
+      next = ReadOption(next);
+    }
+    if (next < words_.size()) RefuseWord(next);
     return std::move(given_);
   }
 
  private:
-  /// False if there is no further option.
-  bool ReadOption() {
-    const std::size_t next = std::max<std::size_t>(1, static_cast<std::size_t>(optind));
-    const std::string_view word = next < words_.size() ? words_[next] : std::string_view();
-    CheckLongName(word);
-    // NOLINTNEXTLINE(concurrency-mt-unsafe): the header says so
-    const int code = getopt_long(static_cast<int>(words_.size()), argv_.data(), shortNames_.c_str(),
-                                 longNames_.data(), nullptr);
-    if (code == -1) return false;
-    if (code == '?' && optopt < kFirstLongName) RefuseUnknownLetter(word);
-    const std::size_t index = IndexOf(code == '?' || code == ':' ? optopt : code);
-    last_ = parameters_[index].get();
-    if (code == ':') {
+  /// Returns the index of the word after the option and its value.
+  std::size_t ReadOption(std::size_t index) {
+    const std::string& word = words_[index];
+    OptionWord read = ReadOptionWord(parameters_, word);
+    if (!read.unknown.empty()) RefuseUnknownOption(read.unknown, word);
+    for (const ParameterSpec* const option : read.options) {
+      if (IsFlag(*option)) given_[option].emplace_back();
+    }
+    last_ = read.options.back();
+    if (IsFlag(*last_)) {
+      if (!read.value) return index + 1;
+      throw UsageError(OptionName(*last_) + " takes no value, but was given " + Quote(*read.value));
+    }
+    if (read.takesNextWord && ++index == words_.size()) {
       throw UsageError(OptionName(*last_) + " needs a value: " + ValueInWords(*last_));
     }
-    if (code == '?') {  // the option is known: it is a flag that was given a value
-      throw UsageError(OptionName(*last_) + " takes no value, but was given " +
-                       Quote(word.substr(word.find('=') + 1)));
-    }
-    lastValue_ = optarg == nullptr ? "" : optarg;
-    given_[index].push_back(lastValue_);
-    return true;
+    given_[last_].push_back(read.takesNextWord ? words_[index] : *read.value);
+    return index + 1;
   }
 
-  /// Refuses a long option that is not spelt out in full, before getopt_long takes an abbreviation
-  /// for the whole.
-  void CheckLongName(std::string_view word) const {
-    if (!word.starts_with("--") || word == "--") return;
-    const std::string_view name = word.substr(2, word.find('=') - 2);
-    if (!HasLongName(parameters_, name)) {
-      RefuseUnknownOption(Quote("--" + std::string(name)), name);
-    }
-  }
-
-  [[noreturn]] void RefuseUnknownLetter(std::string_view word) const {
-    const std::string letter = {'-', static_cast<char>(optopt)};
-    if (word == letter) RefuseUnknownOption(Quote(letter), "");
-    RefuseUnknownOption(Quote(letter) + " in " + Quote(word), word.substr(1, word.find('=') - 1));
-  }
-
-  /// `word` is what was typed, without hyphens and value.
-  [[noreturn]] void RefuseUnknownOption(const std::string& given, std::string_view word) const {
+  [[noreturn]] void RefuseUnknownOption(const std::string& option, const std::string& word) const {
+    const bool isLetter = !option.starts_with("--");
+    const bool isPart = isLetter && option != word;
+    const std::string typed = isPart ? word.substr(1, word.find('=') - 1) : option.substr(2);
     std::vector<std::string> names;
     for (const auto& parameter : parameters_) names.push_back(parameter->GetName());
-    std::vector<std::string> meant = Nearest(word, names);
+    std::vector<std::string> meant = Nearest(typed, names);
     for (std::string& name : meant) name.insert(0, "--");
-    throw UsageError("Unknown option " + given + "; " +
-                     (meant.empty() ? OptionsInWords() : DidYouMean(meant)));
+    throw UsageError("Unknown option " + Quote(option) + (isPart ? " in " + Quote(word) : "") +
+                     "; " + (meant.empty() ? OptionsInWords() : DidYouMean(meant)));
   }
 
-  /// What there is, for somebody who gave something else.
   std::string OptionsInWords() const {
     if (own_ == 0) return "there are no options here but the program's own";
-    return "the options are " + Join(ParameterRange(parameters_).first(own_), ", ",
+    return "the options are " + Join(std::span(parameters_).first(own_), ", ",
                                      [](const auto& parameter) { return OptionName(*parameter); });
   }
 
-  /// The parameter for which getopt_long returned `code`.
-  std::size_t IndexOf(int code) const {
-    if (code >= kFirstLongName) return static_cast<std::size_t>(code - kFirstLongName);
-    const std::string letter(1, static_cast<char>(code));
-    const auto found = std::ranges::find(parameters_, letter, &ParameterSpec::GetShortName);
-    return static_cast<std::size_t>(found - parameters_.begin());
-  }
-
-  /// A word that belongs to no option: the one before it may have been misunderstood.
+  /// Refuses a word that belongs to no option, perhaps because the one before was misunderstood.
   [[noreturn]] void RefuseWord(std::size_t index) const {
-    const std::string_view before = words_[index - 1];
     std::string hint;
     if (last_ == nullptr) {
       hint = OptionsInWords();
-    } else if (before.starts_with('-') && HasLongName(parameters_, before.substr(1))) {
-      hint = DidYouMean({"-" + std::string(before)});  // "-uuid X" was read as "-u uid" and X
+    } else if (const std::string& before = words_[index - 1];
+               before.starts_with('-') &&
+               Find(parameters_, &ParameterSpec::GetName, before.substr(1)) != nullptr) {
+      hint = DidYouMean({"-" + before});  // "-uuid X" was read as "-u uid" and X
     } else if (IsFlag(*last_)) {
       hint = OptionName(*last_) + " takes no value";
     } else if (last_->GetType() == ParameterType::kStringList) {
       hint = "repeat " + OptionName(*last_) + " before each of its values";
     } else {
-      hint = OptionName(*last_) + " was given " + Quote(lastValue_) +
+      hint = OptionName(*last_) + " was given " + Quote(given_.at(last_).back()) +
              "; a value with blanks stands in quotes";
     }
     throw UsageError("Unexpected argument " + Quote(words_[index]) + "; " + hint);
@@ -168,13 +131,9 @@ class OptionReader {
 
   const Parameters& parameters_;
   std::size_t own_;
-  std::vector<std::string> words_;
-  std::vector<char*> argv_;
-  std::string shortNames_ = "+:";  // nothing is reordered or printed; a missing value is told apart
-  std::vector<option> longNames_;
+  const std::vector<std::string>& words_;
   GivenValues given_;
   const ParameterSpec* last_ = nullptr;
-  std::string lastValue_;
 };
 
 [[noreturn]] void RefuseValue(const ParameterSpec& parameter, const std::string& text,
@@ -233,16 +192,14 @@ Input::Value ToValue(const ParameterSpec& parameter, const std::vector<std::stri
   return given[0];
 }
 
-std::shared_ptr<Input> MakeInput(ParameterRange parameters,
-                                 std::span<const std::vector<std::string>> given) {
+std::shared_ptr<Input> MakeInput(const InputSpec& spec, const GivenValues& given) {
   auto input = Input::New();
   std::vector<std::string> missing;
-  for (std::size_t index = 0; index < parameters.size(); ++index) {
-    const ParameterSpec& parameter = *parameters[index];
-    if (!given[index].empty()) {
-      input->SetParameter(parameter.GetName(), ToValue(parameter, given[index]));
-    } else if (parameter.IsRequired()) {
-      missing.push_back(OptionName(parameter) + " (" + ValueInWords(parameter) + ")");
+  for (const auto& parameter : spec.GetParameters()) {
+    if (const auto values = given.find(parameter.get()); values != given.end()) {
+      input->SetParameter(parameter->GetName(), ToValue(*parameter, values->second));
+    } else if (parameter->IsRequired()) {
+      missing.push_back(OptionName(*parameter) + " (" + ValueInWords(*parameter) + ")");
     }
   }
   if (missing.empty()) return input;
@@ -256,12 +213,9 @@ std::shared_ptr<Input> MakeInput(ParameterRange parameters,
 CommandLine ParseCommandLine(const InputSpec& command, const InputSpec& program,
                              const std::vector<std::string>& arguments) {
   const Parameters parameters = Joined(command, program);
-  const std::size_t own = command.GetParameters().size();
-  const GivenValues given = OptionReader(parameters, own, arguments).Read();
-  const ParameterRange all = parameters;
-  const std::span values = given;
-  return {MakeInput(all.first(own), values.first(own)),
-          MakeInput(all.subspan(own), values.subspan(own))};
+  const GivenValues given =
+      OptionReader(parameters, command.GetParameters().size(), arguments).Read();
+  return {MakeInput(command, given), MakeInput(program, given)};
 }
 
 std::shared_ptr<Input> ParseParameters(const InputSpec& spec,
@@ -272,18 +226,29 @@ std::shared_ptr<Input> ParseParameters(const InputSpec& spec,
 OptionWord ReadOptionWord(const Parameters& parameters, std::string_view word) {
   OptionWord read;
   if (word.starts_with("--")) {
-    const std::string_view name = word.substr(2, word.find('=') - 2);
-    const auto option = std::ranges::find(parameters, name, &ParameterSpec::GetName);
-    if (option == parameters.end()) return read;
-    return {{option->get()}, !IsFlag(**option) && word.find('=') == std::string_view::npos};
+    const std::size_t equals = word.find('=');
+    const auto* const option =
+        Find(parameters, &ParameterSpec::GetName, word.substr(2, equals - 2));
+    if (option == nullptr) {
+      read.unknown = word.substr(0, equals);
+      return read;
+    }
+    read.options.push_back(option);
+    if (equals != std::string_view::npos) read.value = word.substr(equals + 1);
+    read.takesNextWord = !IsFlag(*option) && !read.value;
+    return read;
   }
-  for (std::size_t index = 1; index < word.size(); ++index) {
-    const auto option =
-        std::ranges::find(parameters, word.substr(index, 1), &ParameterSpec::GetShortName);
-    if (option == parameters.end()) break;
-    read.options.push_back(option->get());
-    if (IsFlag(**option)) continue;
-    read.takesNextWord = index + 1 == word.size();
+  for (std::size_t next = 1; next < word.size();) {
+    const std::string_view letter = word.substr(next++, 1);
+    const auto* const option = Find(parameters, &ParameterSpec::GetShortName, letter);
+    if (option == nullptr) {
+      read.unknown = "-" + std::string(letter);
+      break;
+    }
+    read.options.push_back(option);
+    if (IsFlag(*option)) continue;
+    read.takesNextWord = next == word.size();
+    if (!read.takesNextWord) read.value = word.substr(next);
     break;
   }
   return read;
@@ -295,9 +260,11 @@ bool AsksForHelp(const InputSpec& command, const InputSpec& program,
   for (auto word = arguments.begin(); word != arguments.end() && *word != "--"; ++word) {
     if (*word == "help") return true;
     if (!word->starts_with('-')) continue;
-    const auto [options, takesNextWord] = ReadOptionWord(parameters, *word);
-    if (std::ranges::find(options, "help", &ParameterSpec::GetName) != options.end()) return true;
-    if (takesNextWord && word + 1 != arguments.end()) ++word;
+    const OptionWord read = ReadOptionWord(parameters, *word);
+    if (std::ranges::find(read.options, "help", &ParameterSpec::GetName) != read.options.end()) {
+      return true;
+    }
+    if (read.takesNextWord && word + 1 != arguments.end()) ++word;
   }
   return false;
 }

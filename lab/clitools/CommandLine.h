@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,7 +15,6 @@ namespace CliTools {
 /// Reads the words that follow a command: `-u X`, `-uX`, `--uuid X`, `--uuid=X`, flags in a cluster
 /// (`-wt`). A value is taken exactly as it is, also if it begins with a hyphen or is empty; a list
 /// is given by repeating its option. Throws `UsageError` for what the parameters do not allow.
-/// Not for several threads at once: `getopt_long` keeps its place in the process.
 std::shared_ptr<CallSpec::Input> ParseParameters(const CallSpec::InputSpec& spec,
                                                  const std::vector<std::string>& arguments);
 
@@ -29,13 +29,15 @@ struct CommandLine {
 CommandLine ParseCommandLine(const CallSpec::InputSpec& command, const CallSpec::InputSpec& program,
                              const std::vector<std::string>& arguments);
 
-/// What one word says that begins with a hyphen: "--name", "--name=VALUE", "-x", "-xVALUE", "-xyz".
+/// A word that begins with a hyphen: "--name", "--name=VALUE", "-x", "-xVALUE", "-xyz".
 struct OptionWord {
   std::vector<const CallSpec::ParameterSpec*> options;  ///< up to the first unknown one
-  bool takesNextWord = false;                           ///< as the value of the last one
+  std::string unknown;               ///< that one with its hyphens; empty if all are known
+  std::optional<std::string> value;  ///< of the last option, if it is part of the word
+  bool takesNextWord = false;        ///< whether the next word is the last option's value
 };
 
-/// Reads the word without judging it.
+/// Reads the word, and accepts whatever it holds.
 OptionWord ReadOptionWord(const std::vector<std::shared_ptr<CallSpec::ParameterSpec>>& parameters,
                           std::string_view word);
 

@@ -23,7 +23,7 @@ TEST(CommandLine, TakesOptionsAsAdministratorsTypeThem) {
       {{"--uuid", "X"}, "--uuid=X"},
       {{"--uuid=X=Y"}, "--uuid=X=Y"},
       {{"-u", "a", "--uuid-file", "b"}, "--uuid=a --uuid-file=b"},  // one begins like the other
-      {{"-wbuX"}, "--uuid=X --wait --boot"},
+      {{"-wbuX", "-?", "-w"}, "--uuid=X --uuid-file=-w --wait --boot"},
       {{"-w", "-w", "-uX", "--"}, "--uuid=X --wait"},
       {{"-u", "--"}, "--uuid=--"},
       {{"--uuid=", "-d", ""}, "--uuid= --disks="},
@@ -67,7 +67,8 @@ TEST(CommandLine, RefusesWhatItCannotTakeAsItIs) {
        "Unexpected argument \"3\"; --uuid was given \"--level\"; a value with blanks stands in "
        "quotes"},
       {{"--wait=tr=ue", "-uX"}, "--wait takes no value, but was given \"tr=ue\""},
-      {{"-?"}, "Unknown option \"-?\"; " + all},
+      {{"-"}, "Unexpected argument \"-\"; " + all},
+      {{"-wx"}, "Unknown option \"-x\" in \"-wx\"; " + all},
       {{"-w", "-p"}, "--port needs a value: a whole number of at most 64 bits"},
       {{"-w"}, "Missing required parameter --uuid (text)"},
       {{"-ua", "--uuid=b\x1b"},

@@ -18,7 +18,7 @@ inline std::shared_ptr<InputSpec> MakeSpec() {
   range->SetIntRange(0, kMostLevel);
   FakeCommand command;
   command.Add("uuid", "u", ParameterType::kString, "").SetRequired(true);
-  command.Add("uuid-file", "?", ParameterType::kString, "");  // getopt_long returns it for errors
+  command.Add("uuid-file", "?", ParameterType::kString, "");
   command.Add("type", "t", ParameterType::kString, "").SetConstraint(roles);
   command.Add("roles", "r", ParameterType::kStringList, "").SetConstraint(roles);
   command.Add("level", "l", ParameterType::kInt, "").SetConstraint(range);
