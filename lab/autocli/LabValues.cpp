@@ -12,8 +12,13 @@
 namespace AutoCliProgram {
 
 using CliTools::Candidate;
+using Lab::AgentRow;
+using Lab::DatastoreRow;
 using Lab::DiskRow;
+using Lab::FaultRow;
 using Lab::HostRow;
+using Lab::InterfaceRow;
+using Lab::MemberRow;
 using Lab::Store;
 
 namespace {
@@ -23,7 +28,7 @@ using Candidates = std::vector<Candidate>;
 template <auto kText, auto kDescription>
 Candidates Hosts(Store& store, const HostRow&) {
   Candidates candidates;
-  for (const HostRow& host : store.ListHosts()) {
+  for (const HostRow& host : store.List<HostRow>()) {
     if (!(host.*kText).empty()) candidates.push_back({host.*kText, host.*kDescription});
   }
   return candidates;
@@ -31,8 +36,8 @@ Candidates Hosts(Store& store, const HostRow&) {
 
 Candidates Clusters(Store& store, const HostRow&) {
   Candidates candidates;
-  for (const HostRow& host : store.ListHosts()) {
-    const auto member = store.FindMember(host.id);
+  for (const HostRow& host : store.List<HostRow>()) {
+    const auto member = store.Find<MemberRow>(host.id);
     if (!member) continue;
     const auto known = std::ranges::find(candidates, member->cluster, &Candidate::text);
     if (known == candidates.end()) {
@@ -46,9 +51,9 @@ Candidates Clusters(Store& store, const HostRow&) {
 
 Candidates Datastores(Store& store, const HostRow& host) {
   Candidates candidates;
-  const auto member = store.FindMember(host.id);
+  const auto member = store.Find<MemberRow>(host.id);
   if (!member) return candidates;
-  for (const auto& datastore : store.ListDatastores(member->cluster)) {
+  for (const auto& datastore : store.List<DatastoreRow>(member->cluster)) {
     candidates.push_back({datastore.uuid, datastore.name});
   }
   return candidates;
@@ -56,7 +61,7 @@ Candidates Datastores(Store& store, const HostRow& host) {
 
 Candidates Interfaces(Store& store, const HostRow& host) {
   Candidates candidates;
-  for (auto& interface : store.ListInterfaces(host.id)) {
+  for (auto& interface : store.List<InterfaceRow>(host.id)) {
     candidates.push_back({std::move(interface.name), ""});
   }
   return candidates;
@@ -64,8 +69,8 @@ Candidates Interfaces(Store& store, const HostRow& host) {
 
 Candidates Faults(Store& store, const HostRow&) {
   Candidates candidates;
-  for (const HostRow& host : store.ListHosts()) {
-    for (auto& fault : store.ListFaults(host.id)) {
+  for (const HostRow& host : store.List<HostRow>()) {
+    for (auto& fault : store.List<FaultRow>(host.id)) {
       candidates.push_back({std::move(fault.message), fault.operation + " on " + host.name});
     }
   }
@@ -75,7 +80,7 @@ Candidates Faults(Store& store, const HostRow&) {
 template <auto kText, auto kDescription>
 Candidates Agents(Store& store, const HostRow& host) {
   Candidates candidates;
-  for (const auto& agent : store.ListAgents(host.id)) {
+  for (const auto& agent : store.List<AgentRow>(host.id)) {
     candidates.push_back({agent.*kText, agent.*kDescription});
   }
   return candidates;
@@ -84,7 +89,7 @@ Candidates Agents(Store& store, const HostRow& host) {
 template <auto kText, auto kDescription, auto kFits>
 Candidates Disks(Store& store, const HostRow& host) {
   Candidates candidates;
-  for (const DiskRow& disk : store.ListDisks(host.id)) {
+  for (const DiskRow& disk : store.List<DiskRow>(host.id)) {
     if (std::invoke(kFits, disk)) candidates.push_back({disk.*kText, disk.*kDescription});
   }
   return candidates;
@@ -107,7 +112,6 @@ constexpr auto kDevices = Disks<&DiskRow::device, &DiskRow::groupName, kFits>;
 constexpr auto kDiskUuids = Disks<&DiskRow::uuid, &DiskRow::device, &DiskRow::IsClaimed>;
 constexpr auto kHostNames = Hosts<&HostRow::name, &HostRow::uuid>;
 constexpr auto kFaultDomains = Hosts<&HostRow::faultDomain, &HostRow::name>;
-using Agent = Lab::AgentRow;
 
 Candidates EvacuationModes() {
   Candidates candidates;
@@ -142,8 +146,8 @@ constexpr Rule kRules[] = {
     {"dovra cluster preferredfaultdomain", "preferred-fault-domain-name", kFaultDomains},
     {"dovra cluster unicastagent add", "uuid", Hosts<&HostRow::uuid, &HostRow::name>},
     {"dovra cluster unicastagent add", "bound-interface-name", Interfaces},
-    {"dovra cluster unicastagent remove", "uuid", Agents<&Agent::nodeUuid, &Agent::address>},
-    {"dovra cluster unicastagent remove", "addr", Agents<&Agent::address, &Agent::nodeUuid>},
+    {"dovra cluster unicastagent remove", "uuid", Agents<&AgentRow::nodeUuid, &AgentRow::address>},
+    {"dovra cluster unicastagent remove", "addr", Agents<&AgentRow::address, &AgentRow::nodeUuid>},
     {"dovra datastore name", "uuid", Datastores},
     {"dovra datastore remove", "uuid", Datastores},
     {"dovra network", "interface-name", Interfaces},

@@ -64,7 +64,7 @@ void RequirePort(const char* what, std::int64_t port) {
 }
 
 void RequireInterface(Store& store, const HostRow& host, const std::string& name) {
-  const auto interfaces = store.ListInterfaces(host.id);
+  const auto interfaces = store.List<InterfaceRow>(host.id);
   if (std::ranges::find(interfaces, name, &InterfaceRow::name) != interfaces.end()) return;
   Refuse("Host " + host.name + " has no interface \"" + name + "\"; it has " +
          (interfaces.empty() ? "none" : BaseLibs::Join(interfaces, ", ", &InterfaceRow::name)) +

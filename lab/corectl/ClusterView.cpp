@@ -15,7 +15,7 @@ ClusterView ReadClusterView(Store& store, const HostRow& host) {
   ClusterView view;
   view.host = host;
   // Peers that are told of each other one by one are reached that way.
-  view.usesUnicast = store.HasAgents(host.id);
+  view.usesUnicast = store.Has<AgentRow>(host.id);
   auto members = ListMembers(store, host);
   const auto own =
       std::ranges::find(members, host.id, [](const Member& member) { return member.row.host; });

@@ -23,7 +23,7 @@ std::int64_t MillisecondsNow() {
 std::vector<Member> WithHosts(Store& store, std::vector<MemberRow> rows, const HostRow& known) {
   std::vector<Member> members;
   for (MemberRow& row : rows) {
-    auto host = row.host == known.id ? known : store.FindHost(row.host);
+    auto host = row.host == known.id ? known : store.Find<HostRow>(row.host);
     if (!host) store.FailDamaged("cluster " + row.cluster + " has a host that is none");
     members.push_back({std::move(row), *std::move(host)});
   }
@@ -41,15 +41,15 @@ void Count(Store& store, std::int64_t& count) {
 }  // namespace
 
 std::vector<Member> ListMembers(Store& store, const std::string& cluster) {
-  return WithHosts(store, store.ListMembers(cluster), HostRow());
+  return WithHosts(store, store.List<MemberRow>(cluster), HostRow());
 }
 
 std::vector<Member> ListMembers(Store& store, const HostRow& host) {
-  return WithHosts(store, store.ListMembers(host.id), host);
+  return WithHosts(store, store.ListPeers(host.id), host);
 }
 
 std::optional<MemberRow> FindRunningMember(Store& store, const HostRow& host) {
-  auto member = store.FindMember(host.id);
+  auto member = store.Find<MemberRow>(host.id);
   if (member && !member->running) member.reset();
   return member;
 }
@@ -61,7 +61,7 @@ MemberRow RequireRunningMember(Store& store, const HostRow& host) {
 }
 
 ClusterRow RequireCluster(Store& store, const std::string& uuid) {
-  auto cluster = store.FindCluster(uuid);
+  auto cluster = store.Find<ClusterRow>(uuid);
   if (!cluster) store.FailDamaged("there is no cluster " + uuid + ", but it has a host");
   if (cluster->revision < 0 || cluster->generation < 0 || cluster->generationTime < 0) {
     store.FailDamaged("cluster " + uuid + " has a negative count or time");
@@ -106,7 +106,7 @@ void MoveMembership(Store& store, const std::string& cluster, const HostRow& hos
 }
 
 void AddMember(Store& store, const HostRow& host, MemberRow member) {
-  const auto others = store.ListMembers(member.cluster);
+  const auto others = store.List<MemberRow>(member.cluster);
   member.host = host.id;
   member.running = true;
   member.place = others.empty() ? 0 : others.back().place;
@@ -116,9 +116,9 @@ void AddMember(Store& store, const HostRow& host, MemberRow member) {
 }
 
 void RemoveMember(Store& store, const HostRow& host, const std::string& cluster) {
-  store.RemoveMember(host.id);
-  if (store.ListMembers(cluster).empty()) {
-    store.RemoveCluster(cluster);
+  store.Remove<MemberRow>(host.id);
+  if (store.List<MemberRow>(cluster).empty()) {
+    store.Remove<ClusterRow>(cluster);
   } else {
     MoveMembership(store, cluster, host);
   }

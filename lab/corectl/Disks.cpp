@@ -22,7 +22,7 @@ std::string Quoted(const std::string& text) {
 }
 
 DiskRow RequireDevice(Store& store, const HostRow& host, const std::string& device) {
-  auto disk = store.FindDisk(host.id, device);
+  auto disk = store.Find<DiskRow>(host.id, device);
   if (!disk || disk->unplugged) {
     Refuse("Host " + host.name + " has no disk " + Quoted(device) + ".");
   }
@@ -54,7 +54,6 @@ void Claim(DiskRow& disk, const std::string& group, const std::string& groupName
 
 void Release(Store& store, const DiskRow& disk) {
   DiskRow empty;
-  empty.id = disk.id;
   empty.host = disk.host;
   empty.device = disk.device;
   empty.flash = disk.flash;
@@ -89,7 +88,7 @@ DiskRow TakeFronting(Store& store, const HostRow& host, const std::string& ssd) 
 /// Claims every empty disk: a group for each flash device as far as there are disks to put behind
 /// it, the others evenly behind them all. A group whose flash device is lost takes no more.
 void AutoClaim(Store& store, const HostRow& host) {
-  const std::vector<DiskRow> disks = store.ListDisks(host.id);
+  const std::vector<DiskRow> disks = store.List<DiskRow>(host.id);
   std::map<std::string, std::size_t> groups;  // by flash device, with the number of disks
   for (const DiskRow& disk : disks) {
     if (disk.IsCache() && !disk.IsLost()) groups.emplace(disk.device, 0);
@@ -118,7 +117,7 @@ void Lose(Store& store, const DiskRow& lost) {
   store.Save(lost);
   if (!lost.IsClaimed()) return;
   for (DiskRow& disk : store.ListGroup(lost.host, lost.group)) {
-    if (!lost.IsCache() && disk.id != lost.id) continue;
+    if (!lost.IsCache() && disk.device != lost.device) continue;
     disk.mounted = false;
     store.Save(disk);
   }
@@ -166,7 +165,7 @@ DiskRow RequireGroupDisk(Store& store, const HostRow& host, const std::string& s
 
 DiskRow RequireDiskByUuid(Store& store, const HostRow& host, const std::string& uuid) {
   const std::string canonical = DovraUtil::DovraUuidToString(DovraUtil::StringToDovraUuid(uuid));
-  auto disk = store.FindDiskByUuid(canonical);
+  auto disk = store.FindDisk(canonical);
   if (!disk || disk->host != host.id) {
     Refuse("Host " + host.name + " has no disk with UUID " + canonical + ".");
   }
@@ -204,7 +203,7 @@ void SetMounted(Store& store, const HostRow& host, const DiskRow& disk, bool mou
   std::vector<DiskRow> disks = {disk};
   if (disk.IsCache()) {
     disks = store.ListGroup(host.id, disk.uuid);
-  } else if (mounted && !store.FindDisk(host.id, disk.groupName).value_or(DiskRow()).mounted) {
+  } else if (mounted && !store.Find<DiskRow>(host.id, disk.groupName).value_or(DiskRow()).mounted) {
     Refuse("Disk group " + Quoted(disk.groupName) + " is not mounted; mount it by its ssd first.");
   }
   std::erase_if(disks, [=](const DiskRow& one) {
@@ -232,7 +231,7 @@ void SetCapacityTag(Store& store, const HostRow& host, const std::string& device
 }
 
 void PlugIn(Store& store, const HostRow& host, const std::string& device, bool flash) {
-  if (store.FindDisk(host.id, device)) {
+  if (store.Find<DiskRow>(host.id, device)) {
     Refuse("Host " + host.name + " has a disk " + Quoted(device) + " already.");
   }
   DiskRow disk;
@@ -251,7 +250,7 @@ void Fail(Store& store, const HostRow& host, const std::string& device) {
 }
 
 void Unplug(Store& store, const HostRow& host, const std::string& device) {
-  if (store.FindDisk(host.id, device).value_or(DiskRow()).unplugged) {
+  if (store.Find<DiskRow>(host.id, device).value_or(DiskRow()).unplugged) {
     Refuse("Disk " + Quoted(device) + " is unplugged already.");
   }
   DiskRow disk = RequireDevice(store, host, device);
@@ -260,7 +259,7 @@ void Unplug(Store& store, const HostRow& host, const std::string& device) {
 }
 
 void Replug(Store& store, const HostRow& host, const std::string& device) {
-  auto found = store.FindDisk(host.id, device);
+  auto found = store.Find<DiskRow>(host.id, device);
   if (!found || !found->unplugged) {
     Refuse("Host " + host.name + " has no unplugged disk " + Quoted(device) + ".");
   }
@@ -269,14 +268,14 @@ void Replug(Store& store, const HostRow& host, const std::string& device) {
   store.Save(disk);
   if (!disk.failed && disk.IsClaimed()) {
     const bool isGroupMounted =
-        disk.IsCache() || store.FindDiskByUuid(disk.group).value_or(DiskRow()).mounted;
+        disk.IsCache() || store.FindDisk(disk.group).value_or(DiskRow()).mounted;
     if (isGroupMounted) SetMounted(store, host, disk, true);
   }
   if (host.autoClaim) AutoClaim(store, host);
 }
 
 void Replace(Store& store, const HostRow& host, const std::string& device) {
-  auto disk = store.FindDisk(host.id, device);
+  auto disk = store.Find<DiskRow>(host.id, device);
   if (!disk) Refuse("Host " + host.name + " has no disk " + Quoted(device) + ".");
   if (!disk->IsLost()) Refuse("Disk " + Quoted(device) + " has not failed.");
   if (disk->IsClaimed()) {
@@ -290,7 +289,7 @@ void Replace(Store& store, const HostRow& host, const std::string& device) {
 
 void Generate(Store& store, const HostRow& host, std::int64_t count) {
   std::int64_t adapter = 3;  // the first two hold the disks that every host has
-  while (store.FindDisk(host.id, DeviceName(adapter, 0))) ++adapter;
+  while (store.Find<DiskRow>(host.id, DeviceName(adapter, 0))) ++adapter;
   DiskRow fronting;
   for (std::int64_t target = 0; target < count; ++target) {
     DiskRow disk;

@@ -27,7 +27,7 @@ void FillNewLab(Store& store) {
 }
 
 void ResetLab(Store& store) {
-  for (const HostRow& host : store.ListHosts()) RequireOwn(RootOf(store.GetFolder(), host));
+  for (const HostRow& host : store.List<HostRow>()) RequireOwn(RootOf(store.GetFolder(), host));
   store.Clear();
   FillNewLab(store);
 }
@@ -51,8 +51,9 @@ void AddHost(Store& store, const std::string& name) {
 
 void RemoveHost(Store& store, const HostRow& host) {
   RequireOwn(RootOf(store.GetFolder(), host));
-  if (const auto member = store.FindMember(host.id)) RemoveMember(store, host, member->cluster);
-  store.RemoveHost(host.id);
+  if (const auto member = store.Find<MemberRow>(host.id))
+    RemoveMember(store, host, member->cluster);
+  store.Remove<HostRow>(host.id);
 }
 
 void Reboot(Store& store, HostRow& host) {

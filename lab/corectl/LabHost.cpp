@@ -36,7 +36,7 @@ Session& CurrentSession() {
 }  // namespace
 
 std::string UnknownHostMessage(Store& store, const std::string& name) {
-  const std::string names = BaseLibs::Join(store.ListHosts(), ", ", &HostRow::name);
+  const std::string names = BaseLibs::Join(store.List<HostRow>(), ", ", &HostRow::name);
   return "no host \"" + name + "\" in this lab; " +
          (names.empty() ? "it has none (add one: lab host add --name NAME)"
                         : "its hosts are: " + names);
@@ -108,7 +108,7 @@ LabHost::LabHost(Store& store, const HostRow& host)
       name_(host.name),
       id_(host.id),
       apiVersion_(host.apiVersion),
-      hasFaults_(store.HasFaults(host.id)) {
+      hasFaults_(store.Has<FaultRow>(host.id)) {
   RequireOwn(RootOf(store.GetFolder(), host));
 }
 
@@ -118,10 +118,10 @@ std::optional<std::string> LabHost::TakeFault(Operation operation) {
     return fault.operation == operation.GetName();
   };
   // Read first: a lab that cannot be written answers as long as no fault counts the call.
-  if (std::ranges::none_of(store_.ListFaults(id_), isCounted)) return std::nullopt;
+  if (std::ranges::none_of(store_.List<FaultRow>(id_), isCounted)) return std::nullopt;
   Store::Transaction transaction(store_, Store::Transaction::Kind::kWrite);
   std::optional<std::string> message;
-  for (FaultRow& fault : store_.ListFaults(id_)) {
+  for (FaultRow& fault : store_.List<FaultRow>(id_)) {
     if (!isCounted(fault)) continue;
     if (fault.passes > 0) {
       --fault.passes;
@@ -132,7 +132,7 @@ std::optional<std::string> LabHost::TakeFault(Operation operation) {
     if (fault.remaining > 0) {
       store_.Save(fault);
     } else {
-      store_.RemoveFault(fault.id);
+      store_.Remove<FaultRow>(fault.id);
     }
   }
   transaction.Commit();

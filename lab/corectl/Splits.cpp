@@ -48,8 +48,8 @@ std::int64_t GroupOfWitness(const std::vector<Member>& members, const Member& wi
 /// Notes that the members of every cluster reach others than before.
 void MoveMemberships(Store& store) {
   std::set<std::string> clusters;
-  for (const HostRow& host : store.ListHosts()) {
-    const auto member = store.FindMember(host.id);
+  for (const HostRow& host : store.List<HostRow>()) {
+    const auto member = store.Find<MemberRow>(host.id);
     if (member && clusters.insert(member->cluster).second) MoveMembership(store, member->cluster);
   }
 }
@@ -93,7 +93,7 @@ void RequireMajority(Store& store, const HostRow& host, const std::string& clust
 
 void SplitNetwork(Store& store, const std::vector<std::string>& hosts) {
   std::int64_t group = 0;
-  for (const HostRow& host : store.ListHosts()) group = std::max(group, host.networkGroup);
+  for (const HostRow& host : store.List<HostRow>()) group = std::max(group, host.networkGroup);
   for (const std::string& name : hosts) {
     auto host = store.FindHost(name);
     if (!host) Refuse(UnknownHostMessage(store, name));
@@ -101,14 +101,14 @@ void SplitNetwork(Store& store, const std::vector<std::string>& hosts) {
     store.Save(*host);
   }
   const auto isNamed = [=](const HostRow& host) { return host.networkGroup == group + 1; };
-  if (std::ranges::all_of(store.ListHosts(), isNamed)) {
+  if (std::ranges::all_of(store.List<HostRow>(), isNamed)) {
     Refuse("No host is left to be cut off from; name some of the lab's hosts, not all.");
   }
   MoveMemberships(store);
 }
 
 void HealNetwork(Store& store) {
-  for (HostRow& host : store.ListHosts()) {
+  for (HostRow& host : store.List<HostRow>()) {
     host.networkGroup = 0;
     store.Save(host);
   }

@@ -187,7 +187,7 @@ std::vector<std::string> SettleRoots(Store& store) {
   if (!IsRealDirectory(hosts)) return {};
   std::map<std::string, HostRow> drafts;
   std::set<std::string> roots;
-  for (HostRow& host : store.ListHosts()) {
+  for (HostRow& host : store.List<HostRow>()) {
     roots.insert(host.name);
     drafts.emplace(HiddenRootOf(hosts, host).filename(), std::move(host));
   }

@@ -63,8 +63,8 @@ StructPtr HostRecord(const HostRow& host, const std::string& cluster,
 
 std::vector<StructPtr> ListHosts(Store& store) {
   std::vector<StructPtr> records;
-  for (const HostRow& host : store.ListHosts()) {
-    const auto member = store.FindMember(host.id);
+  for (const HostRow& host : store.List<HostRow>()) {
+    const auto member = store.Find<MemberRow>(host.id);
     const char* const role = !member ? "" : member->witness ? "witness" : "data";
     const char* const state = member && !member->running ? ", not restored" : "";
     records.push_back(HostRecord(host, member ? RequireCluster(store, member->cluster).uuid : "",
@@ -109,7 +109,7 @@ StructPtr DiskRecord(const DiskRow& disk) {
 
 std::vector<StructPtr> ListDisks(Store& store) {
   std::vector<StructPtr> records;
-  for (const DiskRow& disk : store.ListDisks(SelectedHost(store).id)) {
+  for (const DiskRow& disk : store.List<DiskRow>(SelectedHost(store).id)) {
     records.push_back(DiskRecord(disk));
   }
   return records;
@@ -137,7 +137,7 @@ void AddFault(Store& store, HostRow& host, const InputPtr& input) {
 /// The host that autocli's --host names, or every host of the lab.
 std::vector<HostRow> HostsMeant(Store& store) {
   if (Selected().namesHost) return {SelectedHost(store)};
-  return store.ListHosts();
+  return store.List<HostRow>();
 }
 
 void ClearFaults(Store& store, const InputPtr& input) {
@@ -145,10 +145,10 @@ void ClearFaults(Store& store, const InputPtr& input) {
   const auto message = Given<std::string>(input, "message");
   bool matched = !operation && !message;
   for (const HostRow& host : HostsMeant(store)) {
-    for (const FaultRow& fault : store.ListFaults(host.id)) {
+    for (const FaultRow& fault : store.List<FaultRow>(host.id)) {
       if (operation.value_or(fault.operation) != fault.operation) continue;
       if (message.value_or(fault.message) != fault.message) continue;
-      store.RemoveFault(fault.id);
+      store.Remove<FaultRow>(fault.id);
       matched = true;
     }
   }
@@ -171,7 +171,7 @@ StructPtr FaultRecord(const HostRow& host, const FaultRow& fault) {
 std::vector<StructPtr> ListFaults(Store& store) {
   std::vector<StructPtr> records;
   for (const HostRow& host : HostsMeant(store)) {
-    for (const FaultRow& fault : store.ListFaults(host.id)) {
+    for (const FaultRow& fault : store.List<FaultRow>(host.id)) {
       records.push_back(FaultRecord(host, fault));
     }
   }

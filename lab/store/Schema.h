@@ -2,22 +2,25 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
-#include "store/Store.h"
+#include "store/Rows.h"
 #include "store/Table.h"
+#include "store/Uuids.h"
 
 namespace Lab {
 
 /// Marks a SQLite file as a lab's store.
 inline constexpr std::int64_t kApplicationId = 0x446F764C;
-/// Grows with every change of the schema. A store of another version is left alone.
+/// Grows with every change of the schema. A store of another version is refused.
 inline constexpr std::int64_t kSchemaVersion = 4;
 
 template <>
 struct Table<LabRow> {
   static constexpr const char* kName = "lab";
   static constexpr const char* kKey = "uuid";
-  static constexpr const char* kRules = "PRIMARY KEY (uuid)";
+  static constexpr const char* kOrder = "uuid";
+  static constexpr const char* kRules = "";
   static void Visit(auto& row, auto&& column) { column("uuid", row.uuid); }
 };
 
@@ -25,9 +28,10 @@ template <>
 struct Table<HostRow> {
   static constexpr const char* kName = "hosts";
   static constexpr const char* kKey = "id";
-  static constexpr const char* kRules = "UNIQUE (name), UNIQUE (uuid)";
+  static constexpr const char* kOrder = "id";
+  static constexpr const char* kRules = ", UNIQUE (name), UNIQUE (uuid)";
   static void Visit(auto& row, auto&& column) {
-    column("id", row.id, "PRIMARY KEY");
+    column("id", row.id, kOptional);
     column("name", row.name);
     column("uuid", row.uuid);
     column("api_version", row.apiVersion);
@@ -38,14 +42,21 @@ struct Table<HostRow> {
     column("resync_demand", row.resyncDemand);
     column("network_group", row.networkGroup);
   }
+  /// A host's name and UUID become parts of paths.
+  static std::string DamageOf(const HostRow& host) {
+    if (!IsHostName(host.name)) return "a host is called \"" + host.name + "\"";
+    if (!IsUuid(host.uuid)) return "host " + host.name + " has the UUID \"" + host.uuid + "\"";
+    return {};
+  }
 };
 
 template <>
 struct Table<InterfaceRow> {
   static constexpr const char* kName = "interfaces";
   static constexpr const char* kKey = "host, name";
-  static constexpr const char* kRules =
-      "PRIMARY KEY (host, name), FOREIGN KEY (host) REFERENCES hosts ON DELETE CASCADE";
+  static constexpr const char* kOwner = "host";
+  static constexpr const char* kOrder = "name";
+  static constexpr const char* kRules = ", FOREIGN KEY (host) REFERENCES hosts ON DELETE CASCADE";
   static void Visit(auto& row, auto&& column) {
     column("host", row.host);
     column("name", row.name);
@@ -56,7 +67,7 @@ template <>
 struct Table<ClusterRow> {
   static constexpr const char* kName = "clusters";
   static constexpr const char* kKey = "uuid";
-  static constexpr const char* kRules = "PRIMARY KEY (uuid)";
+  static constexpr const char* kRules = "";
   static void Visit(auto& row, auto&& column) {
     column("uuid", row.uuid);
     column("membership_uuid", row.membershipUuid);
@@ -71,11 +82,13 @@ template <>
 struct Table<MemberRow> {
   static constexpr const char* kName = "members";
   static constexpr const char* kKey = "host";
+  static constexpr const char* kOwner = "cluster";
+  static constexpr const char* kOrder = "place";
   static constexpr const char* kRules =
-      "FOREIGN KEY (host) REFERENCES hosts ON DELETE CASCADE,"
-      " FOREIGN KEY (cluster) REFERENCES clusters";
+      ", FOREIGN KEY (host) REFERENCES hosts ON DELETE CASCADE, FOREIGN KEY (cluster) REFERENCES "
+      "clusters";
   static void Visit(auto& row, auto&& column) {
-    column("host", row.host, "PRIMARY KEY");
+    column("host", row.host);
     column("cluster", row.cluster);
     column("witness", row.witness);
     column("preferred_fault_domain", row.preferredFaultDomain);
@@ -87,12 +100,13 @@ struct Table<MemberRow> {
 template <>
 struct Table<DatastoreRow> {
   static constexpr const char* kName = "datastores";
-  static constexpr const char* kKey = "id";
+  static constexpr const char* kKey = "uuid";
+  static constexpr const char* kOwner = "cluster";
+  static constexpr const char* kOrder = "rowid";
   static constexpr const char* kRules =
-      "UNIQUE (cluster, name), FOREIGN KEY (cluster) REFERENCES clusters ON DELETE CASCADE";
+      ", UNIQUE (cluster, name), FOREIGN KEY (cluster) REFERENCES clusters ON DELETE CASCADE";
   static void Visit(auto& row, auto&& column) {
-    column("id", row.id, "PRIMARY KEY");
-    column("uuid", row.uuid, "NOT NULL UNIQUE");
+    column("uuid", row.uuid);
     column("cluster", row.cluster);
     column("name", row.name);
     column("is_default", row.isDefault);
@@ -103,9 +117,11 @@ template <>
 struct Table<AgentRow> {
   static constexpr const char* kName = "unicast_agents";
   static constexpr const char* kKey = "id";
-  static constexpr const char* kRules = "FOREIGN KEY (host) REFERENCES hosts ON DELETE CASCADE";
+  static constexpr const char* kOwner = "host";
+  static constexpr const char* kOrder = "id";
+  static constexpr const char* kRules = ", FOREIGN KEY (host) REFERENCES hosts ON DELETE CASCADE";
   static void Visit(auto& row, auto&& column) {
-    column("id", row.id, "PRIMARY KEY");
+    column("id", row.id, kOptional);
     column("host", row.host);
     column("node_uuid", row.nodeUuid);
     column("witness", row.witness);
@@ -120,9 +136,10 @@ template <>
 struct Table<KnicRow> {
   static constexpr const char* kName = "knics";
   static constexpr const char* kKey = "host, name";
+  static constexpr const char* kOwner = "host";
+  static constexpr const char* kOrder = "name";
   static constexpr const char* kRules =
-      "PRIMARY KEY (host, name),"
-      " FOREIGN KEY (host, name) REFERENCES interfaces ON DELETE CASCADE";
+      ", FOREIGN KEY (host, name) REFERENCES interfaces ON DELETE CASCADE";
   static void Visit(auto& row, auto&& column) {
     column("host", row.host);
     column("name", row.name);
@@ -144,16 +161,17 @@ struct Table<KnicRow> {
 template <>
 struct Table<DiskRow> {
   static constexpr const char* kName = "disks";
-  static constexpr const char* kKey = "id";
+  static constexpr const char* kKey = "host, device";
+  static constexpr const char* kOwner = "host";
+  static constexpr const char* kOrder = "rowid";
   static constexpr const char* kRules =
-      "UNIQUE (host, device), FOREIGN KEY (host) REFERENCES hosts ON DELETE CASCADE";
+      ", UNIQUE (uuid), FOREIGN KEY (host) REFERENCES hosts ON DELETE CASCADE";
   static void Visit(auto& row, auto&& column) {
-    column("id", row.id, "PRIMARY KEY");
     column("host", row.host);
     column("device", row.device);
     column("flash", row.flash);
     column("capacity_tag", row.capacityTag);
-    column("uuid", row.uuid, "UNIQUE");
+    column("uuid", row.uuid, kOptional);
     column("disk_group", row.group);
     column("group_name", row.groupName);
     column("mounted", row.mounted);
@@ -172,8 +190,9 @@ template <>
 struct Table<PolicyRow> {
   static constexpr const char* kName = "policies";
   static constexpr const char* kKey = "host, class";
-  static constexpr const char* kRules =
-      "PRIMARY KEY (host, class), FOREIGN KEY (host) REFERENCES hosts ON DELETE CASCADE";
+  static constexpr const char* kOwner = "host";
+  static constexpr const char* kOrder = "class";
+  static constexpr const char* kRules = ", FOREIGN KEY (host) REFERENCES hosts ON DELETE CASCADE";
   static void Visit(auto& row, auto&& column) {
     column("host", row.host);
     column("class", row.policyClass);
@@ -185,9 +204,11 @@ template <>
 struct Table<FaultRow> {
   static constexpr const char* kName = "faults";
   static constexpr const char* kKey = "id";
-  static constexpr const char* kRules = "FOREIGN KEY (host) REFERENCES hosts ON DELETE CASCADE";
+  static constexpr const char* kOwner = "host";
+  static constexpr const char* kOrder = "id";
+  static constexpr const char* kRules = ", FOREIGN KEY (host) REFERENCES hosts ON DELETE CASCADE";
   static void Visit(auto& row, auto&& column) {
-    column("id", row.id, "PRIMARY KEY");
+    column("id", row.id, kOptional);
     column("host", row.host);
     column("operation", row.operation);
     column("message", row.message);
@@ -195,5 +216,14 @@ struct Table<FaultRow> {
     column("remaining", row.remaining);
   }
 };
+
+/// Returns the statements that make all tables.
+inline std::string CreateTables() {
+  return CreateStatement<LabRow>() + CreateStatement<HostRow>() + CreateStatement<InterfaceRow>() +
+         CreateStatement<ClusterRow>() + CreateStatement<MemberRow>() +
+         CreateStatement<DatastoreRow>() + CreateStatement<AgentRow>() +
+         CreateStatement<KnicRow>() + CreateStatement<DiskRow>() + CreateStatement<PolicyRow>() +
+         CreateStatement<FaultRow>();
+}
 
 }  // namespace Lab

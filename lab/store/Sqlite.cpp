@@ -6,6 +6,7 @@
 #include <chrono>
 #include <system_error>
 #include <thread>
+#include <utility>
 
 #include "baselibs/HostError.h"
 
@@ -25,10 +26,14 @@ constexpr std::chrono::seconds kLongestWait(60);
 
 std::atomic<const char*> waitsFor = "";
 
-// Spares SQLite its locks and its count of the memory that it holds. One thread uses it; it can
-// only be told so before that.
-[[maybe_unused]] const bool kIsPlain = sqlite3_config(SQLITE_CONFIG_SINGLETHREAD) == SQLITE_OK &&
-                                       sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0) == SQLITE_OK;
+/// Spares SQLite its locks and its count of memory in use. Must be called before SQLite is first
+/// used, and has no effect later.
+void Configure() {
+  static bool isConfigured = false;
+  if (std::exchange(isConfigured, true)) return;
+  sqlite3_config(SQLITE_CONFIG_SINGLETHREAD);
+  sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
+}
 
 /// What went wrong, and where the system refused to open, read or write, why it did.
 std::string Reason(sqlite3* handle) {
@@ -41,8 +46,7 @@ std::string Reason(sqlite3* handle) {
 }
 
 [[noreturn]] void Fail(sqlite3* handle) {
-  const char* const file = sqlite3_db_filename(handle, "main");
-  const std::string store = file == nullptr ? "the lab's store" : std::string(file);
+  const std::string store = sqlite3_db_filename(handle, "main");
   switch (sqlite3_errcode(handle) & 0xFF) {
     case SQLITE_NOTADB:
       throw HostError("\"" + store + "\" is not a lab's store");
@@ -61,6 +65,7 @@ std::string Reason(sqlite3* handle) {
 }
 
 sqlite3* Open(const std::string& path) {
+  Configure();
   sqlite3* handle = nullptr;
   if (sqlite3_open_v2(path.c_str(), &handle, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX,
                       nullptr) != SQLITE_OK) {
@@ -132,6 +137,7 @@ int Database::WaitForOthers(void* self, int pauses) {
 }
 
 std::size_t Database::LongestPath() {
+  Configure();
   constexpr std::string_view kSuffix = "-journal";
   return static_cast<std::size_t>(sqlite3_vfs_find(nullptr)->mxPathname) - kSuffix.size();
 }
@@ -145,6 +151,11 @@ Database::Database(const std::string& path, Journal journal) : Database(Open(pat
 Database::~Database() {
   for (const auto& [sql, statement] : statements_) sqlite3_finalize(statement);
   sqlite3_close(handle_);
+}
+
+void Database::FailDamaged(const std::string& what) const {
+  throw HostError(std::string("the lab's store \"") + sqlite3_db_filename(handle_, "main") +
+                  "\" is damaged: " + what);
 }
 
 void Database::Execute(const std::string& sql) {

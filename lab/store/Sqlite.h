@@ -79,6 +79,9 @@ class Database {
     Prepare(sql, values...).Step();
   }
 
+  /// Throws the `HostError` of a file whose contents contradict each other.
+  [[noreturn]] void FailDamaged(const std::string& what) const;
+
   /// Runs several statements at once, none of them with values.
   void Execute(const std::string& sql);
 

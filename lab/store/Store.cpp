@@ -14,15 +14,6 @@ using BaseLibs::HostError;
 
 namespace {
 
-void MakeTables(Database& database) {
-  database.Execute("PRAGMA application_id = " + std::to_string(kApplicationId));
-  database.Execute(
-      CreateStatement<LabRow>() + CreateStatement<HostRow>() + CreateStatement<InterfaceRow>() +
-      CreateStatement<ClusterRow>() + CreateStatement<MemberRow>() +
-      CreateStatement<DatastoreRow>() + CreateStatement<AgentRow>() + CreateStatement<KnicRow>() +
-      CreateStatement<DiskRow>() + CreateStatement<PolicyRow>() + CreateStatement<FaultRow>());
-}
-
 std::int64_t ReadPragma(Database& database, const char* pragma) {
   Query query = database.Prepare(pragma);
   return query.Step() ? query.Int(0) : 0;
@@ -117,7 +108,8 @@ bool Store::TakeStep(const NewLab& newLab) {
     return true;
   }
   if (fs::file_size(folder_ / kStoreDraft, error) == 0) {
-    MakeTables(*database_);
+    database_->Execute("PRAGMA application_id = " + std::to_string(kApplicationId));
+    database_->Execute(CreateTables());
     Save(LabRow{NewUuid()});
   } else if (ReadPragma(*database_, "PRAGMA application_id") != kApplicationId) {
     throw HostError("\"" + (folder_ / kStoreDraft).string() +
@@ -138,8 +130,41 @@ bool Store::TakeStep(const NewLab& newLab) {
   return false;
 }
 
-void Store::FailDamaged(const std::string& what) const {
-  throw HostError("the lab's store \"" + GetFile().string() + "\" is damaged: " + what);
+std::string Store::GetLabUuid() {
+  const auto labs = List<LabRow>();
+  if (labs.empty()) FailDamaged("it has no name");
+  return labs.front().uuid;
+}
+
+void Store::Clear() {
+  database_->Execute("DELETE FROM members; DELETE FROM clusters; DELETE FROM hosts;");
+}
+
+std::optional<HostRow> Store::FindHost(std::string_view name) {
+  return SelectOne<HostRow>(*database_, " WHERE name = ?", name);
+}
+
+std::vector<MemberRow> Store::ListPeers(std::int64_t host) {
+  return Select<MemberRow>(
+      *database_, " WHERE cluster = (SELECT cluster FROM members WHERE host = ?) ORDER BY place",
+      host);
+}
+
+void Store::SetKnicsRunning(std::int64_t host, bool running) {
+  database_->Run("UPDATE knics SET running = ? WHERE host = ?", running, host);
+}
+
+std::vector<DiskRow> Store::ListClaimedDisks() {
+  return Select<DiskRow>(*database_, " WHERE uuid IS NOT NULL ORDER BY uuid");
+}
+
+std::vector<DiskRow> Store::ListGroup(std::int64_t host, std::string_view group) {
+  return Select<DiskRow>(*database_, " WHERE host = ? AND disk_group = ? ORDER BY rowid", host,
+                         group);
+}
+
+std::optional<DiskRow> Store::FindDisk(std::string_view uuid) {
+  return SelectOne<DiskRow>(*database_, " WHERE uuid = ?", uuid);
 }
 
 Store::Transaction::Transaction(Store& store, Kind kind) : database_(*store.database_) {

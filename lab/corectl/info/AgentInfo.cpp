@@ -38,7 +38,7 @@ void LabInfo::AddUnicastAgent(const std::string& nodeUuid, bool isWitness, bool 
     }
     RequirePort("port", port);
     if (hasBoundInterface) RequireInterface(store, host, boundInterface);
-    const auto agents = store.ListAgents(host.id);
+    const auto agents = store.List<AgentRow>(host.id);
     if (agents.size() >= kMaxAgents) {
       Refuse("There can be at most " + std::to_string(kMaxAgents) + " unicast agents.");
     }
@@ -63,9 +63,9 @@ bool LabInfo::RemoveUnicastAgent(const std::string& nodeUuid, const DovraIpAddre
   return host_.Change("RemoveUnicastAgent", [&](Store& store, const HostRow& host) {
     const std::string uuid = Canonical(nodeUuid);
     const bool isAny = uuid == kNilUuid;
-    for (const AgentRow& agent : store.ListAgents(host.id)) {
+    for (const AgentRow& agent : store.List<AgentRow>(host.id)) {
       if (!IsAt(agent, address, port) || (!isAny && agent.nodeUuid != uuid)) continue;
-      store.RemoveAgent(agent.id);
+      store.Remove<AgentRow>(agent.id);
       return agent.witness;  // a data node's peers have to be told
     }
     Refuse("There is no unicast agent " + (isAny ? "" : uuid + " ") + "at " +
@@ -81,7 +81,7 @@ void LabInfo::RefreshUnicastAgents() {
 void LabInfo::GetUnicastAgents(std::vector<std::string>& entries) {
   host_.Read("GetUnicastAgents", [&](Store& store, const HostRow& host) {
     entries.clear();
-    for (const AgentRow& agent : store.ListAgents(host.id)) {
+    for (const AgentRow& agent : store.List<AgentRow>(host.id)) {
       entries.push_back(agent.nodeUuid + ";" + (agent.witness ? "1" : "0") + ";" +
                         (agent.supportsUnicast ? "1" : "0") + ";" + agent.address + ";" +
                         std::to_string(agent.port) + ";" + agent.boundInterface);
@@ -92,7 +92,7 @@ void LabInfo::GetUnicastAgents(std::vector<std::string>& entries) {
 void LabInfo::GetUnicastWitnesses(std::vector<std::string>& witnesses) {
   host_.Read("GetUnicastWitnesses", [&](Store& store, const HostRow& host) {
     witnesses.clear();
-    for (const AgentRow& agent : store.ListAgents(host.id)) {
+    for (const AgentRow& agent : store.List<AgentRow>(host.id)) {
       if (agent.witness) witnesses.push_back(agent.address);
     }
   });

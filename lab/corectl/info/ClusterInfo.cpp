@@ -20,7 +20,7 @@ constexpr const char* kDefaultDatastoreName = "dovraDatastore";
 
 /// The host is free to take part in another cluster: one that it has not restored is given up.
 void RequireOutside(Store& store, const HostRow& host) {
-  const auto member = store.FindMember(host.id);
+  const auto member = store.Find<MemberRow>(host.id);
   if (!member) return;
   if (member->running) Refuse("This host is in cluster " + member->cluster + " already.");
   RemoveMember(store, host, member->cluster);
@@ -29,7 +29,7 @@ void RequireOutside(Store& store, const HostRow& host) {
 /// Makes the cluster, with its default datastore and this host.
 void Found(Store& store, const HostRow& host, const std::string& uuid) {
   if (uuid == kNilUuid) Refuse("The nil UUID names no cluster.");
-  if (store.FindCluster(uuid)) Refuse("Cluster " + uuid + " exists already.");
+  if (store.Find<ClusterRow>(uuid)) Refuse("Cluster " + uuid + " exists already.");
   RequireOutside(store, host);
   ClusterRow cluster;
   cluster.uuid = uuid;
@@ -44,7 +44,7 @@ void Found(Store& store, const HostRow& host, const std::string& uuid) {
 /// Refuses to join a cluster of which the host reaches no part that may take it in.
 void RequireReachable(Store& store, const HostRow& host, const std::string& cluster) {
   if (SideOf(store, host, cluster).votes == 0 &&
-      std::ranges::any_of(store.ListMembers(cluster), &MemberRow::running)) {
+      std::ranges::any_of(store.List<MemberRow>(cluster), &MemberRow::running)) {
     Refuse("The network is split, and this host reaches no host of cluster " + cluster + ".");
   }
   RequireMajority(store, host, cluster);
@@ -96,18 +96,18 @@ void LabInfo::JoinCluster(const Uuid& cluster, bool asWitness,
                           const std::string& preferredFaultDomain, bool, bool) {
   host_.Change("JoinCluster", [&](Store& store, const HostRow& host) {
     const std::string uuid = DovraUtil::DovraUuidToString(cluster);
-    if (!store.FindCluster(uuid)) {
+    if (!store.Find<ClusterRow>(uuid)) {
       if (asWitness) Refuse("There is no cluster " + uuid + " for a witness to join.");
       return Found(store, host, uuid);
     }
-    const auto own = store.FindMember(host.id);
+    const auto own = store.Find<MemberRow>(host.id);
     if (own && own->cluster == uuid && !own->running) {
       // Joins anew what it has not restored: its old place must not end the cluster.
-      store.RemoveMember(host.id);
+      store.Remove<MemberRow>(host.id);
     } else {
       RequireOutside(store, host);
     }
-    if (asWitness && std::ranges::any_of(store.ListMembers(uuid), &MemberRow::witness)) {
+    if (asWitness && std::ranges::any_of(store.List<MemberRow>(uuid), &MemberRow::witness)) {
       Refuse("Cluster " + uuid + " has a witness already.");
     }
     MemberRow member;
@@ -133,7 +133,7 @@ void LabInfo::LeaveCluster(bool) {
 
 void LabInfo::RestoreClusterConfig(bool boot) {
   host_.Change("RestoreClusterConfig", [&](Store& store, const HostRow& host) {
-    const auto member = store.FindMember(host.id);
+    const auto member = store.Find<MemberRow>(host.id);
     if (!member) {
       if (boot) return;  // a host that is in no cluster boots as well
       Refuse("This host has no persisted Dovra cluster configuration.");

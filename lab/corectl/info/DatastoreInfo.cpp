@@ -18,7 +18,8 @@ constexpr std::size_t kMaxName = 128;  // characters
 DatastoreRow RequireDatastore(Store& store, const HostRow& host, const std::string& uuid) {
   const std::string canonical =
       uuid.empty() ? "" : DovraUtil::DovraUuidToString(DovraUtil::StringToDovraUuid(uuid));
-  for (DatastoreRow& datastore : store.ListDatastores(RequireRunningMember(store, host).cluster)) {
+  for (DatastoreRow& datastore :
+       store.List<DatastoreRow>(RequireRunningMember(store, host).cluster)) {
     if (canonical.empty() ? datastore.isDefault : datastore.uuid == canonical) {
       return std::move(datastore);
     }
@@ -31,7 +32,7 @@ void RequireFreeName(Store& store, const std::string& cluster, const std::string
   if (name.empty() || DovraUtil::UTF8StringCharLength(name) > kMaxName) {
     Refuse("The datastore's name must have 1 to " + std::to_string(kMaxName) + " characters.");
   }
-  for (const DatastoreRow& datastore : store.ListDatastores(cluster)) {
+  for (const DatastoreRow& datastore : store.List<DatastoreRow>(cluster)) {
     if (datastore.name == name) {
       Refuse("The name \"" + name + "\" is taken by datastore " + datastore.uuid + ".");
     }
@@ -46,7 +47,7 @@ void LabInfo::GetDatastores(Datastores& datastores) {
     const auto member = FindRunningMember(store, host);
     if (!member) return;
     const ClusterRow cluster = RequireCluster(store, member->cluster);
-    for (const DatastoreRow& row : store.ListDatastores(cluster.uuid)) {
+    for (const DatastoreRow& row : store.List<DatastoreRow>(cluster.uuid)) {
       datastores.push_back(std::make_shared<DovraDatastore>(row.uuid, row.name, row.isDefault));
     }
   });
@@ -77,9 +78,9 @@ void LabInfo::AddDatastore(const DovraDatastore& datastore) {
     const std::string cluster = RequireRunningMember(store, host).cluster;
     if (uuid == kNilUuid) Refuse("The nil UUID names no datastore.");
     RequireMajority(store, host, cluster);
-    if (store.FindDatastore(uuid)) Refuse("Datastore " + uuid + " exists already.");
+    if (store.Find<DatastoreRow>(uuid)) Refuse("Datastore " + uuid + " exists already.");
     RequireFreeName(store, cluster, datastore.GetName());
-    store.Save(DatastoreRow{0, uuid, cluster, datastore.GetName(), false});
+    store.Save(DatastoreRow{uuid, cluster, datastore.GetName(), false});
     MoveGeneration(store, cluster, host);
   });
 }
@@ -92,7 +93,7 @@ void LabInfo::RemoveDatastore(const std::string& uuid, bool) {
       Refuse("Datastore " + datastore.uuid + " is the default datastore; it cannot be removed.");
     }
     RequireMajority(store, host, datastore.cluster);
-    store.RemoveDatastore(datastore.uuid);
+    store.Remove<DatastoreRow>(datastore.uuid);
     MoveGeneration(store, datastore.cluster, host);
   });
 }
@@ -101,8 +102,8 @@ void LabInfo::ClearDatastores() {
   host_.Change("ClearDatastores", [](Store& store, const HostRow& host) {
     const std::string cluster = RequireRunningMember(store, host).cluster;
     RequireMajority(store, host, cluster);
-    for (const DatastoreRow& datastore : store.ListDatastores(cluster)) {
-      if (!datastore.isDefault) store.RemoveDatastore(datastore.uuid);
+    for (const DatastoreRow& datastore : store.List<DatastoreRow>(cluster)) {
+      if (!datastore.isDefault) store.Remove<DatastoreRow>(datastore.uuid);
     }
     MoveGeneration(store, cluster, host);
   });

@@ -43,7 +43,7 @@ void LabInfo2::ConfigureKnic(const DovraKnicConfig2& config) {
     }
     std::string uuid = config.GetIfaceUuid();
     if (uuid.empty()) {
-      const auto known = store.FindKnic(host.id, name);
+      const auto known = store.Find<KnicRow>(host.id, name);
       uuid = known ? known->uuid : NewUuid();
     }
     store.Save(KnicRow{host.id, name, uuid, config.GetAgentMulticastGroup().GetStringAddress(),
@@ -59,7 +59,7 @@ void LabInfo2::ConfigureKnic(const DovraKnicConfig2& config) {
 std::vector<std::unique_ptr<DovraKnicConfig2>> LabInfo2::GetKnicConfigs() {
   return host_.Read("GetKnicConfigs", [](Store& store, const HostRow& host) {
     std::vector<std::unique_ptr<DovraKnicConfig2>> configs;
-    for (const KnicRow& knic : store.ListKnics(host.id)) {
+    for (const KnicRow& knic : store.List<KnicRow>(host.id)) {
       if (!knic.running) continue;
       configs.push_back(std::make_unique<DovraKnicConfig2>(
           knic.name, ToAddress(knic.agentGroup), ToAddress(knic.agentV6Group),
@@ -74,7 +74,7 @@ std::vector<std::unique_ptr<DovraKnicConfig2>> LabInfo2::GetKnicConfigs() {
 
 bool LabInfo::IsKnicInUse(const std::string& name, const std::string& trafficType) {
   return host_.Read("IsKnicInUse", [&](Store& store, const HostRow& host) {
-    auto knic = store.FindKnic(host.id, name);
+    auto knic = store.Find<KnicRow>(host.id, name);
     return knic && knic->running && Traffic(*knic, trafficType);
   });
 }
@@ -82,7 +82,7 @@ bool LabInfo::IsKnicInUse(const std::string& name, const std::string& trafficTyp
 // Takes the traffic off the interface, and the interface out when it carries no other.
 void LabInfo::RemoveKnic(const std::string& name, bool force, const std::string& trafficType) {
   host_.Change("RemoveKnic", [&](Store& store, const HostRow& host) {
-    auto knic = store.FindKnic(host.id, name);
+    auto knic = store.Find<KnicRow>(host.id, name);
     if (!knic) {
       // General traffic is taken off first: by the time it is the witness's turn, the interface may
       // have gone with it, and that is as good.
@@ -93,7 +93,7 @@ void LabInfo::RemoveKnic(const std::string& name, bool force, const std::string&
     if (knic->dovra || knic->witness) {
       store.Save(*knic);
     } else {
-      store.RemoveKnic(host.id, name);
+      store.Remove<KnicRow>(host.id, name);
     }
   });
 }
@@ -105,7 +105,7 @@ void LabInfo::RestoreNetworkConfig() {
 
 void LabInfo::ClearNetworkConfig() {
   host_.Change("ClearNetworkConfig",
-               [](Store& store, const HostRow& host) { store.ClearKnics(host.id); });
+               [](Store& store, const HostRow& host) { store.RemoveAll<KnicRow>(host.id); });
 }
 
 }  // namespace Lab

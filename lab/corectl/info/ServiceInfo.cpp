@@ -33,7 +33,7 @@ void LabInfo::SetPolicyDefault(const std::string& policyClass, const std::string
 
 std::string LabInfo::GetPolicyDefault(const std::string& policyClass) {
   return host_.Read("GetPolicyDefault", [&](Store& store, const HostRow& host) {
-    const auto row = store.FindPolicy(host.id, policyClass);
+    const auto row = store.Find<PolicyRow>(host.id, policyClass);
     return row ? row->policy : "";
   });
 }
@@ -41,7 +41,7 @@ std::string LabInfo::GetPolicyDefault(const std::string& policyClass) {
 void LabInfo::ClearPolicyDefaults() {
   host_.Change("ClearPolicyDefaults", [](Store& store, const HostRow& host) {
     RequireMajorityIfMember(store, host);
-    store.ClearPolicies(host.id);
+    store.RemoveAll<PolicyRow>(host.id);
   });
 }
 

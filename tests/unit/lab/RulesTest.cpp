@@ -170,7 +170,8 @@ TEST_F(Rules, DisksTakeTheStateOfTheirGroup) {
     SetCapacityTag(store, host, "mpx.xhba1:C0:T1:L0", true);
     Fail(store, host, "mpx.xhba2:C0:T2:L0");  // is passed over
     PlugIn(store, host, "new", false);
-    for (const DiskRow& disk : store.ListDisks(host.id)) EXPECT_FALSE(disk.mounted) << disk.device;
+    for (const DiskRow& disk : store.List<DiskRow>(host.id))
+      EXPECT_FALSE(disk.mounted) << disk.device;
   });
 }
 
@@ -243,8 +244,8 @@ TEST_F(Rules, ALostDiskIsOutOfUseUntilItIsBack) {
   info_->SetAutoClaimMode(true);
   lose([](auto&... arguments) { PlugIn(arguments..., false); }, "new");
   Change([](Store& store, const HostRow& host) {
-    EXPECT_NE(store.FindDisk(host.id, "new")->groupName, kSsd);
-    EXPECT_TRUE(store.FindDisk(host.id, "new")->mounted);
+    EXPECT_NE(store.Find<DiskRow>(host.id, "new")->groupName, kSsd);
+    EXPECT_TRUE(store.Find<DiskRow>(host.id, "new")->mounted);
     Fail(store, host, "mpx.xhba1:C0:T1:L0");
     PlugIn(store, host, "late", false);  // no group is left
   });
@@ -311,7 +312,7 @@ TEST_F(Rules, WithoutTheMajorityOnlyTheHostsOwnGoesOn) {
   EXPECT_THAT(ListDisks(), testing::SizeIs(2));
   ChangeLab(HealNetwork);
   Change([](Store& store, const HostRow&) {
-    EXPECT_EQ(store.FindCluster(kNode)->revision, 4) << "founded, joined, split and healed";
+    EXPECT_EQ(store.Find<ClusterRow>(kNode)->revision, 4) << "founded, joined, split and healed";
   });
   for (const auto& change : shared) EXPECT_EQ(Refusal(change), "");
 }
@@ -366,6 +367,12 @@ TEST(Splits, TheMajorityIsOnOneSideAtMost) {
   for (const auto& [cluster, preferred, sides] : cases) {
     EXPECT_EQ(Sides(cluster, preferred), sides) << cluster << ", prefers " << preferred;
   }
+}
+
+TEST(Schema, HasANewVersionAfterAChange) {
+  EXPECT_EQ(kSchemaVersion, 4);
+  EXPECT_EQ(UuidOfName(CreateTables()), "11a97c69-ff39-5366-ac6d-0155226311cd")
+      << "If this change is meant, raise the version.";
 }
 
 }  // namespace
