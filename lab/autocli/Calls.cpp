@@ -1,7 +1,7 @@
 #include "autocli/Calls.h"
 
 #include "baselibs/Strings.h"
-#include "corectl/Operations.h"
+#include "corectl/session/Operations.h"
 
 namespace AutoCliProgram {
 

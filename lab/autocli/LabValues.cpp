@@ -6,8 +6,8 @@
 #include <utility>
 
 #include "autocli/Run.h"
-#include "corectl/Disks.h"
-#include "corectl/LabHost.h"
+#include "corectl/rules/Disks.h"
+#include "corectl/session/LabHost.h"
 
 namespace AutoCliProgram {
 

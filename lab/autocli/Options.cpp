@@ -12,6 +12,7 @@
 #include "clitools/CommandLine.h"
 #include "clitools/Format.h"
 #include "clitools/Help.h"
+#include "corectl/rules/Hosts.h"
 
 namespace AutoCliProgram {
 
@@ -121,7 +122,7 @@ Options OptionsFromEnvironment() {
   Options options;
   options.lab = Environment("AUTOCLI_LAB");
   options.host = Environment("AUTOCLI_HOST");
-  if (options.host.empty()) options.host = "host1";
+  if (options.host.empty()) options.host = Lab::kFirstHost;
   return options;
 }
 

@@ -21,7 +21,7 @@
 #include "clitools/Help.h"
 #include "clitools/Nodes.h"
 #include "clitools/PluginError.h"
-#include "corectl/LabHost.h"
+#include "corectl/session/LabHost.h"
 
 namespace AutoCliProgram {
 

@@ -1,10 +1,11 @@
 // The lab's plug-in: the `lab` commands.
 
-#include "corectl/Clusters.h"
-#include "corectl/Disks.h"
-#include "corectl/Hosts.h"
-#include "corectl/Operations.h"
-#include "corectl/Splits.h"
+#include "corectl/rules/Clusters.h"
+#include "corectl/rules/Disks.h"
+#include "corectl/rules/Hosts.h"
+#include "corectl/rules/Refuse.h"
+#include "corectl/rules/Splits.h"
+#include "corectl/session/Operations.h"
 #include "hostroot/HostRoot.h"
 #include "plugin/LabCommand.h"
 
@@ -22,12 +23,6 @@ ConstraintPtr Range() {
 
 // Hosts.
 
-HostRow RequireHost(Store& store, const std::string& name) {
-  auto host = store.FindHost(name);
-  if (!host) Refuse(UnknownHostMessage(store, name));
-  return *host;
-}
-
 /// The host that autocli's --host selects. Throws `LabError` when the lab has no such host.
 HostRow SelectedHost(Store& store) {
   return *store.FindHost(LabHost::Current().GetName());
@@ -40,7 +35,7 @@ void AddNamedHost(Store& store, const InputPtr& input) {
            " letters, digits, \".\", \"_\" and \"-\", and begins with a letter, a digit or \"_\".");
   }
   if (store.FindHost(name)) Refuse("There is a host \"" + name + "\" already.");
-  AddHost(store, name);
+  AddHost(store, name, Selected().hostFiles);
 }
 
 /// Settles the hosts' roots. A failure does not undo the change that was committed.
@@ -378,7 +373,7 @@ constexpr CommandRow kRows[] = {
                      "Do it without a question; needed where nobody can be asked."}},
      .failure = "Unable to reset the lab: ",
      .question = "Every host and cluster of the lab will be lost.",
-     .onLab = [](Store& store, const InputPtr&) { ResetLab(store); },
+     .onLab = [](Store& store, const InputPtr&) { ResetLab(store, Selected().hostFiles); },
      .afterCommit = SettleHosts},
 };
 

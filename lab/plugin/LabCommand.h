@@ -4,7 +4,7 @@
 #include <span>
 #include <vector>
 
-#include "corectl/LabHost.h"
+#include "corectl/session/LabHost.h"
 #include "frame/Frame.h"
 
 namespace Lab {

@@ -1,6 +1,6 @@
 #include "frame/HostFile.h"
 
-#include "corectl/LabHost.h"
+#include "corectl/session/LabHost.h"
 #include "hostroot/HostRoot.h"
 
 // A stand-in host's files have a real host's paths, below the directory that is "/" to it.

@@ -2,8 +2,8 @@
 #include <dlfcn.h>
 
 #include "baselibs/Environment.h"
-#include "corectl/Hosts.h"
-#include "corectl/LabHost.h"
+#include "corectl/rules/Hosts.h"
+#include "corectl/session/LabHost.h"
 #include "frame/Frame.h"
 
 namespace {
@@ -20,7 +20,7 @@ void BreakOff() {
   Lab::LabHost::Current().Change([&](Lab::Store& store, Lab::HostRow& host) {
     host.faultDomain = "half done";
     store.Save(host);
-    Lab::AddHost(store, "half-done");
+    Lab::AddHost(store, "half-done", Lab::Selected().hostFiles);
     if (Fault() == "throws an error") throw std::runtime_error("an error\nof its own");
     if (Fault() == "throws, reading what is missing")
       CliTools::CallSpec::Input().GetParameterInt("x");

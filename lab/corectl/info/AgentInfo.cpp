@@ -1,7 +1,8 @@
 // The peers reached by unicast.
 
-#include "corectl/Addresses.h"
 #include "corectl/info/LabInfo.h"
+#include "corectl/rules/Addresses.h"
+#include "corectl/rules/Refuse.h"
 #include "platform/corectl/DovraUtil.h"
 #include "store/Uuids.h"
 

@@ -2,8 +2,9 @@
 
 #include <algorithm>
 
-#include "corectl/Splits.h"
 #include "corectl/info/LabInfo.h"
+#include "corectl/rules/Refuse.h"
+#include "corectl/rules/Splits.h"
 #include "platform/corectl/DovraUtil.h"
 #include "store/Uuids.h"
 

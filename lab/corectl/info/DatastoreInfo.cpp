@@ -1,7 +1,8 @@
 // A cluster's datastores.
 
-#include "corectl/Splits.h"
 #include "corectl/info/LabInfo.h"
+#include "corectl/rules/Refuse.h"
+#include "corectl/rules/Splits.h"
 #include "platform/corectl/DovraUtil.h"
 #include "store/Uuids.h"
 

@@ -3,8 +3,9 @@
 #include <algorithm>
 
 #include "baselibs/Strings.h"
-#include "corectl/Disks.h"
 #include "corectl/info/LabInfo.h"
+#include "corectl/rules/Disks.h"
+#include "corectl/rules/Refuse.h"
 #include "platform/corectl/DovraUtil.h"
 
 // A listing asks three times: which disks are there, which are heard of, and for each of thousands

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "corectl/LabHost.h"
+#include "corectl/session/LabHost.h"
 #include "platform/hostctl/DovraInfo.h"
 
 namespace Lab {

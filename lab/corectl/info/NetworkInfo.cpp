@@ -1,7 +1,8 @@
 // The storage network's interfaces.
 
-#include "corectl/Addresses.h"
 #include "corectl/info/LabInfo.h"
+#include "corectl/rules/Addresses.h"
+#include "corectl/rules/Refuse.h"
 #include "store/Uuids.h"
 
 namespace Lab {

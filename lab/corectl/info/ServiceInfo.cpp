@@ -2,9 +2,10 @@
 
 #include <algorithm>
 
-#include "corectl/Policies.h"
-#include "corectl/Splits.h"
 #include "corectl/info/LabInfo.h"
+#include "corectl/rules/Policies.h"
+#include "corectl/rules/Refuse.h"
+#include "corectl/rules/Splits.h"
 #include "platform/corectl/DovraUtil.h"
 
 namespace Lab {

@@ -7,10 +7,10 @@
 #include <functional>
 #include <sstream>
 
-#include "corectl/Disks.h"
-#include "corectl/Hosts.h"
-#include "corectl/LabHost.h"
-#include "corectl/Splits.h"
+#include "corectl/rules/Disks.h"
+#include "corectl/rules/Hosts.h"
+#include "corectl/rules/Splits.h"
+#include "corectl/session/LabHost.h"
 #include "platform/corectl/DovraUtil.h"
 #include "platform/hostctl/DovraPluginFactory.h"
 #include "store/Uuids.h"
@@ -287,7 +287,7 @@ TEST_F(Rules, WithoutTheMajorityOnlyTheHostsOwnGoesOn) {
   const std::string datastore = NewUuid();
   info_->AddDatastore({datastore, "one", false});
   Change([](Store& store, const HostRow&) {
-    AddHost(store, "host2");
+    AddHost(store, "host2", Selected().hostFiles);
     MemberRow member;
     member.cluster = kNode;
     AddMember(store, *store.FindHost("host2"), member);

@@ -7,7 +7,7 @@
 #include <set>
 
 #include "Run.h"
-#include "corectl/Operations.h"
+#include "corectl/session/Operations.h"
 
 namespace Testing {
 

@@ -2,20 +2,25 @@
 // caller's transaction and refuses with `DovraCtlException`.
 #pragma once
 
-#include <cstdint>
+#include <filesystem>
 #include <string>
 
 #include "store/Store.h"
 
 namespace Lab {
 
-/// What a new lab holds: one host, `host1`.
-void FillNewLab(Store& store);
-/// Back to a lab as it was when new.
-void ResetLab(Store& store);
+/// The host of a new lab.
+inline constexpr const char* kFirstHost = "host1";
 
-/// Adds a host with interfaces, empty disks and files.
-void AddHost(Store& store, const std::string& name);
+/// Explains that the lab has no host of that name.
+std::string UnknownHostMessage(Store& store, const std::string& name);
+/// Refuses a name that no host has.
+HostRow RequireHost(Store& store, const std::string& name);
+
+/// Adds a host with interfaces, empty disks, and a root that holds a copy of `files`.
+void AddHost(Store& store, const std::string& name, const std::filesystem::path& files);
+/// Makes the lab as it was when new. `files` is for its host's root.
+void ResetLab(Store& store, const std::filesystem::path& files);
 /// Takes the host out of the lab, and out of its cluster as if it had died.
 void RemoveHost(Store& store, const HostRow& host);
 /// What a host's restart takes away: its membership as others see it, its storage network, a

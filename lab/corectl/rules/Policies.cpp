@@ -1,4 +1,4 @@
-#include "corectl/Policies.h"
+#include "corectl/rules/Policies.h"
 
 #include <algorithm>
 #include <charconv>
@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "baselibs/Strings.h"
-#include "corectl/LabHost.h"
+#include "corectl/rules/Refuse.h"
 
 namespace Lab {
 

@@ -1,11 +1,11 @@
-#include "corectl/Clusters.h"
+#include "corectl/rules/Clusters.h"
 
 #include <algorithm>
 #include <chrono>
 #include <limits>
 #include <set>
 
-#include "corectl/LabHost.h"
+#include "corectl/rules/Refuse.h"
 #include "store/Uuids.h"
 
 namespace Lab {

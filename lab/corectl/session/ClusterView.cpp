@@ -1,8 +1,8 @@
-#include "corectl/ClusterView.h"
+#include "corectl/session/ClusterView.h"
 
 #include <algorithm>
 
-#include "corectl/LabHost.h"
+#include "corectl/rules/Refuse.h"
 
 namespace Lab {
 

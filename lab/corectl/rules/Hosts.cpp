@@ -1,6 +1,8 @@
-#include "corectl/Hosts.h"
+#include "corectl/rules/Hosts.h"
 
-#include "corectl/LabHost.h"
+#include "baselibs/Strings.h"
+#include "corectl/rules/Clusters.h"
+#include "corectl/rules/Refuse.h"
 #include "hostroot/HostRoot.h"
 #include "store/LabFolder.h"
 #include "store/Uuids.h"
@@ -9,7 +11,6 @@ namespace Lab {
 
 namespace {
 
-constexpr const char* kFirstHost = "host1";
 constexpr const char* kInterfaces[] = {"knic0", "knic1"};
 
 constexpr struct {
@@ -22,17 +23,26 @@ constexpr struct {
 
 }  // namespace
 
-void FillNewLab(Store& store) {
-  AddHost(store, kFirstHost);
+std::string UnknownHostMessage(Store& store, const std::string& name) {
+  const std::string names = BaseLibs::Join(store.List<HostRow>(), ", ", &HostRow::name);
+  return "no host \"" + name + "\" in this lab; " +
+         (names.empty() ? "it has none (add one: lab host add --name NAME)"
+                        : "its hosts are: " + names);
 }
 
-void ResetLab(Store& store) {
+HostRow RequireHost(Store& store, const std::string& name) {
+  auto host = store.FindHost(name);
+  if (!host) Refuse(UnknownHostMessage(store, name));
+  return *std::move(host);
+}
+
+void ResetLab(Store& store, const std::filesystem::path& files) {
   for (const HostRow& host : store.List<HostRow>()) RequireOwn(RootOf(store.GetFolder(), host));
   store.Clear();
-  FillNewLab(store);
+  AddHost(store, kFirstHost, files);
 }
 
-void AddHost(Store& store, const std::string& name) {
+void AddHost(Store& store, const std::string& name, const std::filesystem::path& files) {
   HostRow host;
   host.name = name;
   host.uuid = NewUuid();
@@ -46,7 +56,7 @@ void AddHost(Store& store, const std::string& name) {
     disk.flash = flash;
     store.Save(disk);
   }
-  MakeRoot(store, host, Selected().hostFiles);
+  MakeRoot(store, host, files);
 }
 
 void RemoveHost(Store& store, const HostRow& host) {

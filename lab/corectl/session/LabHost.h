@@ -7,9 +7,9 @@
 #include <utility>
 #include <vector>
 
-#include "corectl/ClusterView.h"
-#include "corectl/DiskView.h"
-#include "corectl/Operations.h"
+#include "corectl/session/ClusterView.h"
+#include "corectl/session/DiskView.h"
+#include "corectl/session/Operations.h"
 #include "platform/hostctl/DovraCtlException.h"
 #include "store/Store.h"
 
@@ -45,12 +45,6 @@ void ChangeLab(Work&& work) {
   work(store);
   transaction.Commit();
 }
-
-/// Throws `DovraCtlException`: the control library's way to refuse.
-[[noreturn]] void Refuse(const std::string& reason);
-
-/// What is said of a host that the lab does not have.
-std::string UnknownHostMessage(Store& store, const std::string& name);
 
 class LabHost {
  public:

@@ -1,9 +1,9 @@
-#include "corectl/DiskView.h"
+#include "corectl/session/DiskView.h"
 
 #include <algorithm>
 #include <set>
 
-#include "corectl/Splits.h"
+#include "corectl/rules/Splits.h"
 #include "platform/corectl/DovraUtil.h"
 
 namespace Lab {

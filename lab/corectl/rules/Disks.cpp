@@ -1,10 +1,10 @@
-#include "corectl/Disks.h"
+#include "corectl/rules/Disks.h"
 
 #include <algorithm>
 #include <map>
 #include <set>
 
-#include "corectl/LabHost.h"
+#include "corectl/rules/Refuse.h"
 #include "platform/corectl/DovraUtil.h"
 #include "store/Uuids.h"
 

@@ -1,11 +1,11 @@
-#include "corectl/Addresses.h"
+#include "corectl/rules/Addresses.h"
 
 #include <arpa/inet.h>
 
 #include <algorithm>
 
 #include "baselibs/Strings.h"
-#include "corectl/LabHost.h"
+#include "corectl/rules/Refuse.h"
 
 namespace Lab {
 

@@ -3,7 +3,7 @@
 #include <optional>
 #include <vector>
 
-#include "corectl/Clusters.h"
+#include "corectl/rules/Clusters.h"
 
 namespace Lab {
 

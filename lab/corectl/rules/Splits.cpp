@@ -1,10 +1,11 @@
-#include "corectl/Splits.h"
+#include "corectl/rules/Splits.h"
 
 #include <algorithm>
 #include <map>
 #include <set>
 
-#include "corectl/LabHost.h"
+#include "corectl/rules/Hosts.h"
+#include "corectl/rules/Refuse.h"
 
 namespace Lab {
 
@@ -95,10 +96,9 @@ void SplitNetwork(Store& store, const std::vector<std::string>& hosts) {
   std::int64_t group = 0;
   for (const HostRow& host : store.List<HostRow>()) group = std::max(group, host.networkGroup);
   for (const std::string& name : hosts) {
-    auto host = store.FindHost(name);
-    if (!host) Refuse(UnknownHostMessage(store, name));
-    host->networkGroup = group + 1;
-    store.Save(*host);
+    HostRow host = RequireHost(store, name);
+    host.networkGroup = group + 1;
+    store.Save(host);
   }
   const auto isNamed = [=](const HostRow& host) { return host.networkGroup == group + 1; };
   if (std::ranges::all_of(store.List<HostRow>(), isNamed)) {

@@ -1,4 +1,4 @@
-#include "corectl/LabHost.h"
+#include "corectl/session/LabHost.h"
 
 #include <sys/stat.h>
 
@@ -7,7 +7,8 @@
 
 #include "baselibs/HostError.h"
 #include "baselibs/Strings.h"
-#include "corectl/Hosts.h"
+#include "corectl/rules/Hosts.h"
+#include "corectl/rules/Refuse.h"
 #include "hostroot/HostRoot.h"
 #include "store/LabFolder.h"
 
@@ -32,17 +33,6 @@ Session& CurrentSession() {
   static auto& session = *new Session;
   return session;
 }
-
-}  // namespace
-
-std::string UnknownHostMessage(Store& store, const std::string& name) {
-  const std::string names = BaseLibs::Join(store.List<HostRow>(), ", ", &HostRow::name);
-  return "no host \"" + name + "\" in this lab; " +
-         (names.empty() ? "it has none (add one: lab host add --name NAME)"
-                        : "its hosts are: " + names);
-}
-
-namespace {
 
 HostRow ReadHost(Store& store, const std::string& name) {
   auto host = store.FindHost(name);
@@ -71,6 +61,10 @@ bool IsMade() {
 
 namespace {
 
+void FillNewLab(Store& store) {
+  AddHost(store, kFirstHost, Selected().hostFiles);
+}
+
 void SettleNewLab(Store& store) {
   const auto failures = SettleRoots(store);
   if (!failures.empty()) throw HostError(failures.front());
@@ -88,10 +82,6 @@ Store& OpenStore() {
   }
   session.isChecked = true;
   return *session.store;
-}
-
-void Refuse(const std::string& reason) {
-  throw HostCtl::Lib::Dovra::DovraCtlException(reason);
 }
 
 LabHost& LabHost::Current() {

@@ -5,9 +5,10 @@
 
 #include "baselibs/Process.h"
 #include "baselibs/Strings.h"
-#include "corectl/Hosts.h"
-#include "corectl/LabHost.h"
-#include "corectl/Splits.h"
+#include "corectl/rules/Hosts.h"
+#include "corectl/rules/Refuse.h"
+#include "corectl/rules/Splits.h"
+#include "corectl/session/LabHost.h"
 #include "platform/corectl/DovraUtil.h"
 #include "store/Uuids.h"
 

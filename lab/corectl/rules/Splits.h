@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "corectl/Clusters.h"
+#include "corectl/rules/Clusters.h"
 
 namespace Lab {
 
