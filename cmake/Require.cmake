@@ -1,0 +1,20 @@
+# dovra_require(FOUND NAME...): stops CMake with what to do when the variable FOUND is false.
+function(dovra_require found)
+  if(NOT ${found})
+    list(JOIN ARGN " " name)
+    message(FATAL_ERROR "Missing: ${name}. Run script/bootstrap.")
+  endif()
+endfunction()
+
+# These run before project(), which reports missing programs in CMake's own words.
+if(CMAKE_GENERATOR STREQUAL Ninja)
+  find_program(DOVRA_NINJA ninja)
+  dovra_require(DOVRA_NINJA ninja)
+endif()
+if(CMAKE_CXX_COMPILER)
+  find_program(DOVRA_COMPILER ${CMAKE_CXX_COMPILER})
+  dovra_require(DOVRA_COMPILER ${CMAKE_CXX_COMPILER})
+elseif(NOT CMAKE_TOOLCHAIN_FILE AND NOT DEFINED ENV{CXX})
+  find_program(DOVRA_COMPILER NAMES c++ g++ clang++)
+  dovra_require(DOVRA_COMPILER a C++ compiler)
+endif()
