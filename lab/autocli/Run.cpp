@@ -67,7 +67,7 @@ std::string ListCommands(const Namespace& root, const Options& options) {
 /// Does what the options ask for instead of a command's call.
 ExitStatus RunTask(CommandTree& tree, const Options& options) {
   if (!options.batch.empty()) return RunBatch(tree, options);
-  Print(options.version              ? "autocli " AUTOCLI_VERSION " (commit " AUTOCLI_COMMIT ")\n"
+  Print(options.version              ? "autocli " DOVRA_BUILD "\n"
         : options.list               ? ListCommands(*tree.GetWhole(), options)
         : options.completion.empty() ? Reference(*tree.GetWhole())
                                      : CompletionScript(options.completion));

@@ -41,13 +41,18 @@ works() {
     [[ -s usr/share/bash-completion/completions/autocli ]]
     # None of the lab's libraries is where a loader would take it for a host's.
     same '' "$(find usr/lib -maxdepth 1 -name '*.so' && find . -perm /022 ! -type l ! -path './var/*' ! -path .)"
+    same '*, stripped' "$(file --brief usr/lib/orvane/autocli/plugins/libdovra.so)"
     depends() { dpkg --root="$root" --status "$1" | sed -n 's/^Depends: //p' | tr -d ' ' | tr , '\n' | sed 's/(.*//' | sort | paste -sd' '; }
     same 'libc6 libgcc-s1 libstdc++6' "$(depends dovra-plugin)"
     # Both name the commit, as the program does.
     commit=$(usr/bin/autocli --version | grep -oE 'commit [0-9a-f]{7,}|commit unknown')
     for package in dovra-plugin dovra-lab; do
-        same "*Built from $commit.*" "$(dpkg --root="$root" --status $package)"
-        zgrep -qi "built from $commit" usr/share/doc/$package/changelog.gz
+        status=$(dpkg --root="$root" --status $package)
+        same "*Built from $commit.*" "$status"
+        version=$(sed -n 's/^Version: //p' <<<"$status")
+        same "dovra ($version) *Built from $commit.*" "$(zcat usr/share/doc/$package/changelog.gz)"
+        [[ $commit == *unknown ]] || same "*+git*.${commit#commit }" "$version"
+        [[ -e $BATS_TEST_TMPDIR/$package-dbgsym_${version}_$(dpkg --print-architecture).ddeb ]]
         grep -q 'No licence has been granted yet' usr/share/doc/$package/copyright
     done
     same '*libuuid1*python3*' "$(depends dovra-lab)"

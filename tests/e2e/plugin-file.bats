@@ -11,6 +11,7 @@ check() {
     released_only
     check '0: *' "$PLUGIN"
     check "0: *all defined in $(platform)*is fit for a host" "$PLUGIN" "$(platform)"
+    same "autocli ${lines[0]#is dovra }" "$(autocli --version)"
     check '1: *leaves open what no platform library defines: Lab::*' "$(platform)/../plugins/libdovra.so"
 }
 
@@ -27,7 +28,8 @@ check() {
     check '0: *' plugin.so "$(platform)"
     c++ -shared -fPIC -o libother.so -x c++ - <<<''
     refused 'exports extra()' "$entry() {} void extra() {}"
-    refused 'does not export its entry point AutoCli_RegisterNamespaces' ''
+    refused 'exports no function AutoCli_RegisterNamespaces, its entry point' ''
+    refused 'exports no function AutoCli_RegisterNamespaces, its entry point' 'extern "C" int AutoCli_RegisterNamespaces; int AutoCli_RegisterNamespaces = 1;'
     refused 'needs a library that a host does not promise: libother.so' "$entry() {}" -L. -lother
     refused 'is not linked with libbaselibs.so'$'\n'* "$entry() {}" -Wl,--as-needed
     refused 'brings a search path of its own: /opt' "$entry() {}" -Wl,-rpath,/opt
@@ -36,7 +38,10 @@ check() {
     check '0: *' plugin.so # a name of the platform's: only its libraries tell
     check '1: *needs libclitools.so, which is not in .*' plugin.so .
     check '1: *is not a shared library' "$BATS_TEST_FILENAME"
-    check '1: gone.so: is no file' gone.so
+    check '1: gone.so: no such file' gone.so
+    check '2: usage: *' gone.so . .
+    check '0: *FILE*' --help
+    ln -s /usr/bin/{bash,sed} . && PATH=. check '2: *install binutils' plugin.so
 }
 
 @test "it goes to the host's real files, and the lab's copy does not" {
