@@ -3,24 +3,24 @@
 #include <signal.h>
 #include <unistd.h>
 
+#include <atomic>
+#include <cerrno>
 #include <charconv>
+#include <cstring>
 
 #include "autocli/Terminal.h"
 #include "store/Sqlite.h"
 
 namespace AutoCliProgram {
 
-using namespace std::string_view_literals;
-
 namespace {
 
-// All that the alarm's handler knows stands here, as it gets nothing else.
-std::string_view name;
-int seconds;
+std::atomic<const char*> name;
+volatile sig_atomic_t seconds;
 
-void Write(std::string_view text) {
-  // What a terminal does not take is lost; there is nothing better to do with it.
-  [[maybe_unused]] const ssize_t written = write(STDERR_FILENO, text.data(), text.size());
+void Write(const char* text) {
+  // There is nothing to do about a terminal that takes no output.
+  [[maybe_unused]] const ssize_t written = write(STDERR_FILENO, text, std::strlen(text));
 }
 
 bool OwnsTerminal() {
@@ -28,33 +28,34 @@ bool OwnsTerminal() {
 }
 
 void Count(int) {
-  ++seconds;
+  const int reason = errno;
+  seconds = seconds + 1;
   alarm(1);
-  if (!OwnsTerminal()) return;
-  char digits[12];
-  const std::string_view count(digits, std::to_chars(digits, std::end(digits), seconds).ptr);
-  const std::string_view reason = Lab::WaitsFor();
-  // Cut off where the line ends: what wraps could not be erased.
-  for (const std::string_view part :
-       {"\r\x1b[?7l"sv, name, " ("sv, count, " s"sv, reason.empty() ? ""sv : ", "sv, reason,
-        ")\x1b[K\x1b[?7h"sv}) {
-    Write(part);
+  if (OwnsTerminal()) {
+    char digits[12];
+    *std::to_chars(digits, std::end(digits), static_cast<int>(seconds)).ptr = '\0';
+    const char* const wait = Lab::WaitsFor();
+    // Without line wrapping, since a wrapped line could not be erased.
+    const char* const parts[] = {
+        "\r\x1b[?7l", name, " (", digits, " s", *wait == '\0' ? "" : ", ", wait, ")\x1b[K\x1b[?7h"};
+    for (const char* const part : parts) Write(part);
   }
+  errno = reason;
 }
 
 }  // namespace
 
-Spinner::Spinner(std::string_view command) {
+Spinner::Spinner(const std::string& command) {
   if (!TakesEscapes(STDERR_FILENO)) return;
-  name = command;
+  name = command.c_str();
   signal(SIGALRM, Count);
   alarm(1);
 }
 
 Spinner::~Spinner() {
-  signal(SIGALRM, SIG_IGN);  // also what is on its way already
+  signal(SIGALRM, SIG_IGN);  // discards a pending alarm, too
   alarm(0);
-  signal(SIGALRM, SIG_DFL);  // a program that is run would go on ignoring it
+  signal(SIGALRM, SIG_DFL);  // programs that are run inherit SIG_IGN
   if (seconds > 0 && OwnsTerminal()) Write("\r\x1b[K");
   seconds = 0;
 }

@@ -1,15 +1,15 @@
 #pragma once
 
-#include <string_view>
+#include <string>
 
 namespace AutoCliProgram {
 
-/// Tells somebody at a terminal that a command is still at work: a line on standard error that
-/// counts the seconds, and is gone before the object is. One at a time, which takes the alarm
-/// signal for itself; `command` must outlive it.
+/// While it exists, shows a line on the terminal that counts the seconds, from the first one on.
+/// `command` is the beginning of the line, and must outlive the object. One object at a time; it
+/// uses SIGALRM.
 class Spinner {
  public:
-  explicit Spinner(std::string_view command);
+  explicit Spinner(const std::string& command);
   ~Spinner();
   Spinner(const Spinner&) = delete;
   Spinner& operator=(const Spinner&) = delete;
