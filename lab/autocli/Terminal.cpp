@@ -28,8 +28,8 @@ std::size_t ColumnsOf(int descriptor) {
 }
 
 CliTools::Style ResultStyle() {
-  if (!TakesEscapes(STDOUT_FILENO)) return {};
-  return {ColumnsOf(STDOUT_FILENO), true};
+  if (isatty(STDOUT_FILENO) == 0) return {};
+  return {ColumnsOf(STDOUT_FILENO), TakesEscapes(STDOUT_FILENO)};
 }
 
 CliTools::Style HelpStyle() {

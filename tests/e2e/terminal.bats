@@ -29,7 +29,7 @@ shows() { same "$1" "$(on_terminal "$2")"; }
     autocli lab fault add -o GetDovraInfo -m broken >/dev/null # nothing was read
     shows "${red}*broken$plain" '$AUTOCLI dovra storage list'
     for plain_command in 'NO_COLOR=1 $AUTOCLI' 'TERM=dumb $AUTOCLI'; do
-        shows "$(autocli lab host list)" "$plain_command lab host list"
+        shows $'   Name: host1\n   Membership: data\n*' "$plain_command lab host list"
         shows 'autocli: dovra: there is no*' "$plain_command dovra clutser"
     done
     shows "$bold*" 'NO_COLOR= $AUTOCLI lab disk list --fields Device,Kind'
