@@ -94,34 +94,36 @@ Options ReadLineOptions(const std::vector<std::string>& words, const Options& de
   if (!options.batch.empty() || options.keepGoing || options.echo) {
     throw UsageError("--batch, --keep-going and --echo are not for the lines of a batch");
   }
-  if (options.pluginDir != defaults.pluginDir) {
+  if (options.pluginDirectory != defaults.pluginDirectory) {
     throw UsageError("--plugin-dir goes with --batch: all lines have the same commands");
   }
   return options;
 }
 
-ExitStatus RunOne(CommandTree& tree, const std::string& line, const Options& defaults) {
+ExitStatus RunOne(const std::string& line, const Options& defaults, const RunLine& runLine) {
   if (line.find('\0') != std::string::npos) throw UsageError("a NUL byte: this is no text");
   std::vector<std::string> words = CliTools::SplitWords(line);
   if (!words.empty() && words.front() == "autocli") words.erase(words.begin());  // as in a script
-  return words.empty() ? kSuccess : RunLine(tree, ReadLineOptions(words, defaults));
+  return words.empty() ? kSuccess : runLine(ReadLineOptions(words, defaults));
 }
 
 }  // namespace
 
-ExitStatus RunBatch(CommandTree& tree, const Options& options) {
+ExitStatus RunBatch(const Options& options, const RunLine& runLine) {
   LineReader reader(options.batch);
   Options defaults = options;
   defaults.batch.clear();
   defaults.keepGoing = false;
   defaults.echo = false;
-  defaults.namesHost = false;  // it is only what holds for lines that name none
+  if (!options.host.empty()) defaults.defaultHost = options.host;
+  defaults.host.clear();
   ExitStatus gravest = kSuccess;
   std::size_t failed = 0;
   for (std::string line; reader.ReadCommandLine(line);) {
-    defaults.place = reader.GetPlace();
+    defaults.location = reader.GetPlace();
     if (options.echo) Print("> " + CliTools::Printable(line) + '\n');
-    const ExitStatus status = Guard(defaults.place, [&] { return RunOne(tree, line, defaults); });
+    const ExitStatus status =
+        Guard(defaults.location, [&] { return RunOne(line, defaults, runLine); });
     gravest = std::max(gravest, status);
     failed += status == kSuccess ? 0 : 1;
     const bool goesOn = status == kSuccess || options.keepGoing;

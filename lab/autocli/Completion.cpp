@@ -7,10 +7,11 @@
 #include <cstdlib>
 #include <string_view>
 
+#include "autocli/CommandNotes.h"
 #include "autocli/CommandTree.h"
-#include "autocli/LabValues.h"
+#include "autocli/CompletionValues.h"
 #include "autocli/Options.h"
-#include "autocli/Run.h"
+#include "autocli/Program.h"
 #include "autocli/Terminal.h"
 #include "baselibs/File.h"
 #include "baselibs/HostError.h"
@@ -28,27 +29,14 @@ namespace {
 
 using Candidates = std::vector<Candidate>;
 
-/// Where a shell looks for the script.
-struct Script {
-  std::string_view shell;
-  const char* path;
-};
-
-constexpr Script kScripts[] = {
-    {"bash", "bash-completion/completions/autocli"},
-    {"zsh", "zsh/vendor-completions/_autocli"},
-    {"fish", "fish/vendor_completions.d/autocli.fish"},
-};
-
-/// The fields of the command's records that can go on the list which `typed` ends with.
-Candidates FieldsOf(CommandTree& tree, const std::string& command, std::string_view typed) {
-  const auto node = tree.Resolve(CliTools::SplitWords(command)).node;
-  auto* const target = dynamic_cast<CliTools::AutoCli::Command*>(node.get());
-  if (target == nullptr) return {};
+/// Returns the lists of fields that `typed` can become: one more field of the command's records.
+Candidates FieldsOf(CliTools::AutoCli::CommandSpec& node, std::string_view typed) {
+  auto* const command = dynamic_cast<CliTools::AutoCli::Command*>(&node);
+  if (command == nullptr) return {};
   if (typed.starts_with("--")) typed.remove_prefix(typed.find('=') + 1);
   const std::string before(typed.substr(0, typed.rfind(',') + 1));
   Candidates candidates;
-  for (const std::string& field : CliTools::ResultOf(*target).fields) {
+  for (const std::string& field : CliTools::ResultOf(*command).fields) {
     const bool isThere = (',' + before).find(',' + field + ',') != std::string::npos;
     if (!isThere) candidates.push_back({before + field, ""});
   }
@@ -74,14 +62,8 @@ std::vector<std::string> ReadWords(const std::string& line) {
 
 }  // namespace
 
-std::vector<std::string> CompletionShells() {
-  std::vector<std::string> shells;
-  for (const Script& script : kScripts) shells.emplace_back(script.shell);
-  return shells;
-}
-
-std::string CompletionScript(const std::string& shell) {
-  const auto* const script = std::ranges::find(kScripts, shell, &Script::shell);
+std::string ReadCompletionScript(const std::string& shell) {
+  const auto* const script = std::ranges::find(kCompletionScripts, shell, &CompletionScript::shell);
   const auto path = Prefix() / "share" / script->path;
   std::string text = BaseLibs::ReadFile(path);
   if (text.empty()) throw BaseLibs::HostError("\"" + path.string() + "\" cannot be read");
@@ -100,11 +82,13 @@ void CompleteLine(const std::string& line) noexcept {
   try {
     const std::vector<std::string> words = ReadWords(line);
     const Options options = ReadOptions({words.begin(), words.end() - 1}, OptionsFromEnvironment());
-    CommandTree tree(PluginFolder(options));
-    const auto values = [&](const std::string& command, const std::string& parameter) {
+    CommandTree tree(PluginDirectory(options));
+    const auto values = [&](const std::string& path, const std::string& parameter) {
       if (OptionTakesPath(parameter)) return Candidates{{CliTools::kAnyPath, ""}};
-      if (parameter == "fields") return FieldsOf(tree, command, words.back());
-      return LabValues(command, parameter, options);
+      const auto node = tree.Resolve(CliTools::SplitWords(path)).node;
+      if (parameter == "fields") return FieldsOf(*node, words.back());
+      const std::string list = ValueListOf(*node, parameter);
+      return CompletionValues(list.empty() && parameter == "host" ? "hosts" : list, options);
     };
     const auto all = OptionsSpec();
     const auto withCommand = CallOptionsSpec();

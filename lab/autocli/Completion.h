@@ -6,12 +6,9 @@
 
 namespace AutoCliProgram {
 
-/// The shells whose completion asks autocli.
-std::vector<std::string> CompletionShells();
-
-/// What makes one of them complete autocli's command lines: a script, which asks the autocli that
-/// is about to be run. Throws `HostError` when the program came without it.
-std::string CompletionScript(const std::string& shell);
+/// Returns the completion script for the shell, which is one of `kCompletionScripts`. Throws
+/// `HostError` when the program is installed without it.
+std::string ReadCompletionScript(const std::string& shell);
 
 /// Whether these are the arguments with which the scripts call: "--complete" and the command line
 /// up to the cursor, from the program's name on, as it was typed.

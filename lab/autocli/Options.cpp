@@ -1,13 +1,10 @@
 #include "autocli/Options.h"
 
 #include <algorithm>
-#include <span>
-#include <utility>
+#include <type_traits>
+#include <variant>
 
-#include "autocli/Completion.h"
-#include "autocli/Reference.h"
 #include "baselibs/Environment.h"
-#include "baselibs/HostError.h"
 #include "baselibs/Strings.h"
 #include "clitools/CommandLine.h"
 #include "clitools/Format.h"
@@ -27,88 +24,93 @@ using CliTools::CallSpec::ParameterType;
 
 namespace {
 
-/// Whether an option says something of a command's call, or what the program is to do instead.
-enum class Use { kCall, kProgram };
-
-/// One option. `letter` is empty where there is none, `value` for a flag.
-struct Option {
-  std::string_view name;
-  std::string_view letter;
-  std::string_view value;
-  Use use;
-  const char* description;
-
-  bool IsFlag() const { return value.empty(); }
+enum class Use {
+  kCall,     ///< belongs to a command's call, and may stand among its words
+  kTask,     ///< asks for something else than a call
+  kBatch,    ///< goes with --batch
+  kPlugins,  ///< decides which commands there are
 };
+
+using Strings = std::vector<std::string>;
+using Member = std::variant<bool Options::*, std::string Options::*, Strings Options::*>;
+
+struct Option {
+  const char* name;
+  const char* letter;  ///< empty if there is none
+  const char* value;   ///< the placeholder of its value; empty for a flag
+  Use use;
+  Member member;
+  const char* description;
+  Strings (*allowed)() = nullptr;
+
+  bool IsFlag() const { return std::holds_alternative<bool Options::*>(member); }
+};
+
+Strings Shells() {
+  Strings shells;
+  for (const CompletionScript& script : kCompletionScripts) shells.emplace_back(script.shell);
+  return shells;
+}
 
 constexpr Option kOptions[] = {
-    {"lab", "", "DIR", Use::kCall,
-     "the lab's folder, made on first use; else $AUTOCLI_LAB, else a folder below the user's "
-     "folder for state"},
-    {"host", "H", "NAME", Use::kCall,
-     "the host on which the command runs; else $AUTOCLI_HOST, else host1"},
-    {"formatter", "f", "NAME", Use::kCall,
-     "how the result is printed: simple, table, json or csv; else as the command sees fit"},
-    {"fields", "", "A,B,...", Use::kCall,
-     "which fields of the result's records are printed, in this order"},
-    {"no-header", "", "", Use::kCall, "tables and csv without the line that names the fields"},
-    {"plugin-dir", "", "DIR", Use::kProgram,
-     "where the plug-ins are; else those that came with autocli"},
-    {"batch", "", "FILE", Use::kProgram,
+    {"lab", "", "DIR", Use::kCall, &Options::lab,
+     "the lab's directory, created on first use; default: $AUTOCLI_LAB, else autocli/lab below "
+     "$XDG_STATE_HOME or ~/.local/state"},
+    {"host", "H", "NAME", Use::kCall, &Options::host,
+     "run the command on this host; default: $AUTOCLI_HOST, else host1"},
+    {"formatter", "f", "NAME", Use::kCall, &Options::formatter,
+     "print the result in this format: %ENUM%; default: the command's own",
+     CliTools::FormatterNames},
+    {"fields", "", "A,B,...", Use::kCall, &Options::fields,
+     "print only these fields, in this order"},
+    {"no-header", "", "", Use::kCall, &Options::noHeader,
+     "print tables and csv without the names of the fields"},
+    {"plugin-dir", "", "DIR", Use::kPlugins, &Options::pluginDirectory,
+     "load the plug-ins in this directory; default: those that came with autocli"},
+    {"batch", "", "FILE", Use::kTask, &Options::batch,
      "run each line of the file, or of standard input if it is -, as a command line, up to the "
      "first that fails; words are quoted as in a shell, and nothing is expanded"},
-    {"keep-going", "", "", Use::kProgram, "with --batch: up to the last line"},
-    {"echo", "", "", Use::kProgram, "with --batch: print each line before its result"},
-    {"completion", "", "SHELL", Use::kProgram,
-     "print what makes bash, zsh or fish complete command lines, as in: source <(autocli "
-     "--completion bash)"},
-    {"reference", "", "FORMAT", Use::kProgram, "print the manual; FORMAT is markdown"},
-    {"list", "l", "", Use::kProgram, "list every command"},
-    {"version", "V", "", Use::kProgram, "print the version"},
-    {"help", "h", "", Use::kCall, "print this, or the help of what stands beside it"},
+    {"keep-going", "", "", Use::kBatch, &Options::keepGoing,
+     "with --batch: run all lines, even if some fail"},
+    {"echo", "", "", Use::kBatch, &Options::echo,
+     "with --batch: print each line before its result"},
+    {"completion", "", "SHELL", Use::kTask, &Options::completion,
+     "print the completion script for a shell: %ENUM%; for bash: source <(autocli --completion "
+     "bash)",
+     Shells},
+    {"reference", "", "FORMAT", Use::kTask, &Options::reference,
+     "print the manual in this format: %ENUM%", [] { return Strings{"markdown"}; }},
+    {"list", "l", "", Use::kTask, &Options::list, "list all commands"},
+    {"version", "V", "", Use::kTask, &Options::version, "print the version"},
+    {"help", "h", "", Use::kCall, &Options::help,
+     "show help for autocli, a namespace or a command"},
 };
-
-std::shared_ptr<ParameterConstraint> OneOf(const std::vector<std::string>& values) {
-  auto constraint = ParameterConstraint::New(ParameterConstraintType::kStringEnum);
-  for (const std::string& value : values) constraint->AddStringEnum(value, "");
-  return constraint;
-}
-
-std::shared_ptr<ParameterConstraint> ConstraintFor(std::string_view option) {
-  if (option == "formatter") return OneOf(CliTools::FormatterNames());
-  if (option == "completion") return OneOf(CompletionShells());
-  if (option == "reference") return OneOf(ReferenceFormats());
-  return nullptr;
-}
 
 std::shared_ptr<InputSpec> MakeSpec(bool withCommand) {
   auto spec = InputSpec::New();
   for (const Option& option : kOptions) {
     if (withCommand && option.use != Use::kCall) continue;
     auto parameter = ParameterSpec::New(
-        std::string(option.name), option.IsFlag() ? ParameterType::kFlag : ParameterType::kString);
-    parameter->SetShortName(std::string(option.letter));
+        option.name, option.IsFlag() ? ParameterType::kFlag : ParameterType::kString);
+    parameter->SetShortName(option.letter);
     parameter->SetDescription(option.description);
-    parameter->SetConstraint(ConstraintFor(option.name));
+    if (option.allowed != nullptr) {
+      auto constraint = ParameterConstraint::New(ParameterConstraintType::kStringEnum);
+      for (std::string& value : option.allowed()) constraint->AddStringEnum(std::move(value), "");
+      parameter->SetConstraint(std::move(constraint));
+    }
     spec->AddParameter(std::move(parameter));
   }
   return spec;
 }
 
-/// Takes the option's value over, if it was given.
-void Take(const Input& given, const char* option, std::string& value) {
-  if (!given.HasParameter(option)) return;
-  value = given.GetParameter(option);
-  if (value.empty()) throw UsageError(std::string("--") + option + ": the name is empty");
-}
-
-/// How many words the option takes that begins with this one.
+/// Returns how many words the option takes that begins with this one.
 std::size_t WordsOfOption(std::string_view word) {
   return CliTools::ReadOptionWord(OptionsSpec()->GetParameters(), word).takesNextWord ? 2 : 1;
 }
 
-std::vector<std::string> SplitFields(std::string_view list) {
-  std::vector<std::string> fields;
+Strings SplitFields(std::string_view list) {
+  Strings fields;
   for (const std::string_view field : BaseLibs::Split(list, ',')) {
     fields.emplace_back(BaseLibs::Trim(field));
     if (fields.back().empty()) throw UsageError("--fields: a name is empty");
@@ -116,13 +118,24 @@ std::vector<std::string> SplitFields(std::string_view list) {
   return fields;
 }
 
+bool IsGiven(const Option& option, const Options& options) {
+  const auto isGiven = [&options](auto member) {
+    if constexpr (std::is_same_v<decltype(member), bool Options::*>) {
+      return options.*member;
+    } else {
+      return !(options.*member).empty();
+    }
+  };
+  return std::visit(isGiven, option.member);
+}
+
 }  // namespace
 
 Options OptionsFromEnvironment() {
   Options options;
   options.lab = Environment("AUTOCLI_LAB");
-  options.host = Environment("AUTOCLI_HOST");
-  if (options.host.empty()) options.host = Lab::kFirstHost;
+  options.defaultHost = Environment("AUTOCLI_HOST");
+  if (options.defaultHost.empty()) options.defaultHost = Lab::kFirstHost;
   return options;
 }
 
@@ -134,14 +147,14 @@ std::size_t CountOptionWords(std::span<const std::string> words) {
   return std::min(count, words.size());
 }
 
-Options ReadOptions(const std::vector<std::string>& arguments, Options options) {
+Options ReadOptions(const Strings& arguments, const Options& defaults) {
+  Options options = defaults;
   std::span<const std::string> own = std::span(arguments).first(CountOptionWords(arguments));
   options.words.assign(own.end(), std::span(arguments).end());
-  options.fault.clear();
   if (own.empty()) return options;
   const auto take = [&options](std::span<const std::string> words) {
-    options = TakeOptions(*CliTools::ParseParameters(*OptionsSpec(), {words.begin(), words.end()}),
-                          options);
+    const auto given = CliTools::ParseParameters(*OptionsSpec(), {words.begin(), words.end()});
+    options = TakeOptions(*given, options);
   };
   try {
     take(own);
@@ -162,41 +175,35 @@ Options ReadOptions(const std::vector<std::string>& arguments, Options options) 
 }
 
 Options TakeOptions(const Input& given, Options options) {
-  Take(given, "lab", options.lab);
-  Take(given, "host", options.host);
-  Take(given, "plugin-dir", options.pluginDir);
-  Take(given, "formatter", options.formatter);
-  Take(given, "batch", options.batch);
-  Take(given, "completion", options.completion);
-  Take(given, "reference", options.reference);
-  if (given.HasParameter("fields")) options.fields = SplitFields(given.GetParameter("fields"));
-  options.namesHost |= given.HasParameter("host");
-  options.noHeader |= given.IsFlagSet("no-header");
-  options.keepGoing |= given.IsFlagSet("keep-going");
-  options.echo |= given.IsFlagSet("echo");
-  options.list |= given.IsFlagSet("list");
-  options.version |= given.IsFlagSet("version");
-  options.help |= given.IsFlagSet("help");
+  for (const Option& option : kOptions) {
+    if (!given.HasParameter(option.name)) continue;
+    if (const auto* const flag = std::get_if<bool Options::*>(&option.member)) {
+      options.*(*flag) = true;
+      continue;
+    }
+    std::string value = given.GetParameter(option.name);
+    if (const auto* const fields = std::get_if<Strings Options::*>(&option.member)) {
+      options.*(*fields) = SplitFields(value);
+      continue;
+    }
+    if (value.empty()) throw UsageError(std::string("--") + option.name + ": the value is empty");
+    options.*std::get<std::string Options::*>(option.member) = std::move(value);
+  }
   return options;
 }
 
-std::string ProgramTask(const Options& options) {
-  const std::pair<const char*, bool> tasks[] = {
-      {"--batch", !options.batch.empty()},
-      {"--completion", !options.completion.empty()},
-      {"--reference", !options.reference.empty()},
-      {"--list", options.list},
-      {"--version", options.version},
-  };
+std::string TaskOf(const Options& options) {
   std::string task;
-  for (const auto& [name, isGiven] : tasks) {
-    if (!isGiven) continue;
+  for (const Option& option : kOptions) {
+    if (!IsGiven(option, options)) continue;
+    const std::string name = std::string("--") + option.name;
+    if (option.use == Use::kBatch && options.batch.empty()) {
+      throw UsageError(name + " goes with --batch");
+    }
+    if (option.use != Use::kTask) continue;
     if (!task.empty()) throw UsageError(task + " and " + name + " do not go together");
     task = name;
   }
-  if (options.batch.empty() && options.keepGoing)
-    throw UsageError("--keep-going goes with --batch");
-  if (options.batch.empty() && options.echo) throw UsageError("--echo goes with --batch");
   return task;
 }
 
@@ -211,7 +218,8 @@ std::shared_ptr<InputSpec> CallOptionsSpec() {
 
 bool OptionTakesPath(std::string_view name) {
   const auto* const option = std::ranges::find(kOptions, name, &Option::name);
-  return option != std::end(kOptions) && (option->value == "DIR" || option->value == "FILE");
+  const std::string_view value = option == std::end(kOptions) ? "" : option->value;
+  return value == "DIR" || value == "FILE";
 }
 
 const char* ProgramUsage() {
@@ -223,11 +231,11 @@ const char* ProgramUsage() {
 
 std::vector<std::pair<std::string, std::string>> OptionRows() {
   std::vector<std::pair<std::string, std::string>> rows;
-  for (const Option& option : kOptions) {
-    std::string heading = option.letter.empty() ? "" : "-" + std::string(option.letter) + ", ";
-    heading += "--" + std::string(option.name);
-    if (!option.IsFlag()) heading += " " + std::string(option.value);
-    rows.emplace_back(std::move(heading), option.description);
+  for (const auto& parameter : OptionsSpec()->GetParameters()) {
+    const Option& option = kOptions[rows.size()];
+    rows.emplace_back((*option.letter == '\0' ? "" : std::string("-") + option.letter + ", ") +
+                          "--" + option.name + (option.IsFlag() ? "" : " ") + option.value,
+                      CliTools::DescriptionOf(*parameter));
   }
   return rows;
 }
@@ -244,19 +252,6 @@ std::string OptionsHelp(const CliTools::Style& style) {
              .replace(0, kUsageIndent, "Usage: ") +
          "\nRuns a command on a stand-in host.\n" +
          CliTools::ColumnsHelp("Options", OptionRows(), style);
-}
-
-std::string DefaultLab() {
-  std::string state = Environment("XDG_STATE_HOME");
-  if (!state.starts_with('/')) {
-    const std::string home = Environment("HOME");
-    if (home.empty()) {
-      throw BaseLibs::HostError(
-          "there is no folder for the lab: name one with --lab or AUTOCLI_LAB");
-    }
-    state = home + "/.local/state";
-  }
-  return state + "/autocli/lab";
 }
 
 }  // namespace AutoCliProgram

@@ -4,8 +4,7 @@
 #include <iterator>
 #include <utility>
 
-#include "autocli/Calls.h"
-#include "autocli/Examples.h"
+#include "autocli/CommandNotes.h"
 #include "autocli/Options.h"
 #include "baselibs/Strings.h"
 #include "clitools/CommandLine.h"
@@ -82,11 +81,11 @@ void WriteCommand(MarkdownPage& page, Command& command) {
   }
   page.Definitions(parameters);
   page.Paragraph(WhatItDoes(command));
-  if (const auto calls = CallsOf(path); !calls.empty()) {
-    page.Paragraph("Calls of the control library: " + BaseLibs::Join(calls, ", ") + '.');
+  if (const auto operations = OperationsOf(command); !operations.empty()) {
+    page.Paragraph("Calls of the control library: " + BaseLibs::Join(operations, ", ") + '.');
   }
-  for (const Example& example : ExamplesOf(path)) {
-    page.Paragraph(std::string("Example: ") + example.purpose);
+  for (const Example& example : ExamplesOf(command)) {
+    page.Paragraph("Example: " + example.purpose);
     page.Code(example.line);
   }
 }
@@ -155,7 +154,7 @@ void WriteProgram(MarkdownPage& page) {
       {"AUTOCLI_LAB", "The lab's folder, unless --lab names one."},
       {"AUTOCLI_HOST", "The host on which commands run, unless --host names one."},
       {"XDG_STATE_HOME, HOME", "Where the lab is if nothing names its folder."},
-      {"NO_COLOR, TERM", "With NO_COLOR set, or TERM=dumb, a terminal gets plain text."},
+      {"NO_COLOR, TERM", "With NO_COLOR set, or TERM=dumb, nothing is coloured or bold."},
   });
   page.Section("Files");
   page.Definitions({
@@ -193,10 +192,6 @@ std::vector<std::string> DeclarationsOf(Command& command) {
 }
 
 }  // namespace
-
-std::vector<std::string> ReferenceFormats() {
-  return {"markdown"};
-}
 
 std::string Reference(const Namespace& root) {
   MarkdownPage page("Reference", "Written by script/reference; what is changed here is lost.");

@@ -2,14 +2,10 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 #include "platform/clitools/AutoCli.h"
 
 namespace AutoCliProgram {
-
-/// The formats of the manual.
-std::vector<std::string> ReferenceFormats();
 
 /// The manual in Markdown. `root` is the root of the whole tree.
 std::string Reference(const CliTools::AutoCli::Namespace& root);

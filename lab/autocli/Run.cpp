@@ -4,13 +4,8 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <exception>
 
-#include "autocli/Batch.h"
-#include "autocli/Calls.h"
-#include "autocli/Completion.h"
-#include "autocli/Examples.h"
-#include "autocli/Reference.h"
+#include "autocli/CommandNotes.h"
 #include "autocli/Spinner.h"
 #include "autocli/Terminal.h"
 #include "baselibs/HostError.h"
@@ -21,11 +16,9 @@
 #include "clitools/Help.h"
 #include "clitools/Nodes.h"
 #include "clitools/PluginError.h"
-#include "corectl/session/LabHost.h"
 
 namespace AutoCliProgram {
 
-namespace fs = std::filesystem;
 using namespace CliTools::AutoCli;
 using namespace CliTools::MetaObj;
 using CliTools::UsageError;
@@ -34,10 +27,16 @@ namespace {
 
 constexpr const char* kProgram = "autocli";
 
-/// The formatter's parameters for what is printed: the command's own, unless the user chose fields.
-CommandSpec::Pairs ChooseFields(const MetaObject* layout, const CommandSpec::Pairs& own,
+/// Returns the formatter's parameters: the command's own, with the fields that the user chose, or
+/// with the command's columns if no formatter was named.
+CommandSpec::Pairs ChooseFields(const Command& command, const MetaObject* layout,
                                 const Options& options) {
-  return options.fields.empty() ? own : CliTools::SelectFields(layout, own, options.fields);
+  const auto& own = command.GetDefaultOutputParameters();
+  if (!options.fields.empty()) return CliTools::SelectFields(layout, own, options.fields);
+  const std::string columns = command.GetMetaDataField("columns");
+  if (columns.empty() || !options.formatter.empty()) return own;
+  const auto names = BaseLibs::Split(columns, ',');
+  return CliTools::SelectFields(layout, own, {names.begin(), names.end()});
 }
 
 /// The style of a result on standard output.
@@ -48,32 +47,6 @@ CliTools::Style StyleFor(const Options& options) {
   return style;
 }
 
-std::string ListCommands(const Namespace& root, const Options& options) {
-  auto layout = MetaStruct::New("CommandList");
-  layout->SetField("Command", "");
-  layout->SetField("Description", "");
-  const auto list = MetaList::New(MetaType::kStruct, layout);
-  const auto parameters = ChooseFields(list.get(), {}, options);
-  for (const auto& command : CliTools::CommandsBelow(root)) {
-    auto row = MetaStruct::New(layout->GetName());
-    row->SetField("Command", CliTools::PathOf(*command));
-    row->SetField("Description", command->GetDescription());
-    list->Add(row);
-  }
-  return CliTools::Format(*list, options.formatter.empty() ? "table" : options.formatter,
-                          parameters, StyleFor(options));
-}
-
-/// Does what the options ask for instead of a command's call.
-ExitStatus RunTask(CommandTree& tree, const Options& options) {
-  if (!options.batch.empty()) return RunBatch(tree, options);
-  Print(options.version              ? "autocli " DOVRA_BUILD "\n"
-        : options.list               ? ListCommands(*tree.GetWhole(), options)
-        : options.completion.empty() ? Reference(*tree.GetWhole())
-                                     : CompletionScript(options.completion));
-  return kSuccess;
-}
-
 std::string ProgramHelp(const CommandSpec& root, const CliTools::Style& style) {
   return OptionsHelp(style) + CliTools::ChildrenHelp(kProgram, root, style) + '\n' +
          CliTools::Wrap(std::string("Exit status: ") + ExitStatusHelp(), 0, style.width);
@@ -82,9 +55,7 @@ std::string ProgramHelp(const CommandSpec& root, const CliTools::Style& style) {
 std::string Help(CommandSpec& space) {
   const CliTools::Style style = HelpStyle();
   if (auto* const command = dynamic_cast<Command*>(&space)) {
-    return CliTools::CommandHelp(kProgram, *command, style) +
-           CallsHelp(CliTools::PathOf(*command), style) +
-           ExamplesHelp(CliTools::PathOf(*command), style);
+    return CliTools::CommandHelp(kProgram, *command, style) + NotesHelp(*command, style);
   }
   return space.GetName().empty() ? ProgramHelp(space, style)
                                  : CliTools::NamespaceHelp(kProgram, space, style);
@@ -112,13 +83,13 @@ struct Call {
 
 /// Throws `UsageError` for options that do not go with a command.
 void CheckOptions(const Command& command, const Options& options, const Options& before) {
-  if (const std::string task = ProgramTask(options); !task.empty()) {
+  if (const std::string task = TaskOf(options); !task.empty()) {
     throw UsageError(task + " goes without a command");
   }
-  if (options.pluginDir != before.pluginDir) {
+  if (options.pluginDirectory != before.pluginDirectory) {
     throw UsageError("--plugin-dir goes before the command: it says which there are");
   }
-  if (options.namesHost && command.GetMetaDataField("scope") == "lab") {
+  if (!options.host.empty() && command.GetMetaDataField("scope") == "lab") {
     throw UsageError("--host: this command is for the whole lab, not for one of its hosts");
   }
 }
@@ -133,8 +104,7 @@ Call PrepareCall(Command& command, const CliTools::CallSpec::InputSpec& input,
     CheckOptions(command, call.options, before);
     const auto layout = CliTools::ShapeOf(command);
     call.formatter = ChooseFormatter(command, layout.get(), call.options.formatter);
-    call.formatterParameters =
-        ChooseFields(layout.get(), command.GetDefaultOutputParameters(), call.options);
+    call.formatterParameters = ChooseFields(command, layout.get(), call.options);
     return call;
   } catch (const UsageError& error) {
     throw UsageError(CliTools::PathOf(command) + ": " + error.what());
@@ -182,7 +152,7 @@ ExitStatus RunCommand(Command& command, const Call& call, const Options& options
   const std::string consequence = command.GetMetaDataField("confirm");
   if (!consequence.empty() && !call.input->IsFlagSet("force") &&
       !IsConfirmed(command, consequence)) {
-    PrintError(options.place + "Nothing was done.");
+    PrintError(options.location + "Nothing was done.");
     return kCommandFailed;
   }
   SelectLab(call.options);
@@ -190,7 +160,7 @@ ExitStatus RunCommand(Command& command, const Call& call, const Options& options
   Execute(command, call, output);
   ExitStatus status = kSuccess;
   if (const auto& root = output->GetRootObject()) {
-    status = Guard(options.place, [&] {
+    status = Guard(options.location, [&] {
       PrintResult(command, *root, call);
       const bool hasFailed = !output->GetErrorMessages().empty();
       if (IsEmptyList(*root) && !hasFailed) PrintRemark("The list is empty.");
@@ -198,7 +168,7 @@ ExitStatus RunCommand(Command& command, const Call& call, const Options& options
     });
   }
   for (const std::string& message : output->GetErrorMessages()) {
-    PrintError(options.place + message);
+    PrintError(options.location + message);
     status = std::max(status, kCommandFailed);
   }
   return status;
@@ -213,25 +183,7 @@ ExitStatus RunCommand(Command& command, const Call& call, const Options& options
 
 }  // namespace
 
-const fs::path& Prefix() {
-  static const fs::path prefix = fs::read_symlink("/proc/self/exe").parent_path().parent_path();
-  return prefix;
-}
-
-fs::path PluginFolder(const Options& options) {
-  return options.pluginDir.empty() ? Prefix() / "lib/autocli/plugins" : fs::path(options.pluginDir);
-}
-
-void SelectLab(const Options& options) {
-  Lab::Select({options.lab.empty() ? DefaultLab() : options.lab, options.host,
-               Prefix() / "share/autocli/hostroot", options.namesHost});
-}
-
-ExitStatus RunLine(CommandTree& tree, const Options& options) {
-  if (options.words.empty() && !options.help) {
-    if (!options.fault.empty()) throw UsageError(options.fault);
-    if (!ProgramTask(options).empty()) return RunTask(tree, options);
-  }
+ExitStatus RunCommandLine(CommandTree& tree, const Options& options) {
   const Target target = tree.Resolve(options.words);
   auto* const command = dynamic_cast<Command*>(target.node.get());
   const auto input =
@@ -243,7 +195,7 @@ ExitStatus RunLine(CommandTree& tree, const Options& options) {
     return kSuccess;
   }
   if (!options.fault.empty()) throw UsageError(options.fault);
-  if (const std::string task = ProgramTask(options); !task.empty()) {
+  if (const std::string task = TaskOf(options); !task.empty()) {
     throw UsageError(task + " goes without a command; " + CliTools::Quote(options.words.front()) +
                      " is one too many");
   }
@@ -256,25 +208,22 @@ ExitStatus RunLine(CommandTree& tree, const Options& options) {
   RefuseMissingCommand(*target.node);
 }
 
-ExitStatus Guard(const std::string& place, const std::function<ExitStatus()>& work) {
-  try {
-    return work();
-  } catch (const UsageError& error) {
-    PrintError("autocli: " + place + error.what());
-    return kWrongUse;
-  } catch (const OutputError& error) {
-    PrintError("autocli: " + place + error.what());
-    return kResultLost;
-  } catch (const BaseLibs::HostError& error) {
-    PrintError("autocli: " + place + error.what());
-  } catch (const CliTools::PluginError& error) {
-    PrintError("autocli: " + place + error.what());
-  } catch (const std::exception& error) {
-    PrintError("autocli: " + place + "internal error: " + error.what());
-  } catch (...) {
-    PrintError("autocli: " + place + "internal error");
+std::string CommandList(CommandTree& tree, const Options& options) {
+  auto layout = MetaStruct::New("CommandList");
+  layout->SetField("Command", "");
+  layout->SetField("Description", "");
+  const auto list = MetaList::New(MetaType::kStruct, layout);
+  const auto parameters = options.fields.empty()
+                              ? CommandSpec::Pairs()
+                              : CliTools::SelectFields(list.get(), {}, options.fields);
+  for (const auto& command : CliTools::CommandsBelow(*tree.GetWhole())) {
+    auto row = MetaStruct::New(layout->GetName());
+    row->SetField("Command", CliTools::PathOf(*command));
+    row->SetField("Description", command->GetDescription());
+    list->Add(row);
   }
-  return kHostUnusable;
+  return CliTools::Format(*list, options.formatter.empty() ? "table" : options.formatter,
+                          parameters, StyleFor(options));
 }
 
 }  // namespace AutoCliProgram

@@ -7,14 +7,34 @@
 #include <string>
 #include <vector>
 
+#include "autocli/Batch.h"
 #include "autocli/CommandTree.h"
 #include "autocli/Completion.h"
 #include "autocli/Options.h"
+#include "autocli/Program.h"
+#include "autocli/Reference.h"
 #include "autocli/Run.h"
+#include "autocli/Terminal.h"
+#include "clitools/UsageError.h"
 
 namespace AutoCliProgram {
 
 namespace {
+
+ExitStatus RunLine(CommandTree& tree, const Options& options) {
+  if (!options.words.empty() || options.help) return RunCommandLine(tree, options);
+  if (!options.fault.empty()) throw CliTools::UsageError(options.fault);
+  const std::string task = TaskOf(options);
+  if (task.empty()) return RunCommandLine(tree, options);
+  if (task == "--batch") {
+    return RunBatch(options, [&tree](const Options& line) { return RunLine(tree, line); });
+  }
+  Print(task == "--version"      ? "autocli " DOVRA_BUILD "\n"
+        : task == "--list"       ? CommandList(tree, options)
+        : task == "--completion" ? ReadCompletionScript(options.completion)
+                                 : Reference(*tree.GetWhole()));
+  return kSuccess;
+}
 
 ExitStatus Run(const std::vector<std::string>& arguments) {
   if (IsCompletionRequest(arguments)) {
@@ -22,7 +42,7 @@ ExitStatus Run(const std::vector<std::string>& arguments) {
     return kSuccess;
   }
   const Options options = ReadOptions(arguments, OptionsFromEnvironment());
-  CommandTree tree(PluginFolder(options));
+  CommandTree tree(PluginDirectory(options));
   return RunLine(tree, options);
 }
 

@@ -66,8 +66,8 @@ const char* FaultOf(const MetaObject& value, std::vector<const MetaObject*>& abo
 }  // namespace
 
 PluginError::PluginError(const NamespaceNode& node, const std::string& fault)
-    : std::runtime_error("the plug-in " + Quote(FileOf(node)) +
-                         " is broken: " + Quote(PathOf(node)) + ' ' + fault) {}
+    : HostError("the plug-in " + Quote(FileOf(node)) + " is broken: " + Quote(PathOf(node)) + ' ' +
+                fault) {}
 
 PluginError ThrownBy(const Command& command) {
   try {

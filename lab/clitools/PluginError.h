@@ -2,16 +2,16 @@
 #pragma once
 
 #include <memory>
-#include <stdexcept>
 #include <string>
 
+#include "baselibs/HostError.h"
 #include "platform/clitools/AutoCli.h"
 
 namespace CliTools {
 
 /// A node of the tree is not one that the framework can work with. `what()` names it, and the file
 /// of the plug-in that brought it.
-class [[gnu::visibility("default")]] PluginError : public std::runtime_error {
+class [[gnu::visibility("default")]] PluginError : public BaseLibs::HostError {
  public:
   PluginError(const AutoCli::NamespaceNode& node, const std::string& fault);
 };

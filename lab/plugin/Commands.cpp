@@ -15,6 +15,7 @@ namespace {
 
 using enum ParameterType;
 using enum Need;
+using enum Scope;
 
 template <std::int64_t kMin, std::int64_t kMax>
 ConstraintPtr Range() {
@@ -70,8 +71,9 @@ std::vector<StructPtr> ListHosts(Store& store) {
 
 // Disks.
 
-constexpr ParameterRow kDevice = {"device", "d", kString, kRequired,
-                                  "Device name of the disk, e.g. mpx.xhba2:C0:T1:L0."};
+constexpr ParameterRow kDevice = {
+    "device", "d",    kString, kRequired, "Device name of the disk, e.g. mpx.xhba2:C0:T1:L0.",
+    nullptr,  "disks"};
 
 ConstraintPtr DiskKinds() {
   return OneOf({{"flash", "a flash device"}, {"capacity", "a disk that is not flash"}});
@@ -190,191 +192,232 @@ void SetTraced(Store&, HostRow&, const InputPtr& input) {
 
 constexpr CommandRow kRows[] = {
     {"lab", "Commands to rehearse with stand-in hosts"},
+
     {"lab host", "Commands for the lab's hosts"},
-    {.path = "lab host add",
-     .description = "Add a host to the lab.",
-     .scope = "lab",
-     .parameters = {{"name", "n", kString, kRequired,
-                     "Name of the new host, for autocli's --host."}},
-     .failure = "Unable to add host: ",
-     .onLab = AddNamedHost,
-     .afterCommit = SettleHosts},
-    {.path = "lab host remove",
-     .description = "Remove a host from the lab, and from its cluster as if it had died.",
-     .scope = "lab",
-     .parameters = {{"name", "n", kString, kRequired, "Name of the host."}},
-     .failure = "Unable to remove host: ",
-     .onLab =
-         [](Store& store, const InputPtr& input) {
-           RemoveHost(store, RequireHost(store, input->GetParameter("name")));
-         },
-     .afterCommit = SettleHosts},
-    {.path = "lab host list",
-     .description = "List the lab's hosts.",
-     .scope = "lab",
-     .sample = [] { return HostRecord({}, "", ""); },
-     .list = ListHosts},
-    {.path = "lab host reboot",
-     .description = "Reboot a host: what runs on it is lost, what it has persisted is kept for the "
-                    "restore commands.",
-     .parameters = {{"name", "n", kString, kOptional,
-                     "Name of the host; the one that autocli's --host selects if not given."}},
-     .failure = "Unable to reboot host: ",
-     .onLab =
-         [](Store& store, const InputPtr& input) {
-           HostRow host = input->HasParameter("name")
-                              ? RequireHost(store, input->GetParameter("name"))
-                              : SelectedHost(store);
-           Reboot(store, host);
-         }},
+    {"lab host add",
+     "Add a host to the lab.",
+     kLab,
+     "# Add a second host, for --host.\nautocli lab host add --name host2",
+     {{"name", "n", kString, kRequired, "Name of the new host, for autocli's --host."}},
+     AddNamedHost,
+     "Unable to add host: ",
+     SettleHosts},
+    {"lab host remove",
+     "Remove a host from the lab, and from its cluster as if it had died.",
+     kLab,
+     "# Let a host die.\nautocli lab host remove --name host3",
+     {{"name", "n", kString, kRequired, "Name of the host.", nullptr, "hosts"}},
+     [](Store& store, const InputPtr& input) {
+       RemoveHost(store, RequireHost(store, input->GetParameter("name")));
+     },
+     "Unable to remove host: ",
+     SettleHosts},
+    {"lab host list",
+     "List the lab's hosts.",
+     kLab,
+     "# List the hosts and their roles.\nautocli lab host list\n"
+     "# Show the cluster of each host.\nautocli --fields \"Name,Cluster UUID\" lab host list",
+     {},
+     RecordList{[] { return HostRecord({}, "", ""); }, ListHosts,
+                "Name,Membership,Fault Domain,UUID"}},
+    {"lab host reboot",
+     "Reboot a host: what runs on it is lost, what it has persisted is kept for the restore "
+     "commands.",
+     kHost,
+     "# Reboot a host; \"dovra network restore\" and \"dovra cluster restore\" bring it back.\n"
+     "autocli lab host reboot --name host1",
+     {{"name", "n", kString, kOptional,
+       "Name of the host; the one that autocli's --host selects if not given.", nullptr, "hosts"}},
+     [](Store& store, const InputPtr& input) {
+       HostRow host = input->HasParameter("name") ? RequireHost(store, input->GetParameter("name"))
+                                                  : SelectedHost(store);
+       Reboot(store, host);
+     },
+     "Unable to reboot host: "},
 
     {"lab disk", "Commands for a host's disks"},
-    {.path = "lab disk add",
-     .description = "Plug an empty disk into this host. With auto claim mode on, the Dovra service "
-                    "then claims every empty disk.",
-     .parameters = {{"device", "d", kString, kRequired,
-                     "Device name of the disk, e.g. mpx.xhba2:C0:T4:L0."},
-                    {"kind", "k", kString, kRequired, "Kind of disk, one of %ENUM%.", DiskKinds}},
-     .failure = "Unable to add disk: ",
-     .onHost = PlugInNamed},
-    {.path = "lab disk fail",
-     .description =
-         "Let a disk of this host fail: it is seen but cannot be read. A flash disk that "
-         "fronts a disk group takes the whole group out of use.",
-     .parameters = {kDevice},
-     .failure = "Unable to fail disk: ",
-     .onHost = OnDisk<Fail>},
-    {.path = "lab disk unplug",
-     .description = "Unplug a disk from this host. The cluster still knows it, until it is removed "
-                    "by its UUID.",
-     .parameters = {kDevice},
-     .failure = "Unable to unplug disk: ",
-     .onHost = OnDisk<Unplug>},
-    {.path = "lab disk replug",
-     .description = "Plug in again what was unplugged, with all that is on it.",
-     .parameters = {kDevice},
-     .failure = "Unable to replug disk: ",
-     .onHost = OnDisk<Replug>},
-    {.path = "lab disk replace",
-     .description = "Put a new, empty disk in the place of one that failed or was unplugged, and "
-                    "that no disk group knows any more.",
-     .parameters = {kDevice},
-     .failure = "Unable to replace disk: ",
-     .onHost = OnDisk<Replace>},
-    {.path = "lab disk generate",
-     .description = "Add many disks to this host, claimed in disk groups: a flash disk and up to "
-                    "seven capacity disks behind it, then the next flash disk.",
-     .parameters = {{"count", "c", kInt, kRequired, "Number of disks (%ENUM%).",
-                     Range<1, 1000000>}},
-     .failure = "Unable to generate disks: ",
-     .onHost =
-         [](Store& store, HostRow& host, const InputPtr& input) {
-           Generate(store, host, input->GetParameterInt("count"));
-         }},
-    {.path = "lab disk list",
-     .description = "List this host's disks, claimed or not.",
-     .sample = [] { return DiskRecord({}); },
-     .list = ListDisks},
+    {"lab disk add",
+     "Plug an empty disk into this host. With auto claim mode on, the Dovra service then claims "
+     "every empty disk.",
+     kHost,
+     "# Plug a disk into an empty slot.\n"
+     "autocli lab disk add --device mpx.xhba2:C0:T4:L0 --kind capacity",
+     {{"device", "d", kString, kRequired, "Device name of the disk, e.g. mpx.xhba2:C0:T4:L0."},
+      {"kind", "k", kString, kRequired, "Kind of disk, one of %ENUM%.", DiskKinds}},
+     PlugInNamed,
+     "Unable to add disk: "},
+    {"lab disk fail",
+     "Let a disk of this host fail: it is seen but cannot be read. A flash disk that fronts a disk "
+     "group takes the whole group out of use.",
+     kHost,
+     "# Let a disk die.\nautocli lab disk fail --device mpx.xhba2:C0:T1:L0",
+     {kDevice},
+     OnDisk<Fail>,
+     "Unable to fail disk: "},
+    {"lab disk unplug",
+     "Unplug a disk from this host. The cluster still knows it, until it is removed by its UUID.",
+     kHost,
+     "# Pull the wrong disk.\nautocli lab disk unplug --device mpx.xhba2:C0:T1:L0",
+     {kDevice},
+     OnDisk<Unplug>,
+     "Unable to unplug disk: "},
+    {"lab disk replug",
+     "Plug in again what was unplugged, with all that is on it.",
+     kHost,
+     "# Put the disk back.\nautocli lab disk replug --device mpx.xhba2:C0:T1:L0",
+     {kDevice},
+     OnDisk<Replug>,
+     "Unable to replug disk: "},
+    {"lab disk replace",
+     "Put a new, empty disk in the place of one that failed or was unplugged, and that no disk "
+     "group knows any more.",
+     kHost,
+     "# Put a new disk into the slot of the dead one.\n"
+     "autocli lab disk replace --device mpx.xhba2:C0:T1:L0",
+     {kDevice},
+     OnDisk<Replace>,
+     "Unable to replace disk: "},
+    {"lab disk generate",
+     "Add many disks to this host, claimed in disk groups: a flash disk and up to seven capacity "
+     "disks behind it, then the next flash disk.",
+     kHost,
+     "# Make this a large host.\nautocli lab disk generate --count 40",
+     {{"count", "c", kInt, kRequired, "Number of disks (%ENUM%).", Range<1, 1000000>}},
+     [](Store& store, HostRow& host, const InputPtr& input) {
+       Generate(store, host, input->GetParameterInt("count"));
+     },
+     "Unable to generate disks: "},
+    {"lab disk list",
+     "List this host's disks, claimed or not.",
+     kHost,
+     "# List the disks, used and empty ones.\nautocli lab disk list",
+     {},
+     RecordList{[] { return DiskRecord({}); }, ListDisks,
+                "Device,Kind,Use,Mounted,State,Disk Group"}},
 
     {"lab network", "Commands for the network between the hosts"},
-    {.path = "lab network split",
-     .description = "Split the network: the named hosts reach each other and nobody else, the "
-                    "others stay together. Split again, and there are more parts.",
-     .scope = "lab",
-     .parameters = {{"name", "n", kStringList, kRequired,
-                     "Name of a host that is cut off with the others named."}},
-     .failure = "Unable to split the network: ",
-     .onLab =
-         [](Store& store, const InputPtr& input) {
-           std::vector<std::string> names;
-           input->GetParameterList("name", names);
-           SplitNetwork(store, names);
-         }},
-    {.path = "lab network heal",
-     .description = "End every split of the network: all hosts reach each other again.",
-     .scope = "lab",
-     .failure = "Unable to heal the network: ",
-     .onLab = [](Store& store, const InputPtr&) { HealNetwork(store); }},
+    {"lab network split",
+     "Split the network: the named hosts reach each other and nobody else, the others stay "
+     "together. Split again, and there are more parts.",
+     kLab,
+     "# Cut two hosts off from all others.\n"
+     "autocli lab network split --name host2 --name host3",
+     {{"name", "n", kStringList, kRequired, "Name of a host that is cut off with the others named.",
+       nullptr, "hosts"}},
+     [](Store& store, const InputPtr& input) {
+       std::vector<std::string> names;
+       input->GetParameterList("name", names);
+       SplitNetwork(store, names);
+     },
+     "Unable to split the network: "},
+    {"lab network heal",
+     "End every split of the network: all hosts reach each other again.",
+     kLab,
+     "# Connect all hosts again.\nautocli lab network heal",
+     {},
+     [](Store& store, const InputPtr&) { HealNetwork(store); },
+     "Unable to heal the network: "},
 
     {"lab fault", "Commands to make the control library fail"},
-    {.path = "lab fault add",
-     .description = "Make the next calls of a control-library operation on this host fail.",
-     .parameters =
-         {{"operation", "o", kString, kRequired,
-           "The operation that is to fail, e.g. LeaveCluster. The help of each command names "
-           "those that it calls, and the shell completes them.",
-           AnyOperation},
-          {"message", "m", kString, kRequired, "What the operation says when it fails."},
-          {"count", "c", kInt, kOptional, "How many calls fail (%ENUM%, 1 if not given).",
-           Range<1, 1000000>},
-          {"after", "k", kInt, kOptional, "How many calls pass first (%ENUM%, none if not given).",
-           Range<0, 1000000>}},
-     .failure = "Unable to add fault: ",
-     .onHost = AddFault},
-    {.path = "lab fault list",
-     .description = "List the faults that wait for their calls, on every host of the lab, or with "
-                    "autocli's --host on one host.",
-     .sample = [] { return FaultRecord({}, {}); },
-     .list = ListFaults},
-    {.path = "lab fault clear",
-     .description =
-         "Take back faults: every one on every host of the lab, or with autocli's --host "
-         "those of one host.",
-     .parameters = {{"operation", "o", kString, kOptional, "Only those on this operation.",
-                     AnyOperation},
-                    {"message", "m", kString, kOptional,
-                     "Only those that say this, as \"lab fault list\" shows it."}},
-     .failure = "Unable to clear faults: ",
-     .onLab = ClearFaults},
+    {"lab fault add",
+     "Make the next calls of a control-library operation on this host fail.",
+     kHost,
+     "# Let the next leave fail.\n"
+     "autocli lab fault add --operation LeaveCluster --message \"The cluster is busy.\"\n"
+     "# Let three reads of the configuration fail, on another host.\n"
+     "autocli --host host2 lab fault add -o GetClusterConfig -m \"No answer.\" --count 3\n"
+     "# Let a listing fail at its third disk.\n"
+     "autocli lab fault add -o GetDiskInfo -m \"I/O error.\" --after 2",
+     {{"operation", "o", kString, kRequired,
+       "The operation that is to fail, e.g. LeaveCluster. The help of each command names those "
+       "that "
+       "it calls, and the shell completes them.",
+       AnyOperation},
+      {"message", "m", kString, kRequired, "What the operation says when it fails."},
+      {"count", "c", kInt, kOptional, "How many calls fail (%ENUM%, 1 if not given).",
+       Range<1, 1000000>},
+      {"after", "k", kInt, kOptional, "How many calls pass first (%ENUM%, none if not given).",
+       Range<0, 1000000>}},
+     AddFault,
+     "Unable to add fault: "},
+    {"lab fault list",
+     "List the faults that wait for their calls, on every host of the lab, or with autocli's "
+     "--host "
+     "on one host.",
+     kHost,
+     "# Show what is still to fail.\nautocli lab fault list",
+     {},
+     RecordList{[] { return FaultRecord({}, {}); }, ListFaults}},
+    {"lab fault clear",
+     "Take back faults: every one on every host of the lab, or with autocli's --host those of one "
+     "host.",
+     kHost,
+     "# Remove all faults.\nautocli lab fault clear\n"
+     "# Remove one of two faults on an operation of a host.\n"
+     "autocli --host host2 lab fault clear -o GetClusterConfig -m \"No answer.\"",
+     {{"operation", "o", kString, kOptional, "Only those on this operation.", AnyOperation},
+      {"message", "m", kString, kOptional,
+       "Only those that say this, as \"lab fault list\" shows it.", nullptr, "fault-messages"}},
+     ClearFaults,
+     "Unable to clear faults: "},
 
     {"lab api", "Commands for a host's control library"},
-    {.path = "lab api set",
-     .description = "Set the version of this host's control library.",
-     .parameters = {{"version", "v", kInt, kRequired,
-                     "Version (%ENUM%). Version 1 lacks the newer network operations.",
-                     Range<1, 2>}},
-     .failure = "Unable to set the API version: ",
-     .onHost =
-         [](Store& store, HostRow& host, const InputPtr& input) {
-           host.apiVersion = input->GetParameterInt("version");
-           store.Save(host);
-         }},
+    {"lab api set",
+     "Set the version of this host's control library.",
+     kHost,
+     "# Make the control library of this host too old.\nautocli lab api set --version 1",
+     {{"version", "v", kInt, kRequired,
+       "Version (%ENUM%). Version 1 lacks the newer network operations.", Range<1, 2>}},
+     [](Store& store, HostRow& host, const InputPtr& input) {
+       host.apiVersion = input->GetParameterInt("version");
+       store.Save(host);
+     },
+     "Unable to set the API version: "},
+
     {"lab maintenance", "Commands for a host's maintenance mode"},
-    {.path = "lab maintenance start",
-     .description = "Let this host begin to enter maintenance mode; \"dovra maintenancemode "
-                    "cancel\" ends it.",
-     .failure = "Unable to start maintenance: ",
-     .onHost = [](Store& store, HostRow& host, const InputPtr&) { StartMaintenance(store, host); }},
+    {"lab maintenance start",
+     "Let this host begin to enter maintenance mode; \"dovra maintenancemode cancel\" ends it.",
+     kHost,
+     "# Begin to enter maintenance mode.\nautocli lab maintenance start",
+     {},
+     [](Store& store, HostRow& host, const InputPtr&) { StartMaintenance(store, host); },
+     "Unable to start maintenance: "},
+
     {"lab resync", "Commands for a host's resynchronisation"},
-    {.path = "lab resync set",
-     .description = "Set how much this host resynchronises; the throttle limits it.",
-     .parameters = {{"demand", "d", kInt, kRequired,
-                     "What resync would use unthrottled, in Mbps (%ENUM%).", Range<0, 1000000>}},
-     .failure = "Unable to set resync: ",
-     .onHost =
-         [](Store& store, HostRow& host, const InputPtr& input) {
-           host.resyncDemand = input->GetParameterInt("demand");
-           store.Save(host);
-         }},
+    {"lab resync set",
+     "Set how much this host resynchronises; the throttle limits it.",
+     kHost,
+     "# Give the host much to resynchronise.\nautocli lab resync set --demand 800",
+     {{"demand", "d", kInt, kRequired, "What resync would use unthrottled, in Mbps (%ENUM%).",
+       Range<0, 1000000>}},
+     [](Store& store, HostRow& host, const InputPtr& input) {
+       host.resyncDemand = input->GetParameterInt("demand");
+       store.Save(host);
+     },
+     "Unable to set resync: "},
+
     {"lab traced", "Commands for a host's trace daemon"},
-    {.path = "lab traced set",
-     .description = "Set how this host's trace daemon behaves.",
-     .parameters = {{"state", "s", kString, kRequired, "State of the daemon, one of %ENUM%.",
-                     DaemonStates},
-                    {"fail-restarts", "f", kInt, kOptional,
-                     "How many of the next restarts fail (%ENUM%, none if not given).",
-                     Range<0, 1000>}},
-     .failure = "Unable to set the trace daemon: ",
-     .onHost = SetTraced},
-    {.path = "lab reset",
-     .description = "Make the lab as it was when new: every host and cluster is lost.",
-     .scope = "lab",
-     .parameters = {{"force", "", kFlag, kOptional,
-                     "Do it without a question; needed where nobody can be asked."}},
-     .failure = "Unable to reset the lab: ",
-     .question = "Every host and cluster of the lab will be lost.",
-     .onLab = [](Store& store, const InputPtr&) { ResetLab(store, Selected().hostFiles); },
-     .afterCommit = SettleHosts},
+    {"lab traced set",
+     "Set how this host's trace daemon behaves.",
+     kHost,
+     "# Let the daemon start at the third attempt.\n"
+     "autocli lab traced set --state running --fail-restarts 2",
+     {{"state", "s", kString, kRequired, "State of the daemon, one of %ENUM%.", DaemonStates},
+      {"fail-restarts", "f", kInt, kOptional,
+       "How many of the next restarts fail (%ENUM%, none if not given).", Range<0, 1000>}},
+     SetTraced,
+     "Unable to set the trace daemon: "},
+
+    {"lab reset",
+     "Make the lab as it was when new: every host and cluster is lost.",
+     kLab,
+     "# Start again with a new lab.\nautocli lab reset --force",
+     {{"force", "", kFlag, kOptional,
+       "Do it without a question; needed where nobody can be asked."}},
+     [](Store& store, const InputPtr&) { ResetLab(store, Selected().hostFiles); },
+     "Unable to reset the lab: ",
+     SettleHosts,
+     "Every host and cluster of the lab will be lost."},
 };
 
 }  // namespace

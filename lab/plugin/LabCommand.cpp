@@ -16,7 +16,14 @@ class LabCommand : public Command {
  public:
   explicit LabCommand(const CommandRow& row) : row_(row) {
     SetDescription(row.description);
-    if (row.scope) SetMetaDataField("scope", row.scope);
+    if (row.scope == Scope::kLab) SetMetaDataField("scope", "lab");
+    SetMetaDataField("examples", row.examples);
+    std::string values;
+    for (const ParameterRow& parameter : row.parameters) {
+      if (parameter.values)
+        values.append(parameter.name).append("=").append(parameter.values) += ',';
+    }
+    SetMetaDataField("values", values);
   }
 
  protected:
@@ -50,11 +57,11 @@ class Operation final : public LabCommand {
 
   void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
     try {
-      if (row_.onHost) {
+      if (const auto* const change = std::get_if<HostChange>(&row_.work)) {
         LabHost::Current().Change(
-            [&](Store& store, HostRow& host) { row_.onHost(store, host, input); });
+            [&](Store& store, HostRow& host) { (*change)(store, host, input); });
       } else {
-        ChangeLab([&](Store& store) { row_.onLab(store, input); });
+        ChangeLab([&](Store& store) { std::get<LabChange>(row_.work)(store, input); });
       }
       if (row_.afterCommit) row_.afterCommit(output);
       output->SetRootObject(MetaBool::New(true));
@@ -67,30 +74,33 @@ class Operation final : public LabCommand {
 /// Lists records.
 class Listing final : public LabCommand {
  public:
-  explicit Listing(const CommandRow& row) : LabCommand(row) {
+  explicit Listing(const CommandRow& row) : LabCommand(row), list_(std::get<RecordList>(row.work)) {
     SetMetaDataField("type", "fetcher");
     SetDefaultOutputFormatter("table");
-    const StructPtr sample = row.sample();
+    if (list_.columns) SetMetaDataField("columns", list_.columns);
+    const StructPtr sample = list_.sample();
     SetDefaultOutputParameter("fields:" + sample->GetName(),
                               BaseLibs::Join(sample->GetFieldNames(), ","));
   }
 
  private:
   OutputSpecPtr GetOutputSpecInternal() override {
-    return MakeOutputSpec(MetaList::New(MetaType::kStruct, row_.sample()));
+    return MakeOutputSpec(MetaList::New(MetaType::kStruct, list_.sample()));
   }
 
   void ExecuteInternal(const InputPtr&, const OutputPtr& output) override {
-    const auto list = MetaList::New(MetaType::kStruct, row_.sample());
+    const auto list = MetaList::New(MetaType::kStruct, list_.sample());
     Store& store = OpenStore();
     const Store::Transaction transaction(store, Store::Transaction::Kind::kRead);
-    for (StructPtr& record : row_.list(store)) list->Add(std::move(record));
+    for (StructPtr& record : list_.records(store)) list->Add(std::move(record));
     output->SetRootObject(list);
   }
+
+  RecordList list_;
 };
 
 std::shared_ptr<CommandSpec> MakeNode(const CommandRow& row) {
-  if (row.list) return std::make_shared<Listing>(row);
+  if (std::holds_alternative<RecordList>(row.work)) return std::make_shared<Listing>(row);
   if (row.failure) return std::make_shared<Operation>(row);
   auto space = Namespace::New();
   space->SetDescription(row.description);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <span>
+#include <variant>
 #include <vector>
 
 #include "corectl/session/LabHost.h"
@@ -34,30 +35,37 @@ struct ParameterRow {
   Need need;
   const char* description;
   ConstraintPtr (*constraint)() = nullptr;
+  const char* values = nullptr;  ///< the list that completion offers, such as "hosts"
 };
 
-/// A namespace, or a command with either `onHost` or `onLab`, or with `list`.
+enum class Scope {
+  kHost,  ///< autocli's --host selects the host
+  kLab,   ///< --host is refused
+};
+
+// What a command does. A change is one transaction, and throws `DovraCtlException` for a refusal.
+using HostChange = void (*)(Store&, HostRow&, const InputPtr&);
+using LabChange = void (*)(Store&, const InputPtr&);
+struct RecordList {
+  StructPtr (*sample)();  ///< returns a record with every field
+  std::vector<StructPtr> (*records)(Store&);
+  const char* columns = nullptr;  ///< the fields that a table shows by default; null: all
+};
+
+/// A command, or a namespace if it does nothing.
 struct CommandRow {
   const char* path;
   const char* description;
-  /// Of the command: "lab" if autocli's --host is refused, else null.
-  const char* scope = nullptr;
+  Scope scope = Scope::kLab;
+  const char* examples = nullptr;  ///< "# PURPOSE" and a command line, in turn
   std::initializer_list<ParameterRow> parameters = {};
-
-  // A command that changes something, in one transaction. The functions throw `DovraCtlException`
-  // for what they refuse.
-  const char* failure = nullptr;   ///< the beginning of the message of a refusal
-  const char* question = nullptr;  ///< what is to be confirmed before, if anything
-  void (*onHost)(Store&, HostRow&, const InputPtr&) = nullptr;  ///< on the selected host
-  void (*onLab)(Store&, const InputPtr&) = nullptr;
+  std::variant<std::monostate, HostChange, LabChange, RecordList> work = {};
+  const char* failure = nullptr;  ///< the beginning of the message of a refusal
   void (*afterCommit)(const OutputPtr&) = nullptr;
-
-  // A command that lists records.
-  StructPtr (*sample)() = nullptr;  ///< returns a record with every field
-  std::vector<StructPtr> (*list)(Store&) = nullptr;
+  const char* question = nullptr;  ///< what has to be confirmed before a change
 };
 
-/// Registers the rows below `root`. Each stands behind the namespace that it belongs to.
+/// Registers the rows below `root`. Each follows the namespace that it belongs to.
 void Register(std::span<const CommandRow> rows, CliTools::AutoCli::Namespace& root);
 
 }  // namespace Lab

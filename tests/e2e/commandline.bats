@@ -18,7 +18,7 @@ load common
     wrong '--batch and --list do not go together' --list --batch x
     wrong 'dovra cluster get: --echo goes with --batch' dovra cluster get --echo
     wrong 'dovra cluster get: --keep-going goes with --batch' dovra cluster get --keep-going
-    HOME='' XDG_STATE_HOME='' AUTOCLI_LAB='' unusable 'there is no folder for the lab: name one with --lab or AUTOCLI_LAB' dovra trace get
+    HOME='' XDG_STATE_HOME='' AUTOCLI_LAB='' unusable 'there is no directory for the lab: name one with --lab or AUTOCLI_LAB' dovra trace get
     for command in 'host list' 'host add -n x' 'host remove -n x' 'network heal' 'network split -n x' reset; do
         wrong "lab ${command%% -n*}: --host: this command is for the whole lab, not for one of its hosts" --host host1 lab $command
     done
@@ -30,7 +30,7 @@ load common
 @test "help at every level, however it is asked for" {
     expect 0 '*Options:*Orvane Dovra commands*Exit status*' '' --help
     expect 0 $'*\n\nOutput: one record with the fields\n  Enabled, *' '' dovra cluster get --help
-    expect 0 $'*Mbps (0 to 512, 0 means*\n\nExamples:\n  # Resync gets no more than 100 Mbps.\n  autocli*' '' dovra resync throttle set --help
+    expect 0 $'*Mbps (0 to 512, 0 means*\n\nExamples:\n  # Limit resync to 100 Mbps.\n  autocli*' '' dovra resync throttle set --help
     for words in 'help dovra resync throttle set' 'dovra resync throttle help set' 'dovra resync throttle set help' \
         'dovra -h resync throttle set' 'dovra resync throttle set --level --bogus -h' \
         '--formatter none dovra resync throttle set -h' '--bogus --host dovra --list dovra resync throttle set --fields , -l1 help'; do
@@ -38,7 +38,7 @@ load common
     done
     expect 0 'Usage: autocli dovra cluster join *' '' dovra cluster join -wh
     expect 0 'Usage: autocli odd*' '' --bogus --plugin-dir "$FAULTY_PLUGINS" odd --help
-    wrong '--host: the name is empty' --host= dovra cluster get
+    wrong '--host: the value is empty' --host= dovra cluster get
     [[ ! -e $AUTOCLI_LAB ]]
     for words in 'datastore add --name -h' 'datastore add --name help' 'datastore add -n--help' 'cluster get -H --help'; do
         run autocli dovra $words # a value, not help

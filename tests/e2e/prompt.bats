@@ -7,6 +7,8 @@ load common
     expect 0 $'Cluster Information\n   Local Node State: MASTER\n   Enabled: true' '' --fields "$fields" dovra cluster get
     expect 0 $'{\n  "Local Node State": "MASTER",\n  "Enabled": true\n}' '' --fields "$fields" --formatter json dovra cluster get
     expect 0 'dovra policy getdefault*' '' --list --no-header -f table --fields Command
+    expect 0 $'Name   Membership  Fault Domain  UUID\n*' '' lab host list
+    expect 0 $'Name,UUID,Cluster UUID,Membership,Fault Domain,API Version,Network Group\n*' '' -f csv lab host list
     wrong "dovra cluster leave: --fields: this command's result has no fields" --fields Name dovra cluster leave
     wrong '--fields: a name is empty' --fields 'Name,' lab host list
     wrong 'lab host list: --fields: "Name" is named twice' --fields Name,UUID,Name lab host list

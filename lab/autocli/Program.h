@@ -1,0 +1,33 @@
+// What all parts of autocli share: its files, the lab that it works on, its exit statuses.
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <string>
+
+#include "autocli/Options.h"
+
+namespace AutoCliProgram {
+
+enum ExitStatus {
+  kSuccess = 0,
+  kCommandFailed = 1,
+  kWrongUse = 2,
+  kHostUnusable = 3,
+  kResultLost = 4,  ///< the command ran, but its result could not be written
+};
+
+/// Returns the directory that holds bin, lib and share.
+const std::filesystem::path& Prefix();
+
+std::filesystem::path PluginDirectory(const Options& options);
+
+/// Selects the lab and the host of the options for what follows. Throws `HostError` when no
+/// directory is known for the lab.
+void SelectLab(const Options& options);
+
+/// Runs `work`. Prints an exception as one line, which begins with `location`, and returns the exit
+/// status for it.
+ExitStatus Guard(const std::string& location, const std::function<ExitStatus()>& work);
+
+}  // namespace AutoCliProgram
