@@ -112,7 +112,7 @@ std::vector<Row> WrapCells(const Row& row, const Widths& widths) {
       lines.front()[index] = row[index];
       continue;
     }
-    const std::string wrapped = Wrap(row[index], 0, widths[index]);
+    const std::string wrapped = Wrap(BaseLibs::Trim(row[index]), 0, widths[index]);
     std::size_t begin = 0;
     for (std::size_t line = 0; begin < wrapped.size(); ++line) {
       const std::size_t end = wrapped.find('\n', begin);

@@ -119,7 +119,7 @@ TEST(Format, ShowsRecordsOfUnequalFields) {
 }
 
 TEST(Format, FitsTablesToThePage) {
-  const auto disks = MakeDisks({MakeDisk("one two three", 5, {"a", "b"}), MakeDisk("漢字 x", 6)});
+  const auto disks = MakeDisks({MakeDisk("one two three", 5, {"a", "b"}), MakeDisk(" 漢字 x", 6)});
   const auto table = [&](std::size_t width) {
     return Format(*disks, "table", {{"fields:Disk", "Name,Size,Tags"}}, {.width = width});
   };
@@ -129,7 +129,7 @@ TEST(Format, FitsTablesToThePage) {
             "------------  ----  ----\n"
             "one two          5  a, b\n"
             "three\n"
-            "漢字 x           6\n");
+            " 漢字 x          6\n");
   EXPECT_EQ(table(17),
             "Name   Size  Tags\n"
             "-----  ----  ----\n"
