@@ -1,8 +1,9 @@
-// Any result makes a document that other people's parsers read, and JSON gives the result back.
-// The input is MessagePack, which holds what JSON does, and texts that are not UTF-8.
+// Formats any result: every document is UTF-8, and another parser reads the JSON back as the
+// result.
+
+#include <fuzzer/FuzzedDataProvider.h>
 
 #include <nlohmann/json.hpp>
-#include <utility>
 
 #include "Fuzz.h"
 #include "clitools/Format.h"
@@ -12,47 +13,37 @@ using Json = nlohmann::ordered_json;
 
 namespace {
 
-/// With U+FFFD for what is not UTF-8.
-Json Readable(const Json& value) {
-  return Json::parse(value.dump(-1, ' ', false, Json::error_handler_t::replace));
-}
-
-/// Of any value that which a result can be: its lists are of texts, or of records that have fields
-/// of the first one's.
-Json Tame(const Json& value) {
-  if (value.is_boolean() || value.is_string()) return value;
-  if (value.is_number_integer()) return value.get<std::int64_t>();
-  Json tamed = value.is_object() ? Json::object() : Json::array();
-  if (value.is_object()) {
-    for (const auto& [name, field] : value.items()) tamed[Readable(name)] = Tame(field);
-  } else if (value.is_array()) {
-    for (const Json& element : value) {
-      if (value.front().is_object() ? !element.is_object() : !element.is_string()) continue;
-      Json kept = Tame(element);
-      if (kept.is_object() && !tamed.empty()) {
-        const Json whole = std::exchange(kept, Json::object());
-        for (const auto& [name, ignored] : tamed.front().items()) {
-          if (whole.contains(name)) kept[name] = whole[name];
-        }
-      }
-      tamed.push_back(kept);
-    }
+Json MakeJson(FuzzedDataProvider& data, int depth) {
+  const int kind = data.ConsumeIntegralInRange(0, depth > 0 ? 5 : 2);
+  if (kind == 0) return data.ConsumeBool();
+  if (kind == 1) return data.ConsumeIntegral<std::int64_t>();
+  if (kind == 2) return data.ConsumeRandomLengthString();
+  Json record = Json::object();
+  for (char unique = 'a'; unique < 'z' && data.ConsumeBool(); ++unique) {
+    record[unique + data.ConsumeRandomLengthString()] = MakeJson(data, depth - 1);
   }
-  return tamed;
+  if (kind == 3) return record;
+  Json list = Json::array();
+  if (kind == 4) list.push_back(record);  // decides which fields are shown of the others
+  while (data.ConsumeBool()) {
+    if (kind == 4 && data.ConsumeBool() && !record.empty()) record.erase(record.begin());
+    list.push_back(kind == 4 ? record : Json(data.ConsumeRandomLengthString()));
+  }
+  return list;
 }
 
-std::shared_ptr<MetaObject> Make(const Json& tamed) {
-  if (tamed.is_boolean()) return MetaBool::New(tamed.get<bool>());
-  if (tamed.is_string()) return MetaString::New(tamed.get<std::string>());
-  if (tamed.is_number()) return MetaInt::New(tamed.get<std::int64_t>());
-  if (tamed.is_object()) {
+std::shared_ptr<MetaObject> Make(const Json& json) {
+  if (json.is_boolean()) return MetaBool::New(json.get<bool>());
+  if (json.is_string()) return MetaString::New(json.get<std::string>());
+  if (json.is_number()) return MetaInt::New(json.get<std::int64_t>());
+  if (json.is_object()) {
     const auto record = MetaStruct::New("R");
-    for (const auto& [name, field] : tamed.items()) record->SetField(name, Make(field));
+    for (const auto& [name, field] : json.items()) record->SetField(name, Make(field));
     return record;
   }
-  const bool isOfRecords = !tamed.empty() && tamed.front().is_object();
+  const bool isOfRecords = !json.empty() && json.front().is_object();
   const auto list = MetaList::New(isOfRecords ? MetaType::kStruct : MetaType::kString);
-  for (const Json& element : tamed) {
+  for (const Json& element : json) {
     if (isOfRecords) {
       list->Add(std::static_pointer_cast<MetaStruct>(Make(element)));
     } else {
@@ -64,17 +55,17 @@ std::shared_ptr<MetaObject> Make(const Json& tamed) {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  constexpr std::size_t kMost = 1000;  // bytes; more would only nest more than the parser can take
-  const Json value = size > kMost ? Json(Json::value_t::discarded)
-                                  : Json::from_msgpack(data, data + size, true, false);
-  if (value.is_discarded()) return -1;
-  const Json tamed = Tame(value);
-  const auto result = Make(tamed);
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
+  constexpr int kDepth = 4;
+  FuzzedDataProvider data(bytes, size);
+  const Json json = MakeJson(data, kDepth);
+  // With U+FFFD for bytes that are not UTF-8.
+  const Json readable = Json::parse(json.dump(-1, ' ', false, Json::error_handler_t::replace));
+  const auto result = Make(json);
   for (const std::string& formatter : CliTools::FormatterNames()) {
-    const std::string text = CliTools::Format(*result, formatter, {});
+    const std::string text = CliTools::Format(*result, formatter, {}, {.width = 40});
     Require("UTF-8", !Json(text).dump().empty());  // throws
-    if (formatter == "json") Require("JSON", Json::parse(text) == Readable(tamed));
+    if (formatter == "json") Require("JSON", Json::parse(text) == readable);
   }
   return 0;
 }
