@@ -43,7 +43,8 @@ shows() {
     succeed dovra cluster unicastagent add -a 192.0.2.20
     completes 'autocli dovra cluster unicastagent remove -a ' 192.0.2.20
     completes 'autocli dovra storage add -s ' mpx.xhba1:C0:T0:L0
-    completes 'autocli dovra storage add -d mpx.xhba2:C0:T1' mpx.xhba2:C0:T1:L0
+    completes 'autocli dovra storage add -d ' mpx.xhba2:C0:T{0,1,3}:L0 # the others are in use
+    same $'mpx.xhba2:C0:T2:L0\tin group mpx.xhba1:C0:T1:L0' "$("$AUTOCLI" --complete 'autocli lab disk fail -d mpx.xhba2:C0:T2')"
     completes 'autocli dovra storage remove --ssd ' mpx.xhba1:C0:T1:L0
     completes 'autocli dovra storage unmount --disk ' ''
     completes 'autocli dovra storage diskgroup unmount --disk ' mpx.xhba1:C0:T1:L0 mpx.xhba2:C0:T2:L0

@@ -34,7 +34,7 @@ END
     same $'Name\nhost1\nother' "$(autocli --lab "$BATS_TEST_TMPDIR/other lab" --formatter csv --fields Name lab host list)"
     same 'host1 host2' "$(hosts)"
 
-    expect 1 $'true\nfalse\ntrue' 'standard input:2: *' --host host2 --keep-going --batch - <<<$'lab traced set -s stopped\ndovra maintenancemode cancel\nlab reset --force'
+    expect 1 $'true\nfalse\ntrue' $'standard input:2: *\nautocli: 1 line failed' --host host2 --keep-going --batch - <<<$'lab traced set -s stopped\ndovra maintenancemode cancel\nlab reset --force'
     cd "$BATS_TEST_TMPDIR"
     text=$'lab "host\n--host nope dovra trace get\n--batch x\n--echo lab reset\n--plugin-dir x --list\ndovra clutser\n\0'
     printf '%s' "$text" >wrong
