@@ -16,6 +16,7 @@
 #include "clitools/Help.h"
 #include "clitools/Nodes.h"
 #include "clitools/PluginError.h"
+#include "corectl/session/LabHost.h"
 
 namespace AutoCliProgram {
 
@@ -111,16 +112,18 @@ Call PrepareCall(Command& command, const CliTools::CallSpec::InputSpec& input,
   }
 }
 
-/// Asks somebody at a terminal whether it is to be. Throws `UsageError` where there is nobody.
+/// Asks on the terminal whether to go on. Throws `UsageError` when there is no terminal.
 bool IsConfirmed(const Command& command, const std::string& consequence) {
   if (isatty(STDIN_FILENO) == 0 || isatty(STDERR_FILENO) == 0) {
     throw UsageError(CliTools::PathOf(command) + ": " + consequence +
-                     " Nobody can be asked here; --force does it without a question");
+                     " Without a terminal to ask on, it takes --force");
   }
   std::fprintf(stderr, "%s Go on? [y/N] ", CliTools::Printable(consequence).c_str());
   const int answer = std::getchar();
-  // What is left of the line is no line of a batch.
-  for (int rest = answer; rest != '\n' && rest != EOF;) rest = std::getchar();
+  int last = answer;
+  // The rest of the line is not a line of a batch.
+  while (last != '\n' && last != EOF) last = std::getchar();
+  if (last == EOF) std::fputc('\n', stderr);  // the terminal showed no end of line
   return answer == 'y' || answer == 'Y';
 }
 
@@ -156,8 +159,13 @@ ExitStatus RunCommand(Command& command, const Call& call, const Options& options
     return kCommandFailed;
   }
   SelectLab(call.options);
+  const bool mayCreateDefaultLab = call.options.lab.empty() && !Lab::IsMade();
   const auto output = CliTools::CallSpec::Output::New();
   Execute(command, call, output);
+  if (mayCreateDefaultLab && Lab::IsMade()) {
+    PrintRemark("Created a lab in " + CliTools::Quote(Lab::Selected().folder.string()) +
+                "; --lab or AUTOCLI_LAB selects another directory.");
+  }
   ExitStatus status = kSuccess;
   if (const auto& root = output->GetRootObject()) {
     status = Guard(options.location, [&] {

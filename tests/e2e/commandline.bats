@@ -4,6 +4,8 @@ load common
 @test "a wrong command line is refused in words that name what is allowed" {
     wrong 'a command is missing; known here: dovra, lab (more: autocli --help)'
     wrong 'dovra: there is no "clutser"; did you mean "cluster"? (known here: *' dovra clutser get
+    wrong 'a command is missing; *' --host host1
+    wrong 'dovra: a command is missing; *' dovra --host host1
     wrong 'dovra faultdomain: a command is missing; known here: set, get, reset (more: autocli dovra faultdomain --help)' dovra faultdomain
     wrong '*"yaml"*simple, table, json, csv*' --formatter yaml dovra cluster get
     wrong "dovra cluster new: --formatter: \"csv\" cannot show this command's result; allowed: simple, json" --formatter csv dovra cluster new
@@ -22,7 +24,7 @@ load common
     for command in 'host list' 'host add -n x' 'host remove -n x' 'network heal' 'network split -n x' reset; do
         wrong "lab ${command%% -n*}: --host: this command is for the whole lab, not for one of its hosts" --host host1 lab $command
     done
-    wrong 'lab reset: Every host and cluster of the lab will be lost. Nobody can be asked here; --force does it without a question' lab reset
+    wrong 'lab reset: Every host and cluster of the lab will be lost. Without a terminal to ask on, it takes --force' lab reset
     wrong '*' --lab '' dovra cluster get
     [[ ! -e $AUTOCLI_LAB ]] # none of this made a lab
 }

@@ -36,11 +36,18 @@ shows() { same "$1" "$(on_terminal "$2")"; }
     shows "$(autocli lab disk list)" '$AUTOCLI lab disk list | cat'
 }
 
+@test "the first command says where it has made the default lab" {
+    export HOME=$BATS_TEST_TMPDIR XDG_STATE_HOME='' AUTOCLI_LAB='' NO_COLOR=1
+    shows $'Created a lab in "'"$HOME/.local/state/autocli/lab"$'"; --lab or AUTOCLI_LAB selects another directory.\ntrue' '$AUTOCLI dovra cluster new'
+    shows true '$AUTOCLI dovra cluster leave'
+    shows true '$AUTOCLI --lab "$HOME/other" dovra cluster new'
+}
+
 @test "what cannot be undone is asked for" {
     succeed lab host add --name host2
     cd "$BATS_TEST_TMPDIR"
     for command in '$AUTOCLI lab reset </dev/null' '$AUTOCLI lab reset 2>&1 | cat'; do
-        shows '*Nobody can be asked here*' "$command"
+        shows '*Without a terminal to ask on, it takes --force*' "$command"
     done
     for answered in 'n=*Nothing was done.*status 1' '=*Nothing was done.*status 1' 'y=*true*status 0'; do
         same 'host1 host2' "$(hosts)"
@@ -48,6 +55,7 @@ shows() { same "$1" "$(on_terminal "$2")"; }
         same "*Every host and cluster of the lab will be lost. Go on? [y/N] ${answered#*=}" "$(tr -d '\r' <asked)"
     done
     same host1 "$(hosts)"
+    same $'*[y/N] *\nNothing was done.' "$(TERM=dumb script -qec '$AUTOCLI lab reset' /dev/null </dev/null | tr -d '\r')"
     TERM=dumb script -qec '$AUTOCLI --batch -' /dev/null <<<$'lab reset\nyes\nlab host add -n host2' >asked
     same 'host1 host2' "$(hosts)"
     [[ $(cat asked) != *'"es"'* ]]
