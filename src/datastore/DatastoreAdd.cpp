@@ -29,14 +29,12 @@ class DatastoreAdd final : public SuccessCommand<DatastoreAdd> {
   }
 
   void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
-    std::string uuid = Given<std::string>(input, "uuid").value_or("");
+    std::string uuid = input->GetParameter("uuid");
     const std::string name = input->GetParameter("name");
     try {
       const ControlLibrary library;
       if (uuid.empty()) uuid = GenerateUuid();
-      if (uuid.empty()) {
-        return output->AddErrorMessage(kNoUuidMessage);
-      }
+      if (uuid.empty()) return output->AddErrorMessage(kNoUuidMessage);
       library->AddDatastore(DovraDatastore(uuid, name, false));
       output->SetRootObject(MetaBool::New(true));
     } catch (const DovraCtlException& failure) {

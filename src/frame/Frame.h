@@ -58,8 +58,7 @@ ConstraintPtr OneOf(std::initializer_list<std::pair<const char*, const char*>> v
 /// Allows the numbers from `min` to `max`, both included.
 ConstraintPtr Between(std::int64_t min, std::int64_t max);
 
-/// What the call gave for the parameter; nothing when it was not given: no host promises a value
-/// then. `Value` is a text, a number, a truth value or a list of texts, as the parameter is.
+/// Returns the parameter's string, number or truth value; nothing when the call does not give it.
 template <class Value>
 std::optional<Value> Given(const InputPtr& input, const char* parameter) {
   if (!input->HasParameter(parameter)) return std::nullopt;
@@ -67,10 +66,6 @@ std::optional<Value> Given(const InputPtr& input, const char* parameter) {
     return input->GetParameterBool(parameter);
   } else if constexpr (std::is_same_v<Value, std::int64_t>) {
     return input->GetParameterInt(parameter);
-  } else if constexpr (std::is_same_v<Value, std::vector<std::string>>) {
-    Value values;
-    input->GetParameterList(parameter, values);
-    return values;
   } else {
     return input->GetParameter(parameter);
   }

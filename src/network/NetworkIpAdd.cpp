@@ -74,11 +74,12 @@ void OverrideNumber(const InputPtr& input, const char* parameter, std::int32_t& 
 
 /// The types given replace those that the interface carries.
 void OverrideTraffic(const InputPtr& input, Settings& settings) {
-  const auto types = Given<std::vector<std::string>>(input, "traffic-type");
-  if (!types) return;
+  if (!input->HasParameter("traffic-type")) return;
+  std::vector<std::string> types;
+  input->GetParameterList("traffic-type", types);
   settings.carriesDovra = false;
   settings.carriesWitness = false;
-  for (const std::string& type : *types) {
+  for (const std::string& type : types) {
     if (type == kDovraTraffic) {
       settings.carriesDovra = true;
     } else if (type == kWitnessTraffic) {

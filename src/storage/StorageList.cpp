@@ -113,8 +113,8 @@ class StorageList final : public ListCommand<StorageList> {
   }
 
   void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
-    const std::string device = Given<std::string>(input, "device").value_or("");
-    const std::string uuid = Given<std::string>(input, "uuid").value_or("");
+    const std::string device = input->GetParameter("device");
+    const std::string uuid = input->GetParameter("uuid");
     if (!device.empty() && !uuid.empty()) {
       return output->AddErrorMessage("Only one of --device or --uuid can be specified.");
     }
