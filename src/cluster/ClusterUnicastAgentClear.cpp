@@ -13,9 +13,8 @@ using CoreCtl::Dovra::DovraUtil;
 
 namespace {
 
-/// Clearing passes over the fields between the UUID and the address in one go, so it cannot name
-/// the one that is broken there as the listing does.
-std::string DescribeFault(const UnicastAgentEntry& entry) {
+/// Unlike the listing, clearing names only the first and the last separator that may be missing.
+std::string DescribeFaultForClearing(const UnicastAgentEntry& entry) {
   const auto field = entry.GetBrokenField();
   const bool isNamed = field == UnicastAgentEntry::kNodeUuid || field == UnicastAgentEntry::kPort;
   return isNamed ? entry.DescribeFault() : "Invalid unicastAgent entries";
@@ -42,9 +41,10 @@ class ClusterUnicastAgentClear final : public SuccessCommand<ClusterUnicastAgent
       std::vector<std::string> agents;
       library->GetUnicastAgents(agents);
       bool needsRefresh = false;
-      for (const std::string& agent : agents) {  // what is removed before a bad entry stays removed
+      for (const std::string& agent :
+           agents) {  // no rollback: agents before a bad entry stay removed
         const UnicastAgentEntry entry(agent);
-        if (!entry.IsWhole()) return output->AddErrorMessage(DescribeFault(entry));
+        if (!entry.IsComplete()) return output->AddErrorMessage(DescribeFaultForClearing(entry));
         const std::string& addressText = entry.GetText(UnicastAgentEntry::kAddress);
         const auto address = ParseAddress(addressText);
         if (!address) return output->AddErrorMessage(InvalidAddressMessage(addressText));

@@ -61,7 +61,7 @@ class ClusterUnicastAgentList final : public ListCommand<ClusterUnicastAgentList
       library->GetUnicastAgents(agents);
       for (const std::string& agent : agents) {
         const UnicastAgentEntry entry(agent);
-        if (!entry.IsWhole()) return output->AddErrorMessage(entry.DescribeFault());
+        if (!entry.IsComplete()) return output->AddErrorMessage(entry.DescribeFault());
         list->Add(MakeRow(entry));
       }
     } catch (const DovraCtlException& failure) {

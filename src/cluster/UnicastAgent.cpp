@@ -10,21 +10,21 @@ std::int32_t ReadAgentPort(const InputPtr& input) {
   return ClampToInt32(Given<std::int64_t>(input, "port").value_or(kDefaultUnicastPort));
 }
 
-UnicastAgentEntry::UnicastAgentEntry(const std::string& text) {
+UnicastAgentEntry::UnicastAgentEntry(const std::string& text) : text_(text) {
   std::size_t begin = 0;
-  while (fields_.size() < kInterfaceName) {
+  while (brokenField_ < kInterfaceName) {
     const std::size_t end = text.find(';', begin);
-    if (end == std::string::npos) break;
-    fields_.push_back(text.substr(begin, end - begin));
+    if (end == std::string::npos) return;
+    fields_[brokenField_] = text.substr(begin, end - begin);
+    brokenField_ = static_cast<Field>(brokenField_ + 1);
     begin = end + 1;
   }
-  fields_.push_back(text.substr(begin));
+  fields_[kInterfaceName] = text.substr(begin);
 }
 
 std::string UnicastAgentEntry::DescribeFault() const {
   constexpr const char* kFieldNames[] = {"nodeuuid", "isWitness", "ucast support", "ip", "port"};
-  return std::string("Invalid unicastAgent entry for ") + kFieldNames[GetBrokenField()] + " " +
-         Join(fields_, ";");
+  return std::string("Invalid unicastAgent entry for ") + kFieldNames[brokenField_] + " " + text_;
 }
 
 std::int64_t UnicastAgentEntry::GetNumber(Field field) const {

@@ -2,9 +2,7 @@
 // library's list.
 #pragma once
 
-#include <cstdint>
-#include <string>
-#include <vector>
+#include <array>
 
 #include "frame/Frame.h"
 
@@ -18,11 +16,11 @@ inline Parameter AgentPortParameter() {
           "Port the unicast agent is listening on."};
 }
 
-/// The port given, or the nearest 32-bit number, whether it is a port or not; else the default one.
+/// Returns the port given, or the default port; the nearest 32-bit number when it is out of range.
 std::int32_t ReadAgentPort(const InputPtr& input);
 
 /// An agent as the control library lists it: six fields, each but the last ended by a ";". The last
-/// one takes all that follows, further ";" included.
+/// one takes the rest of the entry, further ";" included.
 class UnicastAgentEntry {
  public:
   enum Field { kNodeUuid, kIsWitness, kSupportsUnicast, kAddress, kPort, kInterfaceName };
@@ -30,19 +28,21 @@ class UnicastAgentEntry {
   explicit UnicastAgentEntry(const std::string& text);
 
   /// Whether all fields are there; if not, only `GetBrokenField` and `DescribeFault` apply.
-  bool IsWhole() const { return GetBrokenField() == kInterfaceName; }
-  /// The first field that no ";" ends; `kInterfaceName`, which needs none, in a whole entry.
-  Field GetBrokenField() const { return static_cast<Field>(fields_.size() - 1); }
-  /// Names the broken field and shows the entry.
+  bool IsComplete() const { return brokenField_ == kInterfaceName; }
+  /// Returns the first field that lacks its ";"; `kInterfaceName`, which needs none, when complete.
+  Field GetBrokenField() const { return brokenField_; }
+  /// Returns an error message that names the broken field and shows the entry.
   std::string DescribeFault() const;
 
   const std::string& GetText(Field field) const { return fields_[field]; }
-  /// The decimal number that the field begins with, blanks and a sign allowed before it; 0 if there
-  /// is none, the nearest 64-bit number if it is too large.
+  /// Returns the decimal number at the field's beginning, after blanks and a sign; 0 if there is
+  /// none, the nearest 64-bit number if it is out of range.
   std::int64_t GetNumber(Field field) const;
 
  private:
-  std::vector<std::string> fields_;
+  std::string text_;
+  std::array<std::string, kInterfaceName + 1> fields_;
+  Field brokenField_ = kNodeUuid;
 };
 
 }  // namespace OrvaneCli::DovraNamespace
