@@ -21,12 +21,12 @@ std::span<const Node> RegisterBelow(std::span<const Node> nodes, Namespace& pare
     const Node& node = nodes.front();
     const std::string name(node.path.substr(node.path.rfind(' ') + 1));
     nodes = nodes.subspan(1);
-    if (node.make) {
-      parent.RegisterNamespaceNode(node.make(), name);
+    if (const auto* const make = std::get_if<Node::Maker>(&node.content)) {
+      parent.RegisterNamespaceNode((*make)(), name);
       continue;
     }
     const auto space = Namespace::New();
-    space->SetDescription(node.description);
+    space->SetDescription(std::get<const char*>(node.content));
     nodes = RegisterBelow(nodes, *space, node.path);
     parent.RegisterNamespaceNode(space, name);
   }

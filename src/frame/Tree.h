@@ -4,6 +4,7 @@
 #include <memory>
 #include <span>
 #include <string_view>
+#include <variant>
 
 #include "platform/clitools/AutoCli.h"
 
@@ -16,15 +17,12 @@ using CommandPtr = std::shared_ptr<CliTools::AutoCli::Command>;
 template <class CommandClass>
 CommandPtr MakeCommand();
 
-/// A row of the table: the path of a namespace and its description, or that of a command and its
-/// maker. What a namespace holds follows it, in the order of registration.
+/// A row of the table. A namespace's rows follow its own, in the order of registration.
 struct Node {
-  constexpr Node(std::string_view where, const char* what) : path(where), description(what) {}
-  constexpr Node(std::string_view where, CommandPtr (*maker)()) : path(where), make(maker) {}
+  using Maker = CommandPtr (*)();
 
   std::string_view path;
-  const char* description = nullptr;
-  CommandPtr (*make)() = nullptr;
+  std::variant<const char*, Maker> content;  ///< a namespace's description, or a command's maker
 };
 
 /// Registers the nodes on `parent`, whose path is `path`; the root's is empty. A namespace is
