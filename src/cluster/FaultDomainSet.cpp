@@ -4,19 +4,6 @@
 
 namespace OrvaneCli::DovraNamespace {
 
-namespace {
-
-void SetOrReset(const std::string& name) {
-  const ControlLibrary library;
-  if (name.empty()) {
-    library->ResetFaultDomain();
-  } else {
-    library->SetFaultDomain(name);
-  }
-}
-
-}  // namespace
-
 class FaultDomainSet final : public SuccessCommand<FaultDomainSet> {
  public:
   FaultDomainSet() { DescribeOperation("Set the fault domain for this host"); }
@@ -31,16 +18,17 @@ class FaultDomainSet final : public SuccessCommand<FaultDomainSet> {
 
   void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
     const std::string name = input->GetParameter("fdname");
-    if (name.size() > kMaxFaultDomainNameLength) {
-      // In bytes: the limit is that of the stored text.
-      output->AddErrorMessage("Fault domain name cannot exceed " +
-                              std::to_string(kMaxFaultDomainNameLength) + " characters.");
-    } else {
-      try {
-        SetOrReset(name);
-      } catch (const DovraCtlException& failure) {
-        Report(output, failure, "Unable to set fault domain name: ");
+    try {
+      if (name.size() > kMaxFaultDomainNameLength) {  // in bytes: the limit is on the stored form
+        output->AddErrorMessage("Fault domain name cannot exceed " +
+                                std::to_string(kMaxFaultDomainNameLength) + " characters.");
+      } else if (const ControlLibrary library; name.empty()) {
+        library->ResetFaultDomain();
+      } else {
+        library->SetFaultDomain(name);
       }
+    } catch (const DovraCtlException& failure) {
+      Report(output, failure, "Unable to set fault domain name: ");
     }
     output->SetRootObject(MetaBool::New(true));  // after failures too; the messages tell
   }
