@@ -1,5 +1,9 @@
 #include "frame/Frame.h"
 
+#include <stdexcept>
+
+#include "frame/Text.h"
+
 namespace OrvaneCli::DovraNamespace {
 
 using CliTools::CallSpec::InputSpec;
@@ -19,9 +23,12 @@ std::shared_ptr<MetaObject> EmptyValue(MetaType type) {
       return MetaInt::New();
     case MetaType::kList:
       return MetaList::New(MetaType::kString);
-    default:
+    case MetaType::kString:
       return MetaString::New();
+    case MetaType::kStruct:
+      break;
   }
+  throw std::logic_error("a field cannot be a record");
 }
 
 }  // namespace
@@ -61,14 +68,15 @@ void ShowAs(const Record& record, CliTools::AutoCli::Command& command) {
   const std::string name = record.name;
   command.SetDefaultOutputFormatter(record.formatter);
   if (record.caption) command.SetDefaultOutputParameter("header:" + name, record.caption);
-  std::string names;
+  std::vector<std::string> fields;
   for (const Field& field : record.fields) {
-    if (record.separator) names.append(names.empty() ? "" : record.separator).append(field.name);
-    if (field.unit) {
+    fields.emplace_back(field.name);
+    if (field.unit)
       command.SetDefaultOutputParameter("units:" + name + "." + field.name, field.unit);
-    }
   }
-  if (record.separator) command.SetDefaultOutputParameter("fields:" + name, std::move(names));
+  if (record.separator) {
+    command.SetDefaultOutputParameter("fields:" + name, Join(fields, record.separator));
+  }
 }
 
 OutputSpecPtr MakeOutputSpec(std::shared_ptr<MetaObject> rootTemplate) {

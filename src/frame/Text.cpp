@@ -30,19 +30,11 @@ std::int32_t ClampToInt32(std::int64_t number) {
 }
 
 std::string GenerateUuid() {
-  const std::unique_ptr<char, decltype(&std::free)> buffer(UUID_CreateRandom(), &std::free);
+  const auto release = [](char* text) { std::free(text); };
+  const std::unique_ptr<char, decltype(release)> buffer(UUID_CreateRandom(), release);
   if (!buffer) return {};
   if (UUID_PackText(buffer.get(), buffer.get(), std::strlen(buffer.get())) == nullptr) return {};
   return buffer.get();
-}
-
-std::string Join(const std::vector<std::string>& texts, std::string_view separator) {
-  std::string joined;
-  for (const std::string& text : texts) {
-    if (&text != &texts.front()) joined += separator;
-    joined += text;
-  }
-  return joined;
 }
 
 std::string ShellWord(const std::string& text) {

@@ -27,7 +27,14 @@ std::string GenerateUuid();
 /// What a command says when `GenerateUuid` yields nothing.
 inline constexpr const char* kNoUuidMessage = "Unable to generate a UUID";
 
-std::string Join(const std::vector<std::string>& texts, std::string_view separator);
+inline std::string Join(const std::vector<std::string>& texts, std::string_view separator) {
+  std::string joined;
+  for (const std::string& text : texts) {
+    if (&text != &texts.front()) joined += separator;
+    joined += text;
+  }
+  return joined;
+}
 
 /// `text` as one word of a shell's command line. Plain characters (letters, digits and
 /// ". _ - , : / @ +") stand as they are; anything else is quoted, so that the shell hands on
