@@ -77,8 +77,7 @@ class ClusterGet final : public RecordCommand<ClusterGet> {
       const auto& config = library->GetClusterConfig();
       if (!config.enabled) {
         output->AddErrorMessage("Dovra Clustering is not enabled on this host");
-        output->SetRootObject(record);
-        return;
+        return output->SetRootObject(record);
       }
       const char* const nodeType = library->IsLocalNodeWitness() ? "WITNESS" : "NORMAL";
 

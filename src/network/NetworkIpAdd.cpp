@@ -38,11 +38,12 @@ bool IsInUse(DovraInfo2& info, const std::string& name) {
   return info.IsKnicInUse(name, kDovraTraffic) || info.IsKnicInUse(name, kWitnessTraffic);
 }
 
-/// The settings of the interface's entry, or of the last entry when none has its name: whoever asks
-/// knows that the interface is in use. Nothing when there is no entry.
+/// Returns the settings of the interface's entry, or of the last entry when none has its name: the
+/// interface is known to be in use. Nothing when there is no such entry.
 std::optional<Settings> ReadSettings(DovraInfo2& info, const std::string& name) {
   const auto entries = info.GetKnicConfigs();
   if (entries.empty()) return std::nullopt;
+  // The search leaves out the last entry, and so ends on it when no other has the name.
   const auto named = std::find_if(entries.begin(), entries.end() - 1, [&](const auto& entry) {
     return entry && entry->GetKnicName() == name;
   });
