@@ -1,16 +1,11 @@
-#include <cstdint>
 #include <ctime>
-#include <string>
-#include <vector>
 
 #include "frame/Command.h"
 #include "platform/baselibs/Uuid.h"
-#include "platform/corectl/DovraUtil.h"
 #include "platform/hostctl/Misc.h"
 
 namespace OrvaneCli::DovraNamespace {
 
-using CoreCtl::Dovra::DovraUtil;
 using HostCtl::Dovra::DovraConfigGeneration;
 using HostCtl::Dovra::DovraMemberInfo;
 

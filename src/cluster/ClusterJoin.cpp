@@ -1,10 +1,7 @@
 #include "cluster/ClusterMessages.h"
 #include "frame/Command.h"
-#include "platform/corectl/DovraUtil.h"
 
 namespace OrvaneCli::DovraNamespace {
-
-using CoreCtl::Dovra::DovraUtil;
 
 namespace {
 

@@ -1,11 +1,6 @@
-#include <string>
-
 #include "frame/Command.h"
-#include "platform/corectl/DovraUtil.h"
 
 namespace OrvaneCli::DovraNamespace {
-
-using CoreCtl::Dovra::DovraUtil;
 
 class ClusterPreferredFaultDomainSet final : public SuccessCommand<ClusterPreferredFaultDomainSet> {
  public:

@@ -1,14 +1,8 @@
-#include <string>
-#include <vector>
-
 #include "cluster/UnicastAgent.h"
 #include "frame/Command.h"
 #include "frame/Text.h"
-#include "platform/corectl/DovraUtil.h"
 
 namespace OrvaneCli::DovraNamespace {
-
-using CoreCtl::Dovra::DovraUtil;
 
 namespace {
 

@@ -1,14 +1,8 @@
-#include <string>
-#include <vector>
-
 #include "cluster/ClusterMessages.h"
 #include "cluster/UnicastAgent.h"
 #include "frame/Command.h"
-#include "platform/corectl/DovraUtil.h"
 
 namespace OrvaneCli::DovraNamespace {
-
-using CoreCtl::Dovra::DovraUtil;
 
 class ClusterUnicastAgentList final : public ListCommand<ClusterUnicastAgentList> {
  public:

@@ -1,13 +1,8 @@
-#include <string>
-
 #include "cluster/UnicastAgent.h"
 #include "frame/Command.h"
 #include "frame/Text.h"
-#include "platform/corectl/DovraUtil.h"
 
 namespace OrvaneCli::DovraNamespace {
-
-using CoreCtl::Dovra::DovraUtil;
 
 class ClusterUnicastAgentRemove final : public SuccessCommand<ClusterUnicastAgentRemove> {
  public:

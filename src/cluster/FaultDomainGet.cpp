@@ -1,9 +1,6 @@
 #include "frame/Command.h"
-#include "platform/corectl/DovraUtil.h"
 
 namespace OrvaneCli::DovraNamespace {
-
-using CoreCtl::Dovra::DovraUtil;
 
 class FaultDomainGet final : public RecordCommand<FaultDomainGet> {
  public:

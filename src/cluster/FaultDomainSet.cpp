@@ -1,5 +1,3 @@
-#include <string>
-
 #include "frame/Command.h"
 
 namespace OrvaneCli::DovraNamespace {

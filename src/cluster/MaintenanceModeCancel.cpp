@@ -1,5 +1,4 @@
 #include "frame/Command.h"
-#include "platform/corectl/DovraUtil.h"
 
 namespace OrvaneCli::DovraNamespace {
 
@@ -12,7 +11,7 @@ class MaintenanceModeCancel final : public SuccessCommand<MaintenanceModeCancel>
  private:
   void ExecuteInternal(const InputPtr&, const OutputPtr& output) override {
     try {
-      CoreCtl::Dovra::DovraUtil::DecomCancel();
+      DovraUtil::DecomCancel();
       output->SetRootObject(MetaBool::New(true));
     } catch (const DovraCtlException& failure) {
       Report(output, failure);

@@ -16,7 +16,7 @@
 #include "frame/ControlLibrary.h"
 #include "frame/Tree.h"
 #include "platform/clitools/AutoCli.h"
-#include "platform/hostctl/DovraCtlException.h"
+#include "platform/corectl/DovraUtil.h"
 
 namespace OrvaneCli::DovraNamespace {
 
@@ -35,6 +35,7 @@ using CliTools::MetaObj::MetaList;
 using CliTools::MetaObj::MetaString;
 using CliTools::MetaObj::MetaStruct;
 using CliTools::MetaObj::MetaType;
+using CoreCtl::Dovra::DovraUtil;
 using HostCtl::Lib::Dovra::DovraCtlException;
 
 // What a command takes.

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <string>
-
 #include "frame/Frame.h"
 
 namespace OrvaneCli::DovraNamespace {

@@ -1,11 +1,6 @@
 #include "network/NetworkIpAdd.h"
 
 #include <algorithm>
-#include <cstdint>
-#include <memory>
-#include <optional>
-#include <string>
-#include <vector>
 
 #include "frame/Command.h"
 #include "frame/Text.h"

@@ -1,6 +1,3 @@
-#include <string>
-#include <vector>
-
 #include "frame/Command.h"
 #include "frame/Text.h"
 

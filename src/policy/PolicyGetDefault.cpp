@@ -1,10 +1,8 @@
 #include "frame/Command.h"
-#include "platform/corectl/DovraUtil.h"
 #include "policy/PolicyClasses.h"
 
 namespace OrvaneCli::DovraNamespace {
 
-using CoreCtl::Dovra::DovraUtil;
 using HostCtl::Dovra::DovraPolicyClass;
 
 namespace {

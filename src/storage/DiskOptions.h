@@ -1,9 +1,6 @@
 // The options that storage commands share.
 #pragma once
 
-#include <string>
-#include <utility>
-
 #include "frame/Frame.h"
 
 namespace OrvaneCli::DovraNamespace {

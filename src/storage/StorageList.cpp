@@ -1,12 +1,9 @@
 #include <algorithm>
-#include <optional>
 
 #include "frame/Command.h"
-#include "platform/corectl/DovraUtil.h"
 
 namespace OrvaneCli::DovraNamespace {
 
-using CoreCtl::Dovra::DovraUtil;
 using HostCtl::Dovra::DovraDiskInfo;
 using HostCtl::Dovra::DovraDiskLun;
 using HostCtl::Dovra::DovraInfo;

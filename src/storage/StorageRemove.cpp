@@ -1,5 +1,3 @@
-#include <optional>
-
 #include "frame/Command.h"
 #include "storage/DiskOptions.h"
 

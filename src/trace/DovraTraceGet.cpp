@@ -1,7 +1,6 @@
 #include <algorithm>
 #include <fstream>
 #include <locale>
-#include <optional>
 #include <sstream>
 
 #include "frame/Command.h"

@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <fstream>
-#include <optional>
 
 #include "frame/Command.h"
 #include "frame/HostFile.h"
