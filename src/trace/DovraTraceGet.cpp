@@ -4,7 +4,6 @@
 #include <sstream>
 
 #include "frame/Command.h"
-#include "frame/HostFile.h"
 #include "trace/TraceDaemon.h"
 
 namespace OrvaneCli::DovraNamespace {

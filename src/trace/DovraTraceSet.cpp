@@ -2,7 +2,6 @@
 #include <fstream>
 
 #include "frame/Command.h"
-#include "frame/HostFile.h"
 #include "trace/RestartPause.h"
 #include "trace/TraceDaemon.h"
 
@@ -19,14 +18,11 @@ struct Change {
   std::string value;
 };
 
-/// Either changes, in the order in which they are written, or a reset, or nothing.
-struct Request {
-  std::vector<Change> changes;
-  bool reset = false;
-};
+/// In the order in which they are written. A reset has none.
+using Changes = std::vector<Change>;
 
-std::vector<Change> ReadChanges(const InputPtr& input) {
-  std::vector<Change> changes;
+Changes ReadChanges(const InputPtr& input) {
+  Changes changes;
   if (const auto path = Given<std::string>(input, "path")) {
     changes.push_back({TraceDaemon::kVolumeKey, '"' + *path + '"'});
   }
@@ -42,51 +38,31 @@ std::vector<Change> ReadChanges(const InputPtr& input) {
   return changes;
 }
 
-/// Nothing when the options do not go together, which is reported.
-std::optional<Request> ReadRequest(const InputPtr& input, const OutputPtr& output) {
-  const auto size = Given<std::int64_t>(input, "size");
-  if (size && (*size < 1 || *size > kMaxFileSize)) {
-    output->AddErrorMessage("File size should be < 4096 MB.");
-    return std::nullopt;
-  }
-  const auto reset = Given<bool>(input, "reset");
-  const Request request = {ReadChanges(input), reset.value_or(false)};
-  if (reset && !request.changes.empty()) {  // a reset of false counts too
-    output->AddErrorMessage("reset cannot be used with other options.");
-    return std::nullopt;
-  }
-  if (request.changes.empty() && !request.reset) {
-    output->AddErrorMessage("No options provided.");
-    return std::nullopt;
-  }
-  return request;
+/// Whether the line stays. Changes replace the lines that begin with their keys; an indented line
+/// stays. A reset keeps only comments.
+bool IsKept(const std::string& line, const Changes& changes) {
+  if (changes.empty()) return line.starts_with('#');
+  return std::ranges::none_of(
+      changes, [&line](const Change& change) { return line.starts_with(change.key); });
 }
 
-/// A change replaces its setting's lines, though only those that begin with the key: an indented
-/// one stays. A reset leaves nothing but comments.
-bool IsKept(const std::string& line, const Request& request) {
-  const auto sets = [&line](const Change& change) { return line.starts_with(change.key); };
-  if (std::ranges::any_of(request.changes, sets)) return false;
-  return !request.reset || line.starts_with('#');
-}
-
-/// Nothing when the file cannot be read: what is not known to be complete must not replace it.
-std::optional<std::vector<std::string>> ReadKeptLines(const Request& request) {
+/// Returns nothing when the file cannot be read: what may be incomplete must not replace it.
+std::optional<std::vector<std::string>> ReadKeptLines(const Changes& changes) {
   std::ifstream file(HostFile(TraceDaemon::kConfigurationFile));
   if (!file) return std::nullopt;
   std::vector<std::string> lines;
   for (std::string line; std::getline(file, line);) {
-    if (IsKept(line, request)) lines.push_back(line);
+    if (IsKept(line, changes)) lines.push_back(line);
   }
   if (file.bad()) return std::nullopt;
   return lines;
 }
 
-/// Whether the file holds all of it now.
-bool WriteConfiguration(const std::vector<std::string>& lines, const Request& request) {
+/// Returns whether the file was written completely.
+bool WriteConfiguration(const std::vector<std::string>& lines, const Changes& changes) {
   std::ofstream file(HostFile(TraceDaemon::kConfigurationFile), std::ios::trunc);
   for (const std::string& line : lines) file << line << '\n';
-  for (const Change& change : request.changes) file << change.key << change.value << '\n';
+  for (const Change& change : changes) file << change.key << change.value << '\n';
   file.close();
   return file.good();
 }
@@ -134,13 +110,23 @@ class DovraTraceSet final : public SuccessCommand<DovraTraceSet> {
   }
 
   void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
-    const auto request = ReadRequest(input, output);
-    if (!request) return;
-    const auto lines = ReadKeptLines(*request);
+    const auto size = Given<std::int64_t>(input, "size");
+    if (size && (*size < 1 || *size > kMaxFileSize)) {
+      return output->AddErrorMessage("File size should be < 4096 MB.");
+    }
+    const Changes changes = ReadChanges(input);
+    const auto reset = Given<bool>(input, "reset");
+    if (reset && !changes.empty()) {  // a reset of false counts too
+      return output->AddErrorMessage("reset cannot be used with other options.");
+    }
+    if (changes.empty() && !reset.value_or(false)) {
+      return output->AddErrorMessage("No options provided.");
+    }
+    const auto lines = ReadKeptLines(changes);
     if (!lines) {
       return output->AddErrorMessage("Error opening Dovra Trace Config File for reading.");
     }
-    if (!WriteConfiguration(*lines, *request)) {
+    if (!WriteConfiguration(*lines, changes)) {
       return output->AddErrorMessage("Error opening Dovra Trace Config File for writing.");
     }
     // Whatever becomes of the daemon, the new configuration stays.

@@ -1,6 +1,9 @@
 // The trace daemon as its host sees it: an init script and the keys of a configuration file.
 #pragma once
 
+#include "frame/Frame.h"
+#include "frame/HostFile.h"
+
 namespace OrvaneCli::DovraNamespace::TraceDaemon {
 
 inline constexpr const char* kConfigurationFile = "/etc/orvane/dovra/dovratraced.conf";
@@ -22,6 +25,8 @@ inline constexpr int kNotRunning = 3;
 
 /// Runs the init script with "status" or "restart". Returns its exit status, negative when it could
 /// not be run.
-int RunInitScript(const char* verb);
+inline int RunInitScript(const char* verb) {
+  return DovraUtil::DovraExec(HostFile("/etc/init.d/dovratraced"), verb, false, true, false);
+}
 
 }  // namespace OrvaneCli::DovraNamespace::TraceDaemon
