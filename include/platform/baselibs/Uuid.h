@@ -1,4 +1,4 @@
-// The base library's UUIDs and bounded formatting. Plain C, as the library is.
+// The base library's UUIDs and bounded formatting, which have C linkage.
 #pragma once
 
 #include <cstddef>
@@ -7,16 +7,17 @@
 
 extern "C" {
 
-/// A new text that holds a random UUID in the library's long form; null if there is none to be
-/// had. The caller releases it with `free`.
+/// Returns a new string, a random UUID in the library's long form, which the caller releases with
+/// `free`; null on failure. The long form has at least 36 characters.
 char* UUID_CreateRandom();
 
-/// Turns a UUID's long form into its 36 characters. `destination` has room for `length`
-/// characters and the terminating zero, and may be `source` itself. Returns `destination`, or null,
-/// with nothing written, when `source` holds no UUID or the room does not suffice.
+/// Converts a UUID from the long form to its 36 characters. `destination` has room for `length`
+/// characters and a terminating zero byte, and may be `source`. Returns `destination`; null, with
+/// nothing written, when `source` is no UUID in the long form or the room does not suffice.
 char* UUID_PackText(const char* source, char* destination, std::size_t length);
 
-/// Like `snprintf`, but always ends the text with a zero, and returns -1 when it was cut short.
+/// Formats like `snprintf`, and always writes a terminating zero byte. Returns the number of
+/// characters written before it, or -1 when the string was cut.
 [[gnu::format(printf, 3, 4)]] int Str_Snprintf(char* destination, std::size_t size,
                                                const char* format, ...);
 

@@ -1,4 +1,7 @@
 // The framework's command tree.
+//
+// As in CallSpec.h, the order of virtual functions is binary interface, and all calls come from one
+// thread.
 #pragma once
 
 #include <memory>
@@ -19,13 +22,15 @@ class NamespaceNode : public std::enable_shared_from_this<NamespaceNode> {
   NamespaceNode(const NamespaceNode&) = delete;
   NamespaceNode& operator=(const NamespaceNode&) = delete;
 
-  /// The text that help shows for the node.
+  /// Sets the text that help shows for the node.
   void SetDescription(std::string text);
-  const std::string& GetDescription() const { return description_; }
 
-  /// The name under which the node was registered; empty until then.
+  // For the framework.
+
+  const std::string& GetDescription() const { return description_; }
+  /// Returns the name under which the node was registered; empty until then.
   const std::string& GetName() const { return name_; }
-  /// Null for the root and for a node not registered yet.
+  /// Null for the root and for a node that is not registered.
   std::shared_ptr<NamespaceNode> GetParent() const { return parent_.lock(); }
 
  protected:
@@ -38,37 +43,45 @@ class NamespaceNode : public std::enable_shared_from_this<NamespaceNode> {
   std::weak_ptr<NamespaceNode> parent_;
 };
 
-/// What the framework knows of a node beyond its place: its children, its kind, how its result is
-/// shown unless the caller chooses otherwise.
+/// What the framework knows of a node besides its description: its children, its kind, and how its
+/// result is shown by default.
 class CommandSpec : public NamespaceNode {
  public:
   using Pairs = std::vector<std::pair<std::string, std::string>>;
 
   ~CommandSpec() override;
 
-  /// The node's own shared handle. Throws `std::bad_weak_ptr` if the node is not held by one.
+  /// Returns the node's own shared handle. Throws `std::bad_weak_ptr` when no handle owns the node.
   std::shared_ptr<NamespaceNode> GetThis() { return shared_from_this(); }
 
-  /// "type": "fetcher" for commands that only read, "operation" for those that change state.
+  /// Sets a field. The plug-in sets "type": "fetcher" for commands that only read, "operation" for
+  /// commands that change state. Setting a key again replaces its value.
   void SetMetaDataField(const std::string& key, std::string value);
+  /// Sets the formatter that shows a record or a list of records: "simple", a line per field, or
+  /// "table", a line per record. Without one, the result is shown as a bare value.
   void SetDefaultOutputFormatter(std::string formatter);
-  /// Parameters of the formatter: "header:" + structure name, "fields:" + structure name,
-  /// "units:" + structure name + "." + field name.
+  /// Sets a parameter of the formatter. Setting a key again replaces its value. The keys are:
+  /// "header:" + structure name: the caption. "%Field%" stands for the value of that field.
+  /// "fields:" + structure name: the names of the fields to show, in order, joined by commas;
+  /// blanks around a name are not part of it. Without it, every field is shown. "units:" +
+  /// structure name + "." + field name: the unit, shown after the value.
   void SetDefaultOutputParameter(const std::string& key, std::string value);
 
   bool HasNamespaceNode(const std::string& name) const;
-  /// Null if there is no such child.
+  /// Null when there is no such child.
   std::shared_ptr<NamespaceNode> GetNamespaceNode(const std::string& name) const;
-  /// Adds `child` under `name` and becomes its parent. A child that had the name is replaced.
-  /// Throws `std::invalid_argument` when `child` is null, this node or one above it, or has another
-  /// parent, and when no shared handle holds this node yet, as in its constructor.
+  /// Adds `child` under `name` and becomes its parent; a child that has the name is replaced.
+  /// Throws `std::invalid_argument` when `child` is null, this node, a node above it or the child
+  /// of another node, and when no shared handle owns this node yet, as in its constructor.
   void RegisterNamespaceNode(std::shared_ptr<NamespaceNode> child, const std::string& name);
 
-  /// In the order of registration.
+  // For the framework.
+
+  /// Returns the children in the order of registration; a replaced child's place is kept.
   const std::vector<std::shared_ptr<NamespaceNode>>& GetChildren() const { return children_; }
-  /// Empty if the key was not set.
+  /// Empty when the key was not set.
   std::string GetMetaDataField(const std::string& key) const;
-  /// Empty if the result is shown as a bare value.
+  /// Empty when none was set.
   const std::string& GetDefaultOutputFormatter() const { return formatter_; }
   const Pairs& GetDefaultOutputParameters() const { return outputParameters_; }
 
@@ -90,8 +103,8 @@ class Namespace : public CommandSpec {
   ~Namespace() override;
 };
 
-/// A leaf: a command. The tree holds it for as long as the framework runs; calls may repeat, so a
-/// command keeps nothing between them.
+/// A leaf: a command. The tree holds it as long as the framework runs, and calls may repeat: a
+/// command keeps no state between them.
 class Command : public CommandSpec, public CallSpec::CallTarget {
  public:
   ~Command() override;
@@ -100,15 +113,17 @@ class Command : public CommandSpec, public CallSpec::CallTarget {
   Command();
 };
 
-/// Runs `command` with the shell, hands it `input` as standard input, waits, and fills `output`
-/// with what it wrote to standard output and standard error. Returns the exit status, 128 plus the
-/// number of the signal that ended it, or -1 when it could not be run.
+/// Runs `command` with the shell, writes `input` to its standard input, waits for it, and replaces
+/// `output` by what it wrote to standard output and standard error. Returns its exit status, 128
+/// plus the number of the signal that ended it, or -1 when it could not be run. May throw
+/// `DovraCtlException`, which callers handle; throws nothing when `command` fails.
 int AutoCli_ShellCmd(const std::string& command, std::string& output, const std::string& input);
 
 }  // namespace CliTools::AutoCli
 
-/// What a plug-in exports: hangs the plug-in's commands below the framework's root. What it throws
-/// reaches the loader; what it had registered by then stays.
+/// A plug-in's only exported function: registers its commands below `root`, the framework's root
+/// node, which is not null. The framework calls it once after loading the file. What it throws
+/// reaches the loader; nodes registered by then stay.
 extern "C" void AutoCli_RegisterNamespaces(
     const std::shared_ptr<CliTools::AutoCli::Namespace>& root);
 

@@ -1,4 +1,7 @@
-// What a call of a command takes and what it returns.
+// What a call of a command takes and returns.
+//
+// The framework calls commands on one thread, one call at a time; nothing here is synchronised. In
+// every class the order of virtual functions is binary interface: do not reorder them.
 #pragma once
 
 #include <cstdint>
@@ -18,26 +21,28 @@ namespace CliTools::CallSpec {
 enum class ParameterType {
   kString = 0,
   kInt = 1,         ///< signed 64-bit
-  kBool = 2,        ///< takes a value
+  kBool = 2,        ///< takes a value, true or false
   kFlag = 3,        ///< present or absent, no value
   kStringList = 4,  ///< the option may be given several times
 };
 
 enum class ParameterConstraintType { kIntRange = 1, kStringEnum = 3 };
 
-/// The values that a parameter may take. The framework refuses others before the command runs.
+/// The values that a parameter may take. The framework rejects others before the command runs.
 class ParameterConstraint {
  public:
   static std::shared_ptr<ParameterConstraint> New(ParameterConstraintType type);
   explicit ParameterConstraint(ParameterConstraintType type) : type_(type) {}
 
-  /// Allows one more text (`kStringEnum`).
+  /// Allows one more string (`kStringEnum`). The description may be empty.
   void AddStringEnum(std::string value, std::string description);
   /// Allows `min` to `max`, both included (`kIntRange`).
   void SetIntRange(std::int64_t min, std::int64_t max);
 
+  // For the framework.
+
   ParameterConstraintType GetType() const { return type_; }
-  /// Value and description of each allowed text, in the order in which they were added.
+  /// Returns value and description of each allowed string, in the order in which they were added.
   const std::vector<std::pair<std::string, std::string>>& GetStringEnums() const { return enums_; }
   std::int64_t GetIntMin() const { return min_; }
   std::int64_t GetIntMax() const { return max_; }
@@ -49,26 +54,30 @@ class ParameterConstraint {
   std::int64_t max_ = 0;
 };
 
-/// One parameter of a command: the option `--name`.
+/// One parameter of a command: the option `--name`. Optional, without a short name and with every
+/// value of its type allowed, unless set otherwise.
 class ParameterSpec {
  public:
   static std::shared_ptr<ParameterSpec> New(std::string name, ParameterType type);
   ParameterSpec(std::string name, ParameterType type);
 
-  /// A single letter: the option `-x`.
+  /// Adds the option `-x`, where x is `letter`, a single character.
   void SetShortName(std::string letter);
+  /// The framework rejects a call that lacks a required parameter.
   void SetRequired(bool required);
-  /// "%ENUM%" in the text stands for what the constraint allows.
+  /// Sets the help text. The framework replaces "%ENUM%" in it by what the constraint allows.
   void SetDescription(std::string text);
   void SetConstraint(std::shared_ptr<ParameterConstraint> constraint);
 
+  // For the framework.
+
   const std::string& GetName() const { return name_; }
   ParameterType GetType() const { return type_; }
-  /// Empty if there is none.
+  /// Empty when there is none.
   const std::string& GetShortName() const { return shortName_; }
   bool IsRequired() const { return required_; }
   const std::string& GetDescription() const { return description_; }
-  /// Null if every value of the type is allowed.
+  /// Null when every value of the type is allowed.
   const std::shared_ptr<ParameterConstraint>& GetConstraint() const { return constraint_; }
 
  private:
@@ -80,30 +89,39 @@ class ParameterSpec {
   std::shared_ptr<ParameterConstraint> constraint_;
 };
 
-/// A command's parameters, in the order in which help shows them.
+/// A command's parameters, in the order in which help shows them. Their names differ.
 class InputSpec {
  public:
   static std::shared_ptr<InputSpec> New();
   void AddParameter(std::shared_ptr<ParameterSpec> parameter);
+
+  // For the framework.
+
   const std::vector<std::shared_ptr<ParameterSpec>>& GetParameters() const { return parameters_; }
 
  private:
   std::vector<std::shared_ptr<ParameterSpec>> parameters_;
 };
 
-/// What a command's result looks like: an empty value of its shape.
+/// The shape of a command's result: a value of its type with empty fields, never null.
 class OutputSpec {
  public:
   static std::shared_ptr<OutputSpec> New();
   void SetRootObject(std::shared_ptr<MetaObj::MetaObject> rootTemplate);
+
+  // For the framework.
+
   const std::shared_ptr<MetaObj::MetaObject>& GetRootObject() const { return root_; }
 
  private:
   std::shared_ptr<MetaObj::MetaObject> root_;
 };
 
-/// The parameters given in one call. What is read must have been given, and be of that type; only a
-/// text or a flag may be absent.
+/// The parameters given in one call. The framework has checked them against the command's
+/// `InputSpec`.
+///
+/// Only a string or a flag may be read when it is absent. Reading an absent number, truth value or
+/// list, or a parameter of another type, is a fault of the command; it throws `std::logic_error`.
 class Input {
  public:
   using Value = std::variant<std::string, std::int64_t, bool, std::vector<std::string>>;
@@ -111,16 +129,18 @@ class Input {
   static std::shared_ptr<Input> New();
 
   bool HasParameter(const std::string& name) const;
-  /// Empty if it was not given.
+  /// Returns a string parameter; empty when it is absent.
   std::string GetParameter(const std::string& name) const;
   std::int64_t GetParameterInt(const std::string& name) const;
   bool GetParameterBool(const std::string& name) const;
-  /// False if it was not given.
+  /// Returns false when the flag is absent.
   bool IsFlagSet(const std::string& name) const;
-  /// Fills `values` with every value given, in command-line order.
+  /// Replaces `values` by the values given, in command-line order.
   void GetParameterList(const std::string& name, std::vector<std::string>& values) const;
 
-  /// Gives the parameter its value; a flag is given as true.
+  // For the framework.
+
+  /// Gives the parameter its value; a flag is given as true. The last value set counts.
   void SetParameter(const std::string& name, Value value);
 
  private:
@@ -132,12 +152,14 @@ class Output {
  public:
   static std::shared_ptr<Output> New();
 
-  /// The call's result; the last one set wins.
+  /// Sets the call's result, which is not null. The last one set counts.
   void SetRootObject(std::shared_ptr<MetaObj::MetaObject> root);
-  /// Any message makes the call a failed one, whatever its result says.
+  /// Appends a message. A call with messages has failed, whatever its result is.
   void AddErrorMessage(std::string text);
 
-  /// Null if the command set none.
+  // For the framework.
+
+  /// Null when the command set none.
   const std::shared_ptr<MetaObj::MetaObject>& GetRootObject() const { return root_; }
   const std::vector<std::string>& GetErrorMessages() const { return errors_; }
 
@@ -146,7 +168,7 @@ class Output {
   std::vector<std::string> errors_;
 };
 
-/// Something that can be called, seen from outside: what it takes and what it returns.
+/// Describes what can be called: what it takes and what it returns. Neither is null.
 class CallTargetSpec {
  public:
   virtual ~CallTargetSpec();
@@ -158,11 +180,12 @@ class CallTargetSpec {
   virtual std::shared_ptr<OutputSpec> GetOutputSpecInternal() = 0;
 };
 
-/// Something that can be called.
+/// What can be called.
 class CallTarget : public CallTargetSpec {
  public:
   ~CallTarget() override;
-  /// Runs the call. What fails stands in `output`; what is thrown is a fault of the host.
+  /// Runs the call; neither argument is null. Failures of the control library become messages in
+  /// `output`. Any exception that leaves it is a fault of the command or of the host.
   void Execute(const std::shared_ptr<Input>& input, const std::shared_ptr<Output>& output) {
     ExecuteInternal(input, output);
   }

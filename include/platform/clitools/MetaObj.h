@@ -1,4 +1,6 @@
-// The framework's self-describing values: what a command hands back and a formatter prints.
+// The framework's self-describing values: what a command returns and a formatter prints.
+//
+// Values are shared and not synchronised: the framework and its commands use them on one thread.
 #pragma once
 
 #include <cstddef>
@@ -16,7 +18,7 @@ namespace CliTools::MetaObj {
 /// The type of a value; also the element type given to `MetaList::New`.
 enum class MetaType { kBool = 0, kInt = 1, kString = 2, kStruct = 3, kList = 4 };
 
-/// Base of every value. Values are shared: who holds a handle sees later changes.
+/// Base of every value. A handle's owner sees later changes of the value.
 class MetaObject {
  public:
   virtual ~MetaObject();
@@ -32,7 +34,7 @@ class MetaObject {
   MetaType type_;
 };
 
-/// A text: any bytes, though UTF-8 by convention.
+/// A string: UTF-8 by convention, but any bytes, zero bytes included, are possible.
 class MetaString : public MetaObject {
  public:
   static std::shared_ptr<MetaString> New(std::string value = {});
@@ -74,16 +76,19 @@ class MetaStruct : public MetaObject {
   ~MetaStruct() override;
 
   /// Replaces the field's value, or appends the field if the record does not have it yet.
+  /// The value is not null.
   void SetField(const std::string& field, std::shared_ptr<MetaObject> value);
   void SetField(const std::string& field, std::string value);
   void SetField(const std::string& field, const char* value);
 
+  // For the framework.
+
   const std::string& GetName() const;
   /// Valid until this record gets a further field.
   std::span<const std::string> GetFieldNames() const;
-  /// The fields' values, each where `GetFieldNames` has its name.
+  /// Returns the fields' values, in the order of `GetFieldNames`.
   const std::vector<std::shared_ptr<MetaObject>>& GetValues() const;
-  /// The field's value; null if there is no such field.
+  /// Null when there is no such field.
   std::shared_ptr<MetaObject> GetField(const std::string& field) const;
 
  private:
@@ -91,11 +96,12 @@ class MetaStruct : public MetaObject {
   std::unique_ptr<Body> body_;
 };
 
-/// A list of texts or of records.
+/// A list of strings or of records. All its elements are of its type, and none is null: a host need
+/// not expect others, and may reject them.
 class MetaList : public MetaObject {
  public:
-  /// An empty list of `elementType` (`kString` or `kStruct`). `elementTemplate` shows formatters
-  /// the fields of an element even when the list is empty.
+  /// Returns an empty list of `elementType`, `kString` or `kStruct`. `elementTemplate`, an empty
+  /// record, shows formatters the fields of an element even when the list is empty.
   static std::shared_ptr<MetaList> New(MetaType elementType,
                                        std::shared_ptr<MetaStruct> elementTemplate = nullptr);
   MetaList(MetaType elementType, std::shared_ptr<MetaStruct> elementTemplate);
@@ -104,8 +110,10 @@ class MetaList : public MetaObject {
   void Add(std::shared_ptr<MetaStruct> value);
   void Reserve(std::size_t count);
 
+  // For the framework.
+
   MetaType GetElementType() const { return elementType_; }
-  /// Null if the list was made without one.
+  /// Null when the list was made without one.
   const std::shared_ptr<MetaStruct>& GetElementTemplate() const { return elementTemplate_; }
   const std::vector<std::shared_ptr<MetaObject>>& GetElements() const { return elements_; }
 

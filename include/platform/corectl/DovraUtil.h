@@ -1,4 +1,4 @@
-// The control library's stateless utilities.
+// The control library's stateless utilities, called by one thread.
 #pragma once
 
 #include <cstddef>
@@ -13,51 +13,54 @@
 
 namespace CoreCtl::Dovra {
 
-/// Each throws `DovraCtlException` when it fails, unless it says otherwise.
+/// Each function throws `DovraCtlException` when it fails, unless noted. Out-parameters are empty,
+/// false or 0 when a function is called.
 class DovraUtil {
  public:
   /// Fills all its arguments from the cluster directory service: the members of this host's
-  /// sub-cluster, and the host as its member.
+  /// sub-cluster, in the order in which they are shown, and the host's own state.
   static void GetInfoFromTavdir(std::vector<HostCtl::Dovra::DovraMemberInfo>& members,
                                 std::string& localNodeState, std::string& localNodeUuid,
                                 std::string& localNodeHealthState,
                                 std::uint64_t& membershipEntryRevision, std::string& membershipUuid,
                                 std::string& masterUuid, std::string& backupUuid,
                                 std::string& maintenanceModeState);
-  /// Whether the cluster's hosts reach each other by unicast.
+  /// Sets whether the cluster's hosts reach each other by unicast.
   static void GetUnicastMode(bool& enabled);
-  /// This host's local time, ready to be shown.
+  /// Returns this host's local time, formatted.
   static std::string GetFormattedSystemDateTime();
-  /// Whether this host is a cluster's witness.
+  /// Returns whether this host is a cluster's witness.
   static bool IsWitnessNode();
-  /// Whether this host's cluster spans two sites and a witness.
+  /// Returns whether this host's cluster spans two sites and a witness.
   static bool IsInStretchedCluster();
-  /// The id of this host's fault domain.
+  /// Returns the id of this host's fault domain.
   static std::string GetFaultDomainId();
-  /// Fills in the stretched cluster's preferred fault domain.
+  /// Sets both to the preferred fault domain of the stretched cluster.
   static void GetPreferredFaultDomainInfo(std::string& id, std::string& name);
   /// Cancels this host's maintenance-mode operation in progress.
   static void DecomCancel();
 
-  /// Runs the program `command` with one argument, waits, and returns its exit status, negative
-  /// when it could not be run. The flags are reserved; callers pass false, true, false. Throws
-  /// nothing.
+  /// Runs the program at the path `command` with one argument, not through a shell, and waits.
+  /// Returns its exit status, negative when it could not be run. The flags are reserved; callers
+  /// pass false, true, false.
   static int DovraExec(const std::string& command, const std::string& argument, bool reserved1,
                        bool reserved2, bool reserved3);
 
-  /// Characters, not bytes. Throws nothing.
+  /// Returns the number of characters (code points); a byte that is not part of a UTF-8 sequence
+  /// counts as one. Throws nothing.
   static std::size_t UTF8StringCharLength(const std::string& text);
 
   /// Throws when `text` is not a UUID: 36 characters, hexadecimal digits of either case.
   static HostCtl::Dovra::Uuid StringToDovraUuid(const std::string& text);
-  /// Lower-case. Throws nothing.
+  /// Returns the 36 characters, lower case: one spelling for each UUID. Throws nothing.
   static std::string DovraUuidToString(const HostCtl::Dovra::Uuid& uuid);
 
-  /// Throws when there is no class of that name.
+  /// Converts a class's name: "cluster", "vdisk", "vmnamespace", "vmswap" or "vmem". Throws when
+  /// there is no class of that name.
   static HostCtl::Dovra::DovraPolicyClass StringToDovraPolicyClass(const std::string& text);
-  /// The name of the class. Throws nothing.
+  /// Returns the name of the class. Throws nothing.
   static std::string DovraPolicyClassToString(HostCtl::Dovra::DovraPolicyClass policyClass);
-  /// All there are. Throws nothing.
+  /// Returns every class, in the order in which they are shown. Throws nothing.
   static std::vector<HostCtl::Dovra::DovraPolicyClass> GetDovraPolicyClasses();
 };
 

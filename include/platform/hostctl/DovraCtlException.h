@@ -7,7 +7,7 @@
 
 namespace HostCtl::Lib::Dovra {
 
-/// A refusal or failure of the control library, in words meant for the administrator.
+/// A refusal or failure of the control library. Its message is for the administrator.
 class DovraCtlException : public std::exception {
  public:
   explicit DovraCtlException(std::string message);

@@ -1,5 +1,15 @@
 // The control library's information objects: the host's part in the storage cluster, read and
-// changed. Every operation throws `DovraCtlException` when the library refuses or fails.
+// changed.
+//
+// - The order of virtual functions is binary interface; in these two classes the destructor is the
+//   first. A library with further functions between them declares those in their places here, and
+//   builds the plug-in with that header.
+// - Every operation throws `DovraCtlException` when the library refuses it or fails. Its message is
+//   shown to the administrator.
+// - Objects are used by one thread, for the length of one call of a command.
+// - Lists and records that an operation fills are empty when it is called, so it may assign to them
+//   or append. Handles in lists may be null; callers skip those.
+// - Ports, UUID strings, names and policies are what the user typed, unchecked unless noted.
 #pragma once
 
 #include <cstdint>
@@ -16,7 +26,6 @@ namespace HostCtl::Dovra {
 
 class DovraInfo {
  public:
-  // Callers skip null handles.
   using DiskLuns = std::vector<std::shared_ptr<DovraDiskLun>>;
   using Datastores = std::vector<std::shared_ptr<DovraDatastore>>;
 
@@ -25,70 +34,79 @@ class DovraInfo {
 
   virtual ~DovraInfo();
 
-  // Disks of this host, known by device name or by UUID; the library reads a UUID's text. A disk
-  // group is a flash device, which stands for it, and the capacity disks behind it.
+  // Disks of this host, named by device name or by UUID string. A disk group is a flash device,
+  // whose name also names the group, and the capacity disks behind it.
 
-  /// Fills `info`; `luns` is what `GetDovraDisks` gave, to match device data to the UUID.
+  /// Fills `info`; throws when no such disk is known. `luns` is what `GetDovraDisks` gave, to match
+  /// device data to the UUID.
   virtual void GetDiskInfo(const Uuid& disk, const DiskLuns& luns, DovraDiskInfo& info) = 0;
-  /// Partitions and formats empty disks: makes a disk group of them, or, if `ssd` has one already,
-  /// adds `disks` to it.
+  /// Partitions and formats empty disks. Makes a disk group of them, or adds `disks` to the group
+  /// that `ssd` has.
   virtual void AddDisks(const std::string& ssd, const std::vector<std::string>& disks) = 0;
   /// Puts the group's disks back to use.
   virtual void MountDiskGroup(const std::string& ssd) = 0;
-  /// The same for one capacity disk or, if it is a flash device's UUID, for the group.
+  /// Mounts one capacity disk or, given a flash device's UUID, its group.
   virtual void MountDiskByUuid(const std::string& uuid) = 0;
-  /// The same for one disk.
+  /// Mounts one disk.
   virtual void MountDisk(const std::string& disk) = 0;
-  /// Takes one capacity disk from the cluster; what is still on it is lost. The mode says what is
-  /// moved to other disks first: "NoAction", "EnsureObjectAccessibility" or "EvacuateAllData";
-  /// empty for the library's default.
+  /// Takes one capacity disk from the cluster; the data still on it is lost. The mode says which
+  /// data is moved to other disks first: "NoAction", "EnsureObjectAccessibility" or
+  /// "EvacuateAllData"; empty for the library's default.
   virtual void RemoveDisk(const std::string& disk, const std::string& evacuationMode) = 0;
-  /// The same for a flash device and every capacity disk behind it.
+  /// Takes a flash device and every capacity disk behind it from the cluster, as `RemoveDisk` does.
   virtual void RemoveDiskGroup(const std::string& ssd, const std::string& evacuationMode) = 0;
   /// Takes the group's disks out of use; their data stays on them.
   virtual void UnmountDiskGroup(const std::string& ssd) = 0;
-  /// The same for one disk.
+  /// Unmounts one disk.
   virtual void UnmountDisk(const std::string& disk) = 0;
-  /// The same for one capacity disk or, if it is a flash device's UUID, for the group.
+  /// Unmounts one capacity disk or, given a flash device's UUID, its group.
   virtual void UnmountDiskByUuid(const std::string& uuid) = 0;
-  /// `RemoveDisk` for a capacity disk, `RemoveDiskGroup` for a flash device.
+  /// Does what `RemoveDisk` does or, given a flash device's UUID, `RemoveDiskGroup`.
   virtual void RemoveDiskByUuid(const std::string& uuid, const std::string& evacuationMode) = 0;
-  /// Whether the service claims empty disks by itself, from the next storage event on.
+  /// Sets whether the service claims empty disks by itself, from the next storage event on.
   virtual void SetAutoClaimMode(bool enabled) = 0;
   virtual bool GetAutoClaimMode() = 0;
 
   // The cluster as this host sees it.
 
-  /// Where a stretched cluster's witness stands when the two sites lose each other.
+  /// Sets the fault domain with which the witness sides when the two sites of a stretched cluster
+  /// lose each other. The name has 1 to 256 characters.
   virtual void SetPreferredFaultDomain(const std::string& name) = 0;
   virtual bool IsLocalNodeWitness() = 0;
-  /// Which configuration of the cluster this host has.
+  /// Returns which configuration of the cluster this host has.
   virtual DovraConfigGeneration GetConfigGeneration() = 0;
 
   // The storage network and the peers reached by unicast.
 
-  /// Takes the interface out of the storage network for "dovra" or "witness" traffic. With `force`
-  /// the storage service is told even if the interface is not configured.
+  /// Takes "dovra" or "witness" traffic off the interface, which leaves the storage network with
+  /// its last traffic. With `force` the storage service is notified even if the interface is not
+  /// configured; without it, the operation throws then. It is called for "dovra" and then for
+  /// "witness", whatever the interface carries: the second call must not throw for an interface
+  /// that the first one removed.
   virtual void RemoveKnic(const std::string& name, bool force, const std::string& trafficType) = 0;
   /// Makes the storage service take over the changed list of agents.
   virtual void RefreshUnicastAgents() = 0;
-  /// Adds a peer to those that this host reaches by unicast. `boundInterface` counts only if there
-  /// is one. `extra` is for the library's own use; callers pass the empty text.
+  /// Adds a peer that this host reaches by unicast. The nil UUID stands for a witness whose UUID is
+  /// not known. `port` is any 32-bit number. `boundInterface` counts only with `hasBoundInterface`.
+  /// `extra` is for the library; callers pass the empty string.
   virtual void AddUnicastAgent(const std::string& nodeUuid, bool isWitness, bool supportsUnicast,
                                const DovraIpAddress& address, std::int32_t port,
                                bool hasBoundInterface, const std::string& boundInterface,
                                const std::string& extra) = 0;
-  /// Removes a peer from them. False asks the caller to follow up with `RefreshUnicastAgents`.
+  /// Removes a peer; the nil UUID stands for any at the address and port. Throws when there is
+  /// none. Returns false when the caller has to call `RefreshUnicastAgents`.
   virtual bool RemoveUnicastAgent(const std::string& nodeUuid, const DovraIpAddress& address,
                                   std::int32_t port) = 0;
-  /// Fills `entries`, one an agent: node UUID, whether it is a witness, whether it supports
-  /// unicast, address, port, bound interface, joined by ";".
+  /// Fills `entries`, one for each agent: node UUID, whether it is a witness, whether it supports
+  /// unicast, address, port, bound interface, joined by ";". The two flags and the port are decimal
+  /// numbers, and a flag of 0 means no. The interface is empty when none is bound; it takes the
+  /// rest of the entry and may hold ";". An entry with fewer than five ";" is malformed.
   virtual void GetUnicastAgents(std::vector<std::string>& entries) = 0;
-  /// Fills `witnesses` with a text for each agent that is a witness.
+  /// Fills `witnesses` with a string for each agent that is a witness, only to be shown.
   virtual void GetUnicastWitnesses(std::vector<std::string>& witnesses) = 0;
   /// Puts the persisted interfaces into effect again.
   virtual void RestoreNetworkConfig() = 0;
-  /// Puts the persisted membership into effect again; `boot` tells that the host is starting.
+  /// Puts the persisted membership into effect again. `boot` is true while the host boots.
   virtual void RestoreClusterConfig(bool boot) = 0;
   /// Removes every interface from the storage network.
   virtual void ClearNetworkConfig() = 0;
@@ -97,21 +115,22 @@ class DovraInfo {
 
   // Membership.
 
-  /// Makes this host a member. A witness needs the fault domain that it prefers; other hosts give
-  /// the empty text. With `wait` it returns when the host is in. `reserved` is false.
+  /// Makes this host a member. `preferredFaultDomain` is set for a witness and empty for other
+  /// hosts. With `wait` it returns when the host has joined. `reserved` is false.
   virtual void JoinCluster(const Uuid& cluster, bool asWitness,
                            const std::string& preferredFaultDomain, bool wait, bool reserved) = 0;
-  /// Makes a cluster under `uuid` with this host in it. Callers pass true and false.
+  /// Makes a cluster under `uuid` with this host in it. `enable` is true, `reserved` is false.
   virtual void CreateCluster(const std::string& uuid, bool enable, bool reserved) = 0;
   /// `reserved` is false.
   virtual void LeaveCluster(bool reserved) = 0;
-  /// The record lives as long as this object.
+  /// Returns a record that lives as long as this object and does not change until the next call of
+  /// this function.
   virtual const DovraClusterConfig& GetClusterConfig() = 0;
-  /// Puts this host into the fault domain, whose name is not empty.
+  /// Puts this host into the fault domain. The name is not empty and has at most 256 bytes.
   virtual void SetFaultDomain(const std::string& name) = 0;
   /// Puts this host into the default fault domain.
   virtual void ResetFaultDomain() = 0;
-  /// Empty when the host is in no named fault domain.
+  /// Empty when the host is in the default fault domain.
   virtual std::string GetFaultDomainName() = 0;
   /// Marks a flash device for use as a capacity disk.
   virtual void AddCapacityFlashTag(const std::string& disk) = 0;
@@ -126,32 +145,36 @@ class DovraInfo {
   virtual void AddDatastore(const DovraDatastore& datastore) = 0;
   /// `reserved` is true.
   virtual void RemoveDatastore(const std::string& uuid, bool reserved) = 0;
+  /// Fills `datastores`, in the order in which they are shown.
   virtual void GetDatastores(Datastores& datastores) = 0;
-  /// Whether the interface is configured for "dovra" or "witness" traffic.
+  /// Returns whether the interface is configured for "dovra" or "witness" traffic.
   virtual bool IsKnicInUse(const std::string& name, const std::string& trafficType) = 0;
-  /// Fills `disks` with the further disks that the storage service knows of, on this host or
-  /// others.
+  /// Fills `disks` with the disks that the storage service knows of, on this host or others.
   virtual void GetDiskUuids(std::vector<Uuid>& disks) = 0;
-  /// Objects of the class get `policy` unless they are made with their own.
+  /// Sets the policy of objects of the class that are made without one.
   virtual void SetPolicyDefault(const std::string& policyClass, const std::string& policy) = 0;
+  /// Empty when the class has none.
   virtual std::string GetPolicyDefault(const std::string& policyClass) = 0;
 
-  // Resynchronisation, in Mbps; a throttle of 0 is none.
+  // Resynchronisation, in Mbps. A throttle of 0 means no throttling; callers set 0 to 512.
 
   virtual std::int64_t GetResyncThrottle() = 0;
   virtual void SetResyncThrottle(std::int64_t level) = 0;
-  /// That of the disk group with the most to resynchronise.
+  /// Returns the bandwidth of the disk group with the heaviest resync workload.
   virtual std::int64_t GetResyncBandwidth() = 0;
 };
 
-/// The newer network operations; a host's control library may be too old to have them.
+/// The newer network operations. `GetDovraInfo` returns an object that is a `DovraInfo2` where the
+/// library has them; callers find out by `dynamic_cast`.
 class DovraInfo2 : public virtual DovraInfo {
  public:
   ~DovraInfo2() override;
 
-  /// Stores the entry in the place of any other of the same interface.
+  /// Stores the entry and replaces any other of the same interface. Ports and TTL are any 32-bit
+  /// number, the groups' addresses any address of the slot's family, and the UUID is empty: the
+  /// library keeps or assigns one.
   virtual void ConfigureKnic(const DovraKnicConfig2& config) = 0;
-  /// Every entry configured; the caller owns them.
+  /// Returns every entry configured, in the order in which they are shown.
   virtual std::vector<std::unique_ptr<DovraKnicConfig2>> GetKnicConfigs() = 0;
 };
 

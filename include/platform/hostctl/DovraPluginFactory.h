@@ -8,18 +8,21 @@
 
 namespace HostCtl {
 
-/// The way to the storage cluster's service.
+/// The connection to the storage cluster's service. The order of its virtual functions is binary
+/// interface: `GetDovraInfo` is the first, so the destructor follows it.
 class DovraPlugin {
  public:
-  /// A new information object, or none if the service has none to give; it must not outlive the
-  /// plug-in object.
+  /// Returns a new information object; null when the service has none. The caller owns it and
+  /// destroys it before this object.
   virtual std::unique_ptr<Dovra::DovraInfo> GetDovraInfo() = 0;
   virtual ~DovraPlugin();
 };
 
 class DovraPluginFactory {
  public:
-  /// The caller owns it. Throws `DovraCtlException` when the service cannot be reached.
+  /// Returns a new connection, which the caller owns; each call of a command makes one. Callers
+  /// take null for a service without an information object. Throws `DovraCtlException` when the
+  /// service cannot be reached.
   static std::unique_ptr<DovraPlugin> GetDovraPlugin();
 };
 

@@ -1,4 +1,4 @@
-// The values that pass between the control library and those who call it.
+// The values that the control library and its callers exchange.
 #pragma once
 
 #include <array>
@@ -18,10 +18,10 @@ struct Uuid {
   auto operator<=>(const Uuid&) const = default;
 };
 
-/// The classes of objects that have a default storage policy each.
+/// The classes of objects. Each has a default storage policy.
 enum class DovraPolicyClass { kCluster, kVdisk, kVmNamespace, kVmSwap, kVmem };
 
-/// An address of either family; the other family's member is left as it was made.
+/// An address of either family; the member of the other family keeps its default.
 struct DovraIpAddress {
   bool isIpv6 = false;
   Network::Ipv4Address ipv4;
@@ -41,11 +41,11 @@ struct DovraIpAddress {
 
 struct DovraClusterConfig {
   bool enabled = false;
-  std::string clusterUuid;  ///< empty when not enabled
+  std::string clusterUuid;  ///< empty when `enabled` is false
 };
 
 struct DovraConfigGeneration {
-  std::string uuid;  ///< may be empty
+  std::string uuid;  ///< may be empty, which is shown as "None"
   std::uint64_t generation = 0;
   std::uint64_t timestamp = 0;  ///< milliseconds since the epoch
 };
@@ -54,7 +54,8 @@ struct DovraMemberInfo {
   std::string uuid;
 };
 
-/// A datastore of the cluster.
+/// A datastore of the cluster. Its name is chosen by a user of any host in the cluster; it holds no
+/// zero byte, since it becomes part of a shell command.
 class DovraDatastore {
  public:
   DovraDatastore(std::string uuid, std::string name, bool isDefault);
@@ -68,16 +69,17 @@ class DovraDatastore {
   bool isDefault_;
 };
 
-/// A disk device of this host that belongs to the cluster.
+/// A disk device of this host that belongs to the cluster. The order of its virtual functions is
+/// binary interface: `GetUuid` is the first, so the destructor follows the others.
 class DovraDiskLun {
  public:
-  // Both throw `DovraCtlException` when the device cannot be asked.
+  // Both throw `DovraCtlException` when the device does not answer.
   virtual Uuid GetUuid() const = 0;
   virtual std::string GetDeviceName() const = 0;
   virtual ~DovraDiskLun();
 };
 
-/// What is known of one disk of the cluster.
+/// One disk of the cluster. Strings are shown as they are; what is not known stays empty.
 struct DovraDiskInfo {
   std::string deviceName;
   bool isFlash = false;
@@ -87,8 +89,8 @@ struct DovraDiskInfo {
   std::string vendor;
   std::string model;
   bool usedByThisHost = false;
-  bool inTavdir = false;  ///< published in the cluster directory
-  std::int32_t formatVersion = 0;
+  bool inTavdir = false;           ///< published in the cluster directory
+  std::int32_t formatVersion = 0;  ///< the number on the disk; commands show its label
   bool deduplication = false;
   std::string checksum;
   bool checksumOk = false;
@@ -98,7 +100,7 @@ struct DovraDiskInfo {
   bool isMounted = false;
 };
 
-/// One kernel network interface of the storage network, its IPv4 side.
+/// One kernel network interface of the storage network, with its IPv4 groups.
 class DovraKnicConfig {
  public:
   virtual ~DovraKnicConfig();
@@ -139,7 +141,8 @@ class DovraKnicConfig2 : public DovraKnicConfig {
 
   const DovraIpAddress& GetAgentV6MulticastGroup() const { return agentV6Group_; }
   const DovraIpAddress& GetMasterV6MulticastGroup() const { return masterV6Group_; }
-  /// Fills `types` with "dovra" and "witness", as far as the interface carries them.
+  /// Fills `types`, which is empty, with the traffic that the interface carries: "dovra",
+  /// "witness".
   void GetTrafficTypes(std::vector<std::string>& types) const;
 
   bool carriesDovra;

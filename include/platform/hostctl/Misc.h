@@ -6,7 +6,7 @@
 
 namespace HostCtl::Misc {
 
-/// Formats like `printf` into a new text. Throws nothing of its own.
+/// Returns the string that `printf` would print. Throws only `std::bad_alloc`.
 [[gnu::format(printf, 1, 2)]] std::string StrPrintf(const char* format, ...);
 
 }  // namespace HostCtl::Misc

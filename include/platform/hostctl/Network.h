@@ -7,10 +7,10 @@
 
 namespace HostCtl::Network {
 
-/// An IPv4 address; 0.0.0.0 unless given otherwise.
+/// An IPv4 address; 0.0.0.0 by default.
 class Ipv4Address {
  public:
-  /// Whether `text` is an address in dotted form, all four parts given.
+  /// Returns whether `text` is an address in dotted form with all four parts.
   static bool IsValidAddress(const std::string& text);
 
   Ipv4Address() = default;
@@ -24,10 +24,10 @@ class Ipv4Address {
   std::uint32_t address_ = 0;  // network byte order
 };
 
-/// An IPv6 address, kept in the spelling in which it was given; "::" unless given otherwise.
+/// An IPv6 address in the spelling in which it was given; "::" by default.
 class Ipv6Address {
  public:
-  /// Whether `text` is an address in one of IPv6's spellings.
+  /// Returns whether `text` is an address in one of IPv6's spellings.
   static bool IsValidAddress(const std::string& text);
 
   Ipv6Address() = default;
@@ -35,7 +35,7 @@ class Ipv6Address {
   explicit Ipv6Address(const std::string& text);
 
   const std::string& GetStringAddress() const { return text_; }
-  /// Whether both are the same address, however they are spelt.
+  /// Returns whether both are the same address, in any spelling.
   bool operator==(const Ipv6Address& other) const;
 
  private:
