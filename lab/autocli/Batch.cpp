@@ -12,7 +12,7 @@
 #include "clitools/Display.h"
 #include "clitools/UsageError.h"
 #include "clitools/Words.h"
-#include "corectl/session/LabHost.h"
+#include "corectl/session/Session.h"
 
 namespace AutoCliProgram {
 

@@ -7,7 +7,7 @@
 
 #include "autocli/Program.h"
 #include "corectl/rules/Disks.h"
-#include "corectl/session/LabHost.h"
+#include "corectl/session/Session.h"
 
 namespace AutoCliProgram {
 

@@ -6,7 +6,7 @@
 #include "baselibs/Environment.h"
 #include "baselibs/HostError.h"
 #include "clitools/UsageError.h"
-#include "corectl/session/LabHost.h"
+#include "corectl/session/Session.h"
 
 namespace AutoCliProgram {
 

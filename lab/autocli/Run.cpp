@@ -16,7 +16,7 @@
 #include "clitools/Help.h"
 #include "clitools/Nodes.h"
 #include "clitools/PluginError.h"
-#include "corectl/session/LabHost.h"
+#include "corectl/session/Session.h"
 
 namespace AutoCliProgram {
 

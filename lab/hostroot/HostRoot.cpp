@@ -13,7 +13,7 @@
 
 #include "baselibs/File.h"
 #include "baselibs/HostError.h"
-#include "store/LabFolder.h"
+#include "store/LabDirectory.h"
 #include "store/Uuids.h"
 
 namespace Lab {

@@ -26,7 +26,7 @@ ConstraintPtr Range() {
 
 /// The host that autocli's --host selects. Throws `LabError` when the lab has no such host.
 HostRow SelectedHost(Store& store) {
-  return *store.FindHost(LabHost::Current().GetName());
+  return *store.FindHost(Session::Current().GetName());
 }
 
 void AddNamedHost(Store& store, const InputPtr& input) {
@@ -185,7 +185,7 @@ ConstraintPtr DaemonStates() {
 void SetTraced(Store&, HostRow&, const InputPtr& input) {
   const char* const running = input->GetParameter("state") == "running" ? "true" : "false";
   const auto failing = Given<std::int64_t>(input, "fail-restarts").value_or(0);
-  ReplaceFile(LabHost::Current().GetRoot(), kTraceState,
+  ReplaceFile(Session::Current().GetRoot(), kTraceState,
               std::string(R"({"running": )") + running + R"(, "fail_restarts": )" +
                   std::to_string(failing) + "}\n");
 }

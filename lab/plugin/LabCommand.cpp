@@ -58,7 +58,7 @@ class Operation final : public LabCommand {
   void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
     try {
       if (const auto* const change = std::get_if<HostChange>(&row_.work)) {
-        LabHost::Current().Change(
+        Session::Current().Change(
             [&](Store& store, HostRow& host) { (*change)(store, host, input); });
       } else {
         ChangeLab([&](Store& store) { std::get<LabChange>(row_.work)(store, input); });

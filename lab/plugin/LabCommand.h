@@ -5,7 +5,7 @@
 #include <variant>
 #include <vector>
 
-#include "corectl/session/LabHost.h"
+#include "corectl/session/Session.h"
 #include "frame/Frame.h"
 
 namespace Lab {

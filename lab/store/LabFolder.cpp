@@ -1,4 +1,4 @@
-#include "store/LabFolder.h"
+#include "store/LabDirectory.h"
 
 #include <fcntl.h>
 #include <pwd.h>

@@ -3,7 +3,7 @@
 #include <system_error>
 
 #include "baselibs/HostError.h"
-#include "store/LabFolder.h"
+#include "store/LabDirectory.h"
 #include "store/Schema.h"
 #include "store/Uuids.h"
 

@@ -3,7 +3,7 @@
 
 #include "baselibs/Environment.h"
 #include "corectl/rules/Hosts.h"
-#include "corectl/session/LabHost.h"
+#include "corectl/session/Session.h"
 #include "frame/Frame.h"
 
 namespace {
@@ -17,7 +17,7 @@ std::string Fault() {
 
 /// Begins a change, and throws what no command may.
 void BreakOff() {
-  Lab::LabHost::Current().Change([&](Lab::Store& store, Lab::HostRow& host) {
+  Lab::Session::Current().Change([&](Lab::Store& store, Lab::HostRow& host) {
     host.faultDomain = "half done";
     store.Save(host);
     Lab::AddHost(store, "half-done", Lab::Selected().hostFiles);

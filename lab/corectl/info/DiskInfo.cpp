@@ -12,7 +12,7 @@
 // what it is. All answers are of the moment of the first question, since its answer holds the view.
 
 void HostCtl::Dovra::DovraInfo::GetDovraDisks(DiskLuns& luns) {
-  auto& host = Lab::LabHost::Current();
+  auto& host = Lab::Session::Current();
   host.FailIfTold("GetDovraDisks");
   luns.clear();
   const auto view = host.GetDiskView();

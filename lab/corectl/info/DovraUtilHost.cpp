@@ -8,7 +8,7 @@
 #include "corectl/rules/Hosts.h"
 #include "corectl/rules/Refuse.h"
 #include "corectl/rules/Splits.h"
-#include "corectl/session/LabHost.h"
+#include "corectl/session/Session.h"
 #include "platform/corectl/DovraUtil.h"
 #include "store/Uuids.h"
 
@@ -16,7 +16,7 @@ namespace CoreCtl::Dovra {
 
 using HostCtl::Dovra::DovraMemberInfo;
 using Lab::HostRow;
-using Lab::LabHost;
+using Lab::Session;
 using Lab::Store;
 
 void DovraUtil::GetInfoFromTavdir(std::vector<DovraMemberInfo>& members,
@@ -25,7 +25,7 @@ void DovraUtil::GetInfoFromTavdir(std::vector<DovraMemberInfo>& members,
                                   std::uint64_t& membershipEntryRevision,
                                   std::string& membershipUuid, std::string& masterUuid,
                                   std::string& backupUuid, std::string& maintenanceModeState) {
-  const Lab::ClusterView& view = LabHost::Current().GetClusterView("GetInfoFromTavdir");
+  const Lab::ClusterView& view = Session::Current().GetClusterView("GetInfoFromTavdir");
   view.RequireMember();
   const Lab::Side side = Lab::SideOf(view.members, view.host);
   const Lab::Membership membership = Lab::MembershipOf(side.members);
@@ -48,11 +48,11 @@ void DovraUtil::GetInfoFromTavdir(std::vector<DovraMemberInfo>& members,
 }
 
 void DovraUtil::GetUnicastMode(bool& enabled) {
-  enabled = LabHost::Current().GetClusterView("GetUnicastMode").usesUnicast;
+  enabled = Session::Current().GetClusterView("GetUnicastMode").usesUnicast;
 }
 
 std::string DovraUtil::GetFormattedSystemDateTime() {
-  LabHost::Current().FailIfTold("GetFormattedSystemDateTime");
+  Session::Current().FailIfTold("GetFormattedSystemDateTime");
   const std::time_t now = std::time(nullptr);
   std::tm local{};
   localtime_r(&now, &local);
@@ -61,22 +61,22 @@ std::string DovraUtil::GetFormattedSystemDateTime() {
 }
 
 bool DovraUtil::IsWitnessNode() {
-  const auto& member = LabHost::Current().GetClusterView("IsWitnessNode").member;
+  const auto& member = Session::Current().GetClusterView("IsWitnessNode").member;
   return member && member->witness;
 }
 
 bool DovraUtil::IsInStretchedCluster() {
-  return !Lab::SitesOf(LabHost::Current().GetClusterView("IsInStretchedCluster").members).empty();
+  return !Lab::SitesOf(Session::Current().GetClusterView("IsInStretchedCluster").members).empty();
 }
 
 std::string DovraUtil::GetFaultDomainId() {
-  const HostRow& host = LabHost::Current().GetClusterView("GetFaultDomainId").host;
+  const HostRow& host = Session::Current().GetClusterView("GetFaultDomainId").host;
   // A host in none is one of its own.
   return host.faultDomain.empty() ? host.uuid : Lab::FaultDomainId(host.faultDomain);
 }
 
 void DovraUtil::GetPreferredFaultDomainInfo(std::string& id, std::string& name) {
-  const auto& view = LabHost::Current().GetClusterView("GetPreferredFaultDomainInfo");
+  const auto& view = Session::Current().GetClusterView("GetPreferredFaultDomainInfo");
   view.RequireMember();
   name = Lab::PreferredFaultDomain(view.members);
   id = Lab::FaultDomainId(name);
@@ -88,13 +88,13 @@ void DovraUtil::GetPreferredFaultDomainInfo(std::string& id, std::string& name) 
 }
 
 void DovraUtil::DecomCancel() {
-  LabHost::Current().Change(
+  Session::Current().Change(
       "DecomCancel", [](Store& store, HostRow& host) { Lab::CancelMaintenance(store, host); });
 }
 
 int DovraUtil::DovraExec(const std::string& command, const std::string& argument, bool, bool,
                          bool) {
-  if (LabHost::Current().TakeFault("DovraExec")) return -1;  // it has no other way to fail
+  if (Session::Current().TakeFault("DovraExec")) return -1;  // it has no other way to fail
   // What the program says is for its log; the caller judges by its status.
   return BaseLibs::RunProgram({command, argument}).status;
 }

@@ -7,14 +7,14 @@
 #include <string>
 #include <vector>
 
-#include "corectl/session/LabHost.h"
+#include "corectl/session/Session.h"
 #include "platform/hostctl/DovraInfo.h"
 
 namespace Lab {
 
 class LabInfo : public virtual HostCtl::Dovra::DovraInfo {
  public:
-  explicit LabInfo(LabHost& host) : host_(host) {}
+  explicit LabInfo(Session& host) : host_(host) {}
 
   void GetDiskInfo(const HostCtl::Dovra::Uuid& uuid, const DiskLuns& luns,
                    HostCtl::Dovra::DovraDiskInfo& info) override;
@@ -73,7 +73,7 @@ class LabInfo : public virtual HostCtl::Dovra::DovraInfo {
   std::int64_t GetResyncBandwidth() override;
 
  protected:
-  LabHost& host_;
+  Session& host_;
 
  private:
   using FindDisk = DiskRow (*)(Store&, const HostRow&, const std::string& name);

@@ -10,7 +10,7 @@ namespace {
 class LabPlugin final : public DovraPlugin {
  public:
   std::unique_ptr<Dovra::DovraInfo> GetDovraInfo() override {
-    auto& host = Lab::LabHost::Current();
+    auto& host = Lab::Session::Current();
     host.FailIfTold("GetDovraInfo");
     if (host.GetApiVersion() >= 2) return std::make_unique<Lab::LabInfo2>(host);
     return std::make_unique<Lab::LabInfo>(host);
@@ -22,7 +22,7 @@ class LabPlugin final : public DovraPlugin {
 DovraPlugin::~DovraPlugin() = default;
 
 std::unique_ptr<DovraPlugin> DovraPluginFactory::GetDovraPlugin() {
-  Lab::LabHost::Current().FailIfTold("GetDovraPlugin");
+  Lab::Session::Current().FailIfTold("GetDovraPlugin");
   return std::make_unique<LabPlugin>();
 }
 

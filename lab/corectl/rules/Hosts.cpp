@@ -4,7 +4,7 @@
 #include "corectl/rules/Clusters.h"
 #include "corectl/rules/Refuse.h"
 #include "hostroot/HostRoot.h"
-#include "store/LabFolder.h"
+#include "store/LabDirectory.h"
 #include "store/Uuids.h"
 
 namespace Lab {

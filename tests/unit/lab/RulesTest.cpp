@@ -10,7 +10,7 @@
 #include "corectl/rules/Disks.h"
 #include "corectl/rules/Hosts.h"
 #include "corectl/rules/Splits.h"
-#include "corectl/session/LabHost.h"
+#include "corectl/session/Session.h"
 #include "platform/corectl/DovraUtil.h"
 #include "platform/hostctl/DovraPluginFactory.h"
 #include "store/Uuids.h"
@@ -66,7 +66,7 @@ class Rules : public testing::Test {
 
   template <class Work>
   void Change(Work&& work) {
-    LabHost::Current().Change(std::forward<Work>(work));
+    Session::Current().Change(std::forward<Work>(work));
   }
 
   /// Another process takes everything away.

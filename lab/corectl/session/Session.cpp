@@ -1,4 +1,4 @@
-#include "corectl/session/LabHost.h"
+#include "corectl/session/Session.h"
 
 #include <sys/stat.h>
 
@@ -10,7 +10,7 @@
 #include "corectl/rules/Hosts.h"
 #include "corectl/rules/Refuse.h"
 #include "hostroot/HostRoot.h"
-#include "store/LabFolder.h"
+#include "store/LabDirectory.h"
 
 namespace Lab {
 
@@ -20,18 +20,18 @@ using BaseLibs::HostError;
 namespace {
 
 /// A selection and what has been opened for it.
-struct Session {
+struct State {
   Selection selection;
   std::optional<Store> store;
-  bool isChecked = false;       // store is what this selection leads to
-  std::optional<LabHost> host;  // after store, to which it refers
+  bool isChecked = false;          // store is what this selection leads to
+  std::optional<Session> session;  // after store, to which it refers
 };
 
 /// It is not destroyed: the process ends with it, and closing the store takes longer than reading
 /// a few rows of it.
-Session& CurrentSession() {
-  static auto& session = *new Session;
-  return session;
+State& CurrentState() {
+  static auto& state = *new State;
+  return state;
 }
 
 HostRow ReadHost(Store& store, const std::string& name) {
@@ -43,15 +43,15 @@ HostRow ReadHost(Store& store, const std::string& name) {
 }  // namespace
 
 void Select(Selection selection) {
-  Session& session = CurrentSession();
-  session.host.reset();
-  if (selection.folder != session.selection.folder) session.store.reset();
-  session.isChecked = false;
-  session.selection = std::move(selection);
+  State& state = CurrentState();
+  state.session.reset();
+  if (selection.folder != state.selection.folder) state.store.reset();
+  state.isChecked = false;
+  state.selection = std::move(selection);
 }
 
 const Selection& Selected() {
-  return CurrentSession().selection;
+  return CurrentState().selection;
 }
 
 bool IsMade() {
@@ -73,27 +73,27 @@ void SettleNewLab(Store& store) {
 }  // namespace
 
 Store& OpenStore() {
-  Session& session = CurrentSession();
-  if (session.isChecked) return *session.store;
-  if (!session.store || !session.store->IsCurrent()) {
+  State& state = CurrentState();
+  if (state.isChecked) return *state.store;
+  if (!state.store || !state.store->IsCurrent()) {
     // Nothing that this process or its programs create may be writable by other users.
     umask(umask(022) | 022);
-    session.store.emplace(session.selection.folder, NewLab{FillNewLab, SettleNewLab});
+    state.store.emplace(state.selection.folder, NewLab{FillNewLab, SettleNewLab});
   }
-  session.isChecked = true;
-  return *session.store;
+  state.isChecked = true;
+  return *state.store;
 }
 
-LabHost& LabHost::Current() {
-  Session& session = CurrentSession();
-  if (!session.host) {
+Session& Session::Current() {
+  State& state = CurrentState();
+  if (!state.session) {
     Store& store = OpenStore();
-    session.host.emplace(store, ReadHost(store, session.selection.host));
+    state.session.emplace(store, ReadHost(store, state.selection.host));
   }
-  return *session.host;
+  return *state.session;
 }
 
-LabHost::LabHost(Store& store, const HostRow& host)
+Session::Session(Store& store, const HostRow& host)
     : store_(store),
       name_(host.name),
       id_(host.id),
@@ -102,7 +102,7 @@ LabHost::LabHost(Store& store, const HostRow& host)
   RequireOwn(RootOf(store.GetFolder(), host));
 }
 
-std::optional<std::string> LabHost::TakeFault(Operation operation) {
+std::optional<std::string> Session::TakeFault(Operation operation) {
   if (!hasFaults_) return std::nullopt;
   const auto isCounted = [=](const FaultRow& fault) {
     return fault.operation == operation.GetName();
@@ -129,27 +129,27 @@ std::optional<std::string> LabHost::TakeFault(Operation operation) {
   return message;
 }
 
-void LabHost::FailIfTold(Operation operation) {
+void Session::FailIfTold(Operation operation) {
   if (const auto message = TakeFault(operation)) Refuse(*message);
 }
 
-const ClusterView& LabHost::GetClusterView(Operation operation) {
+const ClusterView& Session::GetClusterView(Operation operation) {
   FailIfTold(operation);
   if (!clusterView_) clusterView_ = Read(ReadClusterView);
   return *clusterView_;
 }
 
-std::shared_ptr<DiskView> LabHost::GetDiskView() {
+std::shared_ptr<DiskView> Session::GetDiskView() {
   auto view = diskView_.lock();
   if (!view) diskView_ = view = std::make_shared<DiskView>(Read(ReadDiskView));
   return view;
 }
 
-fs::path LabHost::GetRoot() {
+fs::path Session::GetRoot() {
   return RootOf(store_.GetFolder(), ReadRow());
 }
 
-HostRow LabHost::ReadRow() {
+HostRow Session::ReadRow() {
   return ReadHost(store_, name_);
 }
 

@@ -46,13 +46,13 @@ void ChangeLab(Work&& work) {
   transaction.Commit();
 }
 
-class LabHost {
+class Session {
  public:
   /// The selected host, until the next selection. Throws `HostError` when the lab cannot be used or
   /// has no such host.
-  static LabHost& Current();
+  static Session& Current();
 
-  explicit LabHost(Store& store, const HostRow& host);
+  explicit Session(Store& store, const HostRow& host);
 
   /// Runs one operation of the control library as one transaction that only reads, and returns
   /// what `work(store, host)` does. Throws `DovraCtlException` when the operation is to fail.
