@@ -163,7 +163,7 @@ ExitStatus RunCommand(Command& command, const Call& call, const Options& options
   const auto output = CliTools::CallSpec::Output::New();
   Execute(command, call, output);
   if (mayCreateDefaultLab && Lab::IsMade()) {
-    PrintRemark("Created a lab in " + CliTools::Quote(Lab::Selected().folder.string()) +
+    PrintRemark("Created a lab in " + CliTools::Quote(Lab::Selected().directory.string()) +
                 "; --lab or AUTOCLI_LAB selects another directory.");
   }
   ExitStatus status = kSuccess;

@@ -74,7 +74,7 @@ void DeleteRoot(const fs::path& root, const HostRow& host) {
   for (const auto& entry : fs::directory_iterator(gone)) {
     if (entry.path().filename() != kMark) fs::remove_all(entry.path());
   }
-  SyncFolder(gone);
+  SyncDirectory(gone);
   fs::remove(gone / kMark);
   fs::remove(gone);
 }
@@ -149,7 +149,7 @@ void CopyFiles(const fs::path& from, const fs::path& to) {
 }  // namespace
 
 fs::path RootOf(const fs::path& lab, const HostRow& host) {
-  const fs::path hosts = lab / kHostsFolder;
+  const fs::path hosts = lab / kHostsDirectory;
   const fs::path draft = HiddenRootOf(hosts, host);
   return IsRealDirectory(draft) ? draft : hosts / host.name;
 }
@@ -164,7 +164,7 @@ fs::path HostFile(const fs::path& root, const fs::path& name) {
 
 void MakeRoot(Store& store, const HostRow& host, const fs::path& files) {
   const std::string lab = store.GetLabUuid();
-  const fs::path hosts = store.GetFolder() / kHostsFolder;
+  const fs::path hosts = store.GetDirectory() / kHostsDirectory;
   try {
     fs::create_directory(hosts);
     if (!IsRealDirectory(hosts)) RefuseInTheWay(hosts);
@@ -183,7 +183,7 @@ void MakeRoot(Store& store, const HostRow& host, const fs::path& files) {
 
 std::vector<std::string> SettleRoots(Store& store) {
   const std::string lab = store.GetLabUuid();
-  const fs::path hosts = store.GetFolder() / kHostsFolder;
+  const fs::path hosts = store.GetDirectory() / kHostsDirectory;
   if (!IsRealDirectory(hosts)) return {};
   std::map<std::string, HostRow> drafts;
   std::set<std::string> roots;
@@ -224,16 +224,16 @@ void ReplaceFile(const fs::path& root, const fs::path& name, const std::string& 
   const fs::path path = root / name;
   const fs::path draft = path.string() + kDraftInfix + std::to_string(getpid());
   try {
-    fs::path folder = root;
+    fs::path directory = root;
     for (const fs::path& part : name.parent_path()) {
-      const fs::path above = std::exchange(folder, folder / part);
-      fs::create_directory(folder);
-      SyncFolder(above);  // also where one made it that was killed then
+      const fs::path above = std::exchange(directory, directory / part);
+      fs::create_directory(directory);
+      SyncDirectory(above);  // also where one made it that was killed then
     }
     fs::remove(draft);
     WriteNewFile(draft, content);
     fs::rename(draft, path);
-    SyncFolder(folder);
+    SyncDirectory(directory);
   } catch (const fs::filesystem_error& error) {
     std::error_code ignored;
     fs::remove(draft, ignored);

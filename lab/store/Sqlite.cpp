@@ -179,7 +179,7 @@ void Database::BeginToRead() {
 
 void Database::BeginToWrite() {
   // Here and not when it is opened, because most commands write nothing. A journal that is kept is
-  // overwritten and synced to end it; one that is deleted wants its folder synced, too.
+  // overwritten and synced to end it; one that is deleted wants its directory synced, too.
   Run(journal_ == Journal::kKept ? "PRAGMA journal_mode = PERSIST" : "PRAGMA synchronous = EXTRA");
   Run("BEGIN IMMEDIATE");
 }

@@ -22,14 +22,15 @@ std::int64_t ReadPragma(Database& database, const char* pragma) {
 }  // namespace
 
 // SQLite takes some relative paths for something else.
-Store::Store(const fs::path& folder, const NewLab& newLab) : folder_(fs::absolute(folder)) {
-  if ((folder_ / kStoreDraft).native().size() > Database::LongestPath()) {
-    throw HostError("the lab's folder \"" + folder_.string() +
+Store::Store(const fs::path& directory, const NewLab& newLab)
+    : directory_(fs::absolute(directory)) {
+  if ((directory_ / kStoreDraft).native().size() > Database::LongestPath()) {
+    throw HostError("the lab's directory \"" + directory_.string() +
                     "\" cannot be used: its path is too long");
   }
   std::error_code ignored;
   const bool isNew = !fs::exists(fs::symlink_status(GetFile(), ignored));
-  if (isNew) PrepareLabFolder(folder_);
+  if (isNew) PrepareLabDirectory(directory_);
   RequireTrust();
   if (isNew) Make(newLab);
   database_.emplace(GetFile().string(), Journal::kKept);
@@ -44,13 +45,13 @@ bool Store::IsCurrent() {
 }
 
 fs::path Store::GetFile() const {
-  return folder_ / kStoreFile;
+  return directory_ / kStoreFile;
 }
 
 void Store::RequireTrust() const {
-  RequireOwn(folder_);
-  for (const char* const name : {kStoreFile, kStoreJournal, kHostsFolder})
-    RequireOwn(folder_ / name);
+  RequireOwn(directory_);
+  for (const char* const name : {kStoreFile, kStoreJournal, kHostsDirectory})
+    RequireOwn(directory_ / name);
 }
 
 void Store::Check() {
@@ -78,12 +79,12 @@ void Store::Make(const NewLab& newLab) {
   // Made complete under another name and then given its own, so that nobody ever sees half a store.
   // Each step is taken by whoever holds the draft, if nobody else has taken it yet: it does not
   // matter how many processes make the store, or at which point one of them dies.
-  const std::string draft = folder_ / kStoreDraft;
+  const std::string draft = directory_ / kStoreDraft;
   try {
     WriteNewFile(draft, "");  // SQLite would make it for fewer people than the umask lets
   } catch (const fs::filesystem_error& error) {
     if (error.code() != std::errc::file_exists) {
-      throw HostError("the lab's folder \"" + folder_.string() +
+      throw HostError("the lab's directory \"" + directory_.string() +
                       "\" cannot be used: " + error.code().message());
     }
   }
@@ -104,24 +105,24 @@ bool Store::TakeStep(const NewLab& newLab) {
   std::error_code error;
   if (fs::exists(fs::symlink_status(file))) {
     // If there is a draft, it was begun when the store had its name already.
-    fs::remove(folder_ / kStoreDraft, error);
+    fs::remove(directory_ / kStoreDraft, error);
     return true;
   }
-  if (fs::file_size(folder_ / kStoreDraft, error) == 0) {
+  if (fs::file_size(directory_ / kStoreDraft, error) == 0) {
     database_->Execute("PRAGMA application_id = " + std::to_string(kApplicationId));
     database_->Execute(CreateTables());
     Save(LabRow{NewUuid()});
   } else if (ReadPragma(*database_, "PRAGMA application_id") != kApplicationId) {
-    throw HostError("\"" + (folder_ / kStoreDraft).string() +
+    throw HostError("\"" + (directory_ / kStoreDraft).string() +
                     "\" is in the way, and the lab did not make it");
   } else if (ReadPragma(*database_, "PRAGMA user_version") == 0) {
     newLab.fill(*this);
     database_->Execute("PRAGMA user_version = " + std::to_string(kSchemaVersion));
   } else {
     newLab.settle(*this);
-    fs::rename(folder_ / kStoreDraft, file, error);
+    fs::rename(directory_ / kStoreDraft, file, error);
     if (!error) {
-      SyncFolder(folder_);
+      SyncDirectory(directory_);
       return true;
     }
     throw HostError("the lab's store \"" + file.string() + "\" cannot be made: " + error.message());

@@ -26,14 +26,14 @@ struct NewLab {
 
 class Store {
  public:
-  /// Opens the lab in `folder`, which is made if it is not there yet. Throws `HostError` when the
-  /// folder or what is in it cannot serve as a lab; nothing is changed then.
-  Store(const std::filesystem::path& folder, const NewLab& newLab);
+  /// Opens the lab in `directory`, which is made if it is not there yet. Throws `HostError` when
+  /// the directory or what is in it cannot serve as a lab; nothing is changed then.
+  Store(const std::filesystem::path& directory, const NewLab& newLab);
 
   /// Whether this is still what opening it anew would lead to. Throws `HostError` where that would.
   bool IsCurrent();
 
-  const std::filesystem::path& GetFolder() const { return folder_; }
+  const std::filesystem::path& GetDirectory() const { return directory_; }
 
   /// Throws the `HostError` of a store whose rows contradict each other.
   [[noreturn]] void FailDamaged(const std::string& what) { database_->FailDamaged(what); }
@@ -109,7 +109,7 @@ class Store {
   /// Brings the store in the making one step further; returns whether it was the last.
   bool TakeStep(const NewLab& newLab);
 
-  std::filesystem::path folder_;
+  std::filesystem::path directory_;
   std::optional<Database> database_;
 };
 

@@ -21,11 +21,11 @@ as_user() {
         mkdir -p "$(dirname "$folder/$path")"
         echo mine >"$folder/$path"
         before=$(tree "$folder")
-        unusable "the lab's folder \"$folder\" holds other things and no lab; a new lab wants a new or empty folder" --lab "$folder" dovra trace get
+        unusable "the lab's directory \"$folder\" holds other things and no lab; a new lab needs a new or empty directory" --lab "$folder" dovra trace get
         same "$before" "$(tree "$folder")"
     done
-    unusable "the lab's folder \"$folder/$path\" is not a folder" --lab "$folder/$path" dovra trace get
-    unusable "the lab's folder \"$folder/$path/below\" *" --lab "$folder/$path/below" dovra trace get
+    unusable "the lab's directory \"$folder/$path\" is not a directory" --lab "$folder/$path" dovra trace get
+    unusable "the lab's directory \"$folder/$path/below\" *" --lab "$folder/$path/below" dovra trace get
     mkdir "$AUTOCLI_LAB"
     tamper 'CREATE TABLE mine (x)'
     foreign=$BATS_TEST_TMPDIR/foreign
@@ -181,7 +181,7 @@ EOF
     succeed --lab 'deep/er/file:odd?mode=memory' dovra cluster new
     [[ -f 'deep/er/file:odd?mode=memory/lab.db' ]]
     long=$(printf 'a%.0s' {1..250})
-    unusable "the lab's folder \"$PWD/$long/$long\" cannot be used: its path is too long" --lab "$long/$long" dovra cluster get
+    unusable "the lab's directory \"$PWD/$long/$long\" cannot be used: its path is too long" --lab "$long/$long" dovra cluster get
     [[ ! -e $long ]]
 }
 

@@ -37,7 +37,7 @@ HostRow RequireHost(Store& store, const std::string& name) {
 }
 
 void ResetLab(Store& store, const std::filesystem::path& files) {
-  for (const HostRow& host : store.List<HostRow>()) RequireOwn(RootOf(store.GetFolder(), host));
+  for (const HostRow& host : store.List<HostRow>()) RequireOwn(RootOf(store.GetDirectory(), host));
   store.Clear();
   AddHost(store, kFirstHost, files);
 }
@@ -60,7 +60,7 @@ void AddHost(Store& store, const std::string& name, const std::filesystem::path&
 }
 
 void RemoveHost(Store& store, const HostRow& host) {
-  RequireOwn(RootOf(store.GetFolder(), host));
+  RequireOwn(RootOf(store.GetDirectory(), host));
   if (const auto member = store.Find<MemberRow>(host.id))
     RemoveMember(store, host, member->cluster);
   store.Remove<HostRow>(host.id);

@@ -45,7 +45,7 @@ HostRow ReadHost(Store& store, const std::string& name) {
 void Select(Selection selection) {
   State& state = CurrentState();
   state.session.reset();
-  if (selection.folder != state.selection.folder) state.store.reset();
+  if (selection.directory != state.selection.directory) state.store.reset();
   state.isChecked = false;
   state.selection = std::move(selection);
 }
@@ -56,7 +56,7 @@ const Selection& Selected() {
 
 bool IsMade() {
   std::error_code ignored;
-  return fs::exists(Selected().folder / kStoreFile, ignored);
+  return fs::exists(Selected().directory / kStoreFile, ignored);
 }
 
 namespace {
@@ -78,7 +78,7 @@ Store& OpenStore() {
   if (!state.store || !state.store->IsCurrent()) {
     // Nothing that this process or its programs create may be writable by other users.
     umask(umask(022) | 022);
-    state.store.emplace(state.selection.folder, NewLab{FillNewLab, SettleNewLab});
+    state.store.emplace(state.selection.directory, NewLab{FillNewLab, SettleNewLab});
   }
   state.isChecked = true;
   return *state.store;
@@ -99,7 +99,7 @@ Session::Session(Store& store, const HostRow& host)
       id_(host.id),
       apiVersion_(host.apiVersion),
       hasFaults_(store.Has<FaultRow>(host.id)) {
-  RequireOwn(RootOf(store.GetFolder(), host));
+  RequireOwn(RootOf(store.GetDirectory(), host));
 }
 
 std::optional<std::string> Session::TakeFault(Operation operation) {
@@ -146,7 +146,7 @@ std::shared_ptr<DiskView> Session::GetDiskView() {
 }
 
 fs::path Session::GetRoot() {
-  return RootOf(store_.GetFolder(), ReadRow());
+  return RootOf(store_.GetDirectory(), ReadRow());
 }
 
 HostRow Session::ReadRow() {

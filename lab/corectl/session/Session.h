@@ -17,9 +17,9 @@ namespace Lab {
 
 /// Which lab and which of its hosts the process works on, from one selection to the next.
 struct Selection {
-  std::filesystem::path folder;
+  std::filesystem::path directory;
   std::string host;
-  std::filesystem::path hostFiles;  ///< what a new host's root folder is filled with
+  std::filesystem::path hostFiles;  ///< what a new host's root directory is filled with
   bool namesHost = false;           ///< the host was chosen for this command, not for all
 };
 
@@ -96,7 +96,7 @@ class Session {
   /// The disks that the host knows of, for as long as whoever asked holds the view all of one
   /// moment, unless this host changes something.
   std::shared_ptr<DiskView> GetDiskView();
-  /// The folder that is "/" to the host.
+  /// The directory that is "/" to the host.
   std::filesystem::path GetRoot();
 
  private:

@@ -37,21 +37,21 @@ const std::string kSsd = "mpx.xhba1:C0:T0:L0";
 const std::string kOne = "mpx.xhba2:C0:T0:L0";
 const std::string kTwo = "mpx.xhba2:C0:T1:L0";
 
-/// A lab in a new folder, and the control library of its first host.
+/// A lab in a new directory, and the control library of its first host.
 class Rules : public testing::Test {
  protected:
   Rules() {
     std::string path = fs::temp_directory_path() / "rules-XXXXXX";
     if (mkdtemp(path.data()) == nullptr) throw std::runtime_error("no temporary directory");
-    folder_ = path;
-    fs::create_directories(folder_ / "files");
-    Select({folder_ / "lab", "host1", folder_ / "files"});
+    directory_ = path;
+    fs::create_directories(directory_ / "files");
+    Select({directory_ / "lab", "host1", directory_ / "files"});
     plugin_ = HostCtl::DovraPluginFactory::GetDovraPlugin();
     info_ = plugin_->GetDovraInfo();
   }
   ~Rules() override {
     Select({});
-    fs::remove_all(folder_);
+    fs::remove_all(directory_);
   }
 
   /// What the work is refused with; empty if it is not.
@@ -71,7 +71,7 @@ class Rules : public testing::Test {
 
   /// Another process takes everything away.
   void ClearBehindItsBack() {
-    Store other(folder_ / "lab", {});
+    Store other(directory_ / "lab", {});
     Store::Transaction transaction(other, Store::Transaction::Kind::kWrite);
     other.Clear();
     transaction.Commit();
@@ -99,7 +99,7 @@ class Rules : public testing::Test {
     return shown;
   }
 
-  fs::path folder_;
+  fs::path directory_;
   std::unique_ptr<HostCtl::DovraPlugin> plugin_;
   std::unique_ptr<DovraInfo> info_;
 };

@@ -25,8 +25,8 @@ def main(arguments):
     if event not in EVENTS:
         sys.exit(f"unknown event {event!r}; expected one of {', '.join(EVENTS)}")
     log = pathlib.Path(__file__).resolve().parents[5] / "var" / "log" / "notifyDatastore.log"
-    for folder in (log.parent.parent, log.parent):  # not the root: its host may be gone by now
-        folder.mkdir(exist_ok=True)
+    for directory in (log.parent.parent, log.parent):  # not the root: its host may be gone by now
+        directory.mkdir(exist_ok=True)
     entry = {
         "time": time.strftime("%Y-%m-%dT%H:%M:%S%z"),
         "event": event,

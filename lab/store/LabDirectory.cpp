@@ -38,39 +38,39 @@ class Descriptor {
   int number_;
 };
 
-/// Makes the folder, and those above it as far as they are missing.
-void MakeFolder(const fs::path& folder) {
-  if (fs::exists(folder)) return;
-  const fs::path parent = folder.parent_path();
-  MakeFolder(parent);
-  fs::create_directory(folder);
-  SyncFolder(parent);
+/// Makes the directory, and those above it as far as they are missing.
+void MakeDirectory(const fs::path& directory) {
+  if (fs::exists(directory)) return;
+  const fs::path parent = directory.parent_path();
+  MakeDirectory(parent);
+  fs::create_directory(directory);
+  SyncDirectory(parent);
 }
 
-/// Whether the folder is empty, holds a store, or what is left of the making of one.
-bool MayBeLab(const fs::path& folder) {
+/// Whether the directory is empty, holds a store, or what is left of the making of one.
+bool MayBeLab(const fs::path& directory) {
   std::set<std::string> names;
-  for (const auto& entry : fs::directory_iterator(folder)) names.insert(entry.path().filename());
+  for (const auto& entry : fs::directory_iterator(directory)) names.insert(entry.path().filename());
   if (names.contains(kStoreFile)) return true;
   // A loss of power may leave the journal of a draft that is gone.
   names.erase(std::string(kStoreDraft) + "-journal");
-  if (fs::is_regular_file(fs::symlink_status(folder / kStoreDraft))) {
+  if (fs::is_regular_file(fs::symlink_status(directory / kStoreDraft))) {
     names.erase(kStoreDraft);
-    names.erase(kHostsFolder);
+    names.erase(kHostsDirectory);
   }
   return names.empty();
 }
 
 }  // namespace
 
-void PrepareLabFolder(const fs::path& folder) {
-  const std::string name = "the lab's folder \"" + folder.string() + "\" ";
+void PrepareLabDirectory(const fs::path& directory) {
+  const std::string name = "the lab's directory \"" + directory.string() + "\" ";
   try {
-    MakeFolder(folder);
-    if (!fs::is_directory(folder)) throw HostError(name + "is not a folder");
-    if (!MayBeLab(folder)) {
+    MakeDirectory(directory);
+    if (!fs::is_directory(directory)) throw HostError(name + "is not a directory");
+    if (!MayBeLab(directory)) {
       throw HostError(name +
-                      "holds other things and no lab; a new lab wants a new or empty folder");
+                      "holds other things and no lab; a new lab needs a new or empty directory");
     }
   } catch (const fs::filesystem_error& error) {
     throw HostError(name + "cannot be used: " + error.code().message());
@@ -101,10 +101,10 @@ void RequireOwn(fs::path base, const fs::path& below) {
   for (const fs::path& part : below) RequireOwn(base /= part);
 }
 
-void SyncFolder(const fs::path& folder) {
-  const Descriptor descriptor(folder.empty() ? "." : folder, O_RDONLY | O_DIRECTORY);
-  // Some file systems have no folders that could be synced; theirs are as safe as they get.
-  if (fsync(descriptor.Get()) != 0 && errno != EINVAL) Fail("cannot sync", folder);
+void SyncDirectory(const fs::path& directory) {
+  const Descriptor descriptor(directory.empty() ? "." : directory, O_RDONLY | O_DIRECTORY);
+  // Some file systems have no directories that could be synced; theirs are as safe as they get.
+  if (fsync(descriptor.Get()) != 0 && errno != EINVAL) Fail("cannot sync", directory);
 }
 
 void WriteNewFile(const fs::path& path, const std::string& content, mode_t mode, bool isSynced) {
@@ -117,9 +117,9 @@ void WriteNewFile(const fs::path& path, const std::string& content, mode_t mode,
   if (isSynced && fsync(file.Get()) != 0) Fail("cannot sync", path);
 }
 
-void SyncAll(const fs::path& folder) {
-  const Descriptor descriptor(folder, O_RDONLY | O_DIRECTORY);
-  if (syncfs(descriptor.Get()) != 0) Fail("cannot sync", folder);
+void SyncAll(const fs::path& directory) {
+  const Descriptor descriptor(directory, O_RDONLY | O_DIRECTORY);
+  if (syncfs(descriptor.Get()) != 0) Fail("cannot sync", directory);
 }
 
 }  // namespace Lab
