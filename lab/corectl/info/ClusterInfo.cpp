@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "corectl/info/LabInfo.h"
+#include "corectl/rules/Partitions.h"
 #include "corectl/rules/Refuse.h"
-#include "corectl/rules/Splits.h"
 #include "platform/corectl/DovraUtil.h"
 #include "store/Uuids.h"
 
@@ -44,11 +44,11 @@ void Found(Store& store, const HostRow& host, const std::string& uuid) {
 
 /// Refuses to join a cluster of which the host reaches no part that may take it in.
 void RequireReachable(Store& store, const HostRow& host, const std::string& cluster) {
-  if (SideOf(store, host, cluster).votes == 0 &&
+  if (PartitionOf(store, host, cluster).votes == 0 &&
       std::ranges::any_of(store.List<MemberRow>(cluster), &MemberRow::running)) {
     Refuse("The network is split, and this host reaches no host of cluster " + cluster + ".");
   }
-  RequireMajority(store, host, cluster);
+  RequireQuorum(store, host, cluster);
 }
 
 /// Refuses a fault domain that is none of the stretched cluster's two data sites.
@@ -125,7 +125,7 @@ void LabInfo::JoinCluster(const Uuid& cluster, bool asWitness,
 void LabInfo::LeaveCluster(bool) {
   host_.Change("LeaveCluster", [](Store& store, HostRow& host) {
     const std::string cluster = RequireRunningMember(store, host).cluster;
-    RequireMajority(store, host, cluster);
+    RequireQuorum(store, host, cluster);
     RemoveMember(store, host, cluster);
     host.enteringMaintenance = false;
     store.Save(host);
@@ -164,7 +164,7 @@ void LabInfo::SetPreferredFaultDomain(const std::string& name) {
     const auto sites = SitesOf(ListMembers(store, member.cluster));
     if (sites.empty()) Refuse("The cluster is not stretched over two fault domains.");
     RequireSite(sites, name);
-    RequireMajority(store, host, member.cluster);
+    RequireQuorum(store, host, member.cluster);
     member.preferredFaultDomain = name;
     store.Save(member);
     MoveGeneration(store, member.cluster, host);

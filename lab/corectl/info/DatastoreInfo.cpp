@@ -1,8 +1,8 @@
 // A cluster's datastores.
 
 #include "corectl/info/LabInfo.h"
+#include "corectl/rules/Partitions.h"
 #include "corectl/rules/Refuse.h"
-#include "corectl/rules/Splits.h"
 #include "platform/corectl/DovraUtil.h"
 #include "store/Uuids.h"
 
@@ -64,7 +64,7 @@ void LabInfo::SetDatastoreName(const std::string& uuid, const std::string& name)
   host_.Change("SetDatastoreName", [&](Store& store, const HostRow& host) {
     DatastoreRow datastore = RequireDatastore(store, host, uuid);
     if (datastore.name == name) return;
-    RequireMajority(store, host, datastore.cluster);
+    RequireQuorum(store, host, datastore.cluster);
     RequireFreeName(store, datastore.cluster, name);
     datastore.name = name;
     store.Save(datastore);
@@ -78,7 +78,7 @@ void LabInfo::AddDatastore(const DovraDatastore& datastore) {
         DovraUtil::DovraUuidToString(DovraUtil::StringToDovraUuid(datastore.GetUuid()));
     const std::string cluster = RequireRunningMember(store, host).cluster;
     if (uuid == kNilUuid) Refuse("The nil UUID names no datastore.");
-    RequireMajority(store, host, cluster);
+    RequireQuorum(store, host, cluster);
     if (store.Find<DatastoreRow>(uuid)) Refuse("Datastore " + uuid + " exists already.");
     RequireFreeName(store, cluster, datastore.GetName());
     store.Save(DatastoreRow{uuid, cluster, datastore.GetName(), false});
@@ -93,7 +93,7 @@ void LabInfo::RemoveDatastore(const std::string& uuid, bool) {
     if (datastore.isDefault) {
       Refuse("Datastore " + datastore.uuid + " is the default datastore; it cannot be removed.");
     }
-    RequireMajority(store, host, datastore.cluster);
+    RequireQuorum(store, host, datastore.cluster);
     store.Remove<DatastoreRow>(datastore.uuid);
     MoveGeneration(store, datastore.cluster, host);
   });
@@ -102,7 +102,7 @@ void LabInfo::RemoveDatastore(const std::string& uuid, bool) {
 void LabInfo::ClearDatastores() {
   host_.Change("ClearDatastores", [](Store& store, const HostRow& host) {
     const std::string cluster = RequireRunningMember(store, host).cluster;
-    RequireMajority(store, host, cluster);
+    RequireQuorum(store, host, cluster);
     for (const DatastoreRow& datastore : store.List<DatastoreRow>(cluster)) {
       if (!datastore.isDefault) store.Remove<DatastoreRow>(datastore.uuid);
     }

@@ -6,8 +6,8 @@
 #include "baselibs/Process.h"
 #include "baselibs/Strings.h"
 #include "corectl/rules/Hosts.h"
+#include "corectl/rules/Partitions.h"
 #include "corectl/rules/Refuse.h"
-#include "corectl/rules/Splits.h"
 #include "corectl/session/Session.h"
 #include "platform/corectl/DovraUtil.h"
 #include "store/Uuids.h"
@@ -27,21 +27,21 @@ void DovraUtil::GetInfoFromTavdir(std::vector<DovraMemberInfo>& members,
                                   std::string& backupUuid, std::string& maintenanceModeState) {
   const Lab::ClusterView& view = Session::Current().GetClusterView("GetInfoFromTavdir");
   view.RequireMember();
-  const Lab::Side side = Lab::SideOf(view.members, view.host);
-  const Lab::Membership membership = Lab::MembershipOf(side.members);
+  const Lab::Partition partition = Lab::PartitionOf(view.members, view.host);
+  const Lab::Membership membership = Lab::MembershipOf(partition.members);
   members.clear();
   for (const Lab::Member& member : membership.members) members.push_back({member.host.uuid});
   localNodeUuid = view.host.uuid;
   localNodeState = localNodeUuid == membership.masterUuid   ? "MASTER"
                    : localNodeUuid == membership.backupUuid ? "BACKUP"
                                                             : "AGENT";
-  localNodeHealthState = !side.isSplit        ? "HEALTHY"
-                         : side.HasMajority() ? "HEALTHY (network split, majority)"
-                                              : "UNHEALTHY (network split, no majority)";
+  localNodeHealthState = !partition.isSplit      ? "HEALTHY"
+                         : partition.HasQuorum() ? "HEALTHY (network split, majority)"
+                                                 : "UNHEALTHY (network split, no majority)";
   membershipEntryRevision = static_cast<std::uint64_t>(view.cluster.revision);
-  // Each side of a split has a membership of its own.
+  // Each partition of a split has a membership of its own.
   membershipUuid = view.cluster.membershipUuid;
-  if (side.isSplit) membershipUuid = Lab::UuidOfName(membershipUuid + members.front().uuid);
+  if (partition.isSplit) membershipUuid = Lab::UuidOfName(membershipUuid + members.front().uuid);
   masterUuid = membership.masterUuid;
   backupUuid = membership.backupUuid;
   maintenanceModeState = view.host.enteringMaintenance ? "ENTERING" : "OFF";

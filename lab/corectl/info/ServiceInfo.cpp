@@ -3,9 +3,9 @@
 #include <algorithm>
 
 #include "corectl/info/LabInfo.h"
+#include "corectl/rules/Partitions.h"
 #include "corectl/rules/Policies.h"
 #include "corectl/rules/Refuse.h"
-#include "corectl/rules/Splits.h"
 #include "platform/corectl/DovraUtil.h"
 
 namespace Lab {
@@ -15,9 +15,9 @@ using CoreCtl::Dovra::DovraUtil;
 namespace {
 
 /// Policies are the cluster's, on a host that is in one.
-void RequireMajorityIfMember(Store& store, const HostRow& host) {
+void RequireQuorumIfMember(Store& store, const HostRow& host) {
   if (const auto member = FindRunningMember(store, host)) {
-    RequireMajority(store, host, member->cluster);
+    RequireQuorum(store, host, member->cluster);
   }
 }
 
@@ -27,7 +27,7 @@ void LabInfo::SetPolicyDefault(const std::string& policyClass, const std::string
   host_.Change("SetPolicyDefault", [&](Store& store, const HostRow& host) {
     DovraUtil::StringToDovraPolicyClass(policyClass);
     CheckPolicy(policy);
-    RequireMajorityIfMember(store, host);
+    RequireQuorumIfMember(store, host);
     store.Save(PolicyRow{host.id, policyClass, policy});
   });
 }
@@ -41,7 +41,7 @@ std::string LabInfo::GetPolicyDefault(const std::string& policyClass) {
 
 void LabInfo::ClearPolicyDefaults() {
   host_.Change("ClearPolicyDefaults", [](Store& store, const HostRow& host) {
-    RequireMajorityIfMember(store, host);
+    RequireQuorumIfMember(store, host);
     store.RemoveAll<PolicyRow>(host.id);
   });
 }

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <set>
 
-#include "corectl/rules/Splits.h"
+#include "corectl/rules/Partitions.h"
 #include "platform/corectl/DovraUtil.h"
 
 namespace Lab {
@@ -23,7 +23,7 @@ DiskView ReadDiskView(Store& store, const HostRow& host) {
   std::set<std::int64_t> hosts = {host.id};
   if (const auto member = FindRunningMember(store, host)) {
     view.isMember = true;
-    for (const Member& peer : SideOf(store, host, member->cluster).members) {
+    for (const Member& peer : PartitionOf(store, host, member->cluster).members) {
       hosts.insert(peer.host.id);
     }
   }

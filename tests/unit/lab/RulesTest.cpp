@@ -9,7 +9,7 @@
 
 #include "corectl/rules/Disks.h"
 #include "corectl/rules/Hosts.h"
-#include "corectl/rules/Splits.h"
+#include "corectl/rules/Partitions.h"
 #include "corectl/session/Session.h"
 #include "platform/corectl/DovraUtil.h"
 #include "platform/hostctl/DovraPluginFactory.h"
@@ -282,7 +282,7 @@ TEST_F(Rules, AListingIsOfOneMoment) {
   }
 }
 
-TEST_F(Rules, WithoutTheMajorityOnlyTheHostsOwnGoesOn) {
+TEST_F(Rules, WithoutTheQuorumOnlyTheHostsOwnGoesOn) {
   info_->CreateCluster(kNode, true, false);
   const std::string datastore = NewUuid();
   info_->AddDatastore({datastore, "one", false});
@@ -317,10 +317,10 @@ TEST_F(Rules, WithoutTheMajorityOnlyTheHostsOwnGoesOn) {
   for (const auto& change : shared) EXPECT_EQ(Refusal(change), "");
 }
 
-/// The sides of a cluster in words, each with "+" or "-": whether it has the majority. The words
+/// The partitions of a cluster in words, each with "+" or "-": whether it has the quorum. The words
 /// are hosts in the order of their age, named after their sites; "w" is the witness, "!" marks one
 /// that is not running, "|" is where the network is split.
-std::string Sides(const std::string& cluster, const std::string& preferred) {
+std::string Partitions(const std::string& cluster, const std::string& preferred) {
   std::vector<Member> members;
   std::int64_t group = 0;
   std::istringstream stream(cluster);
@@ -339,15 +339,15 @@ std::string Sides(const std::string& cluster, const std::string& preferred) {
   }
   std::string text;
   for (std::int64_t shown = 0; shown <= group; ++shown) {
-    const Side side = SideOf(members, shown);
-    for (const Member& member : side.members) text += member.host.name + ' ';
-    text += side.HasMajority() ? "+" : "-";
+    const Partition partition = PartitionOf(members, shown);
+    for (const Member& member : partition.members) text += member.host.name + ' ';
+    text += partition.HasQuorum() ? "+" : "-";
     if (shown < group) text += " | ";
   }
   return text;
 }
 
-TEST(Splits, TheMajorityIsOnOneSideAtMost) {
+TEST(Partitions, OneAtMostHasTheQuorum) {
   const std::tuple<const char*, const char*, const char*> cases[] = {
       {"a1 a2! a3!", "", "a1 +"},  // who is down is not cut off
       {"a1 a2 | a3", "", "a1 a2 + | a3 -"},
@@ -364,8 +364,8 @@ TEST(Splits, TheMajorityIsOnOneSideAtMost) {
       // Not between the sites, or not stretched: where it is.
       {"a1 b1 | a2 b2 w", "a", "a1 b1 - | a2 b2 w +"},
   };
-  for (const auto& [cluster, preferred, sides] : cases) {
-    EXPECT_EQ(Sides(cluster, preferred), sides) << cluster << ", prefers " << preferred;
+  for (const auto& [cluster, preferred, partitions] : cases) {
+    EXPECT_EQ(Partitions(cluster, preferred), partitions) << cluster << ", prefers " << preferred;
   }
 }
 

@@ -1,4 +1,4 @@
-#include "corectl/rules/Splits.h"
+#include "corectl/rules/Partitions.h"
 
 #include <algorithm>
 #include <map>
@@ -57,39 +57,39 @@ void MoveMemberships(Store& store) {
 
 }  // namespace
 
-Side SideOf(std::vector<Member> members, std::int64_t networkGroup) {
-  Side side;
-  side.allVotes = members.size();
+Partition PartitionOf(std::vector<Member> members, std::int64_t networkGroup) {
+  Partition partition;
+  partition.allVotes = members.size();
   const auto witness =
       std::ranges::find_if(members, [](const Member& member) { return member.row.witness; });
   if (witness != members.end()) witness->host.networkGroup = GroupOfWitness(members, *witness);
-  side.isSplit = std::erase_if(members, [=](const Member& member) {
-                   return member.host.networkGroup != networkGroup;
-                 }) != 0;
+  partition.isSplit = std::erase_if(members, [=](const Member& member) {
+                        return member.host.networkGroup != networkGroup;
+                      }) != 0;
   std::erase_if(members, [](const Member& member) { return !member.row.running; });
-  side.votes = members.size();
-  side.members = std::move(members);
-  return side;
+  partition.votes = members.size();
+  partition.members = std::move(members);
+  return partition;
 }
 
-Side SideOf(std::vector<Member> members, const HostRow& host) {
+Partition PartitionOf(std::vector<Member> members, const HostRow& host) {
   const auto self =
       std::ranges::find(members, host.id, [](const Member& member) { return member.row.host; });
   const bool isWitness = self != members.end() && self->row.witness;
   const std::int64_t group = isWitness ? GroupOfWitness(members, *self) : host.networkGroup;
-  return SideOf(std::move(members), group);
+  return PartitionOf(std::move(members), group);
 }
 
-Side SideOf(Store& store, const HostRow& host, const std::string& cluster) {
-  return SideOf(ListMembers(store, cluster), host);
+Partition PartitionOf(Store& store, const HostRow& host, const std::string& cluster) {
+  return PartitionOf(ListMembers(store, cluster), host);
 }
 
-void RequireMajority(Store& store, const HostRow& host, const std::string& cluster) {
-  const Side side = SideOf(store, host, cluster);
-  if (side.HasMajority()) return;
-  Refuse("The network is split, and this side of the cluster has " + std::to_string(side.votes) +
-         " of " + std::to_string(side.allVotes) +
-         " votes; what the cluster shares can only be changed where the majority is.");
+void RequireQuorum(Store& store, const HostRow& host, const std::string& cluster) {
+  const Partition partition = PartitionOf(store, host, cluster);
+  if (partition.HasQuorum()) return;
+  Refuse("The network is split, and this partition of the cluster has " +
+         std::to_string(partition.votes) + " of " + std::to_string(partition.allVotes) +
+         " votes; what the cluster shares can only be changed where the quorum is.");
 }
 
 void SplitNetwork(Store& store, const std::vector<std::string>& hosts) {
