@@ -63,7 +63,7 @@ void MoveToFaultDomain(Store& store, HostRow& host, const std::string& name) {
   host.faultDomain = name;
   store.Save(host);
   if (const auto member = FindRunningMember(store, host)) {
-    MoveGeneration(store, member->cluster, host);
+    BumpGeneration(store, member->cluster, host);
   }
 }
 
@@ -167,7 +167,7 @@ void LabInfo::SetPreferredFaultDomain(const std::string& name) {
     RequireQuorum(store, host, member.cluster);
     member.preferredFaultDomain = name;
     store.Save(member);
-    MoveGeneration(store, member.cluster, host);
+    BumpGeneration(store, member.cluster, host);
   });
 }
 

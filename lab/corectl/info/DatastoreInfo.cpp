@@ -68,7 +68,7 @@ void LabInfo::SetDatastoreName(const std::string& uuid, const std::string& name)
     RequireFreeName(store, datastore.cluster, name);
     datastore.name = name;
     store.Save(datastore);
-    MoveGeneration(store, datastore.cluster, host);
+    BumpGeneration(store, datastore.cluster, host);
   });
 }
 
@@ -82,7 +82,7 @@ void LabInfo::AddDatastore(const DovraDatastore& datastore) {
     if (store.Find<DatastoreRow>(uuid)) Refuse("Datastore " + uuid + " exists already.");
     RequireFreeName(store, cluster, datastore.GetName());
     store.Save(DatastoreRow{uuid, cluster, datastore.GetName(), false});
-    MoveGeneration(store, cluster, host);
+    BumpGeneration(store, cluster, host);
   });
 }
 
@@ -95,7 +95,7 @@ void LabInfo::RemoveDatastore(const std::string& uuid, bool) {
     }
     RequireQuorum(store, host, datastore.cluster);
     store.Remove<DatastoreRow>(datastore.uuid);
-    MoveGeneration(store, datastore.cluster, host);
+    BumpGeneration(store, datastore.cluster, host);
   });
 }
 
@@ -106,7 +106,7 @@ void LabInfo::ClearDatastores() {
     for (const DatastoreRow& datastore : store.List<DatastoreRow>(cluster)) {
       if (!datastore.isDefault) store.Remove<DatastoreRow>(datastore.uuid);
     }
-    MoveGeneration(store, cluster, host);
+    BumpGeneration(store, cluster, host);
   });
 }
 

@@ -31,7 +31,7 @@ std::vector<Member> WithHosts(Store& store, std::vector<MemberRow> rows, const H
 }
 
 /// Moves a count on that no lab can have exhausted.
-void Count(Store& store, std::int64_t& count) {
+void Increment(Store& store, std::int64_t& count) {
   if (count == std::numeric_limits<std::int64_t>::max()) {
     store.FailDamaged("a cluster's count is " + std::to_string(count));
   }
@@ -85,24 +85,24 @@ Membership MembershipOf(std::vector<Member> running) {
   return membership;
 }
 
-void MoveGeneration(Store& store, const std::string& cluster, const HostRow& host) {
+void BumpGeneration(Store& store, const std::string& cluster, const HostRow& host) {
   ClusterRow row = RequireCluster(store, cluster);
-  Count(store, row.generation);
+  Increment(store, row.generation);
   row.generationUuid = host.uuid;
   row.generationTime = MillisecondsNow();
   store.Save(row);
 }
 
-void MoveMembership(Store& store, const std::string& cluster) {
+void BumpMembership(Store& store, const std::string& cluster) {
   ClusterRow row = RequireCluster(store, cluster);
-  Count(store, row.revision);
+  Increment(store, row.revision);
   row.membershipUuid = NewUuid();
   store.Save(row);
 }
 
-void MoveMembership(Store& store, const std::string& cluster, const HostRow& host) {
-  MoveMembership(store, cluster);
-  MoveGeneration(store, cluster, host);
+void BumpMembership(Store& store, const std::string& cluster, const HostRow& host) {
+  BumpMembership(store, cluster);
+  BumpGeneration(store, cluster, host);
 }
 
 void AddMember(Store& store, const HostRow& host, MemberRow member) {
@@ -110,9 +110,9 @@ void AddMember(Store& store, const HostRow& host, MemberRow member) {
   member.host = host.id;
   member.running = true;
   member.place = others.empty() ? 0 : others.back().place;
-  Count(store, member.place);
+  Increment(store, member.place);
   store.Save(member);
-  MoveMembership(store, member.cluster, host);
+  BumpMembership(store, member.cluster, host);
 }
 
 void RemoveMember(Store& store, const HostRow& host, const std::string& cluster) {
@@ -120,7 +120,7 @@ void RemoveMember(Store& store, const HostRow& host, const std::string& cluster)
   if (store.List<MemberRow>(cluster).empty()) {
     store.Remove<ClusterRow>(cluster);
   } else {
-    MoveMembership(store, cluster, host);
+    BumpMembership(store, cluster, host);
   }
 }
 

@@ -42,11 +42,11 @@ struct Membership {
 Membership MembershipOf(std::vector<Member> running);
 
 /// Notes that `host` changed what the cluster shares.
-void MoveGeneration(Store& store, const std::string& cluster, const HostRow& host);
+void BumpGeneration(Store& store, const std::string& cluster, const HostRow& host);
 /// Notes that `host` came or went.
-void MoveMembership(Store& store, const std::string& cluster, const HostRow& host);
+void BumpMembership(Store& store, const std::string& cluster, const HostRow& host);
 /// Notes that members reach others than before.
-void MoveMembership(Store& store, const std::string& cluster);
+void BumpMembership(Store& store, const std::string& cluster);
 
 /// Puts the host into the cluster, behind all that are in it.
 void AddMember(Store& store, const HostRow& host, MemberRow member);

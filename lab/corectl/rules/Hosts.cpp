@@ -70,7 +70,7 @@ void Reboot(Store& store, HostRow& host) {
   if (auto member = FindRunningMember(store, host)) {
     member->running = false;
     store.Save(*member);
-    MoveMembership(store, member->cluster, host);
+    BumpMembership(store, member->cluster, host);
   }
   store.SetKnicsRunning(host.id, false);
   host.enteringMaintenance = false;

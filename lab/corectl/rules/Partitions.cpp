@@ -47,11 +47,11 @@ std::int64_t GroupOfWitness(const std::vector<Member>& members, const Member& wi
 }
 
 /// Notes that the members of every cluster reach others than before.
-void MoveMemberships(Store& store) {
+void BumpMemberships(Store& store) {
   std::set<std::string> clusters;
   for (const HostRow& host : store.List<HostRow>()) {
     const auto member = store.Find<MemberRow>(host.id);
-    if (member && clusters.insert(member->cluster).second) MoveMembership(store, member->cluster);
+    if (member && clusters.insert(member->cluster).second) BumpMembership(store, member->cluster);
   }
 }
 
@@ -104,7 +104,7 @@ void SplitNetwork(Store& store, const std::vector<std::string>& hosts) {
   if (std::ranges::all_of(store.List<HostRow>(), isNamed)) {
     Refuse("No host is left to be cut off from; name some of the lab's hosts, not all.");
   }
-  MoveMemberships(store);
+  BumpMemberships(store);
 }
 
 void HealNetwork(Store& store) {
@@ -112,7 +112,7 @@ void HealNetwork(Store& store) {
     host.networkGroup = 0;
     store.Save(host);
   }
-  MoveMemberships(store);
+  BumpMemberships(store);
 }
 
 }  // namespace Lab
