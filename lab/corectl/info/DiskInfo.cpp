@@ -13,11 +13,11 @@
 
 void HostCtl::Dovra::DovraInfo::GetDovraDisks(DiskLuns& luns) {
   auto& host = Lab::Session::Current();
-  host.FailIfTold("GetDovraDisks");
+  host.InjectFault("GetDovraDisks");
   luns.clear();
   const auto view = host.GetDiskView();
   for (auto& disk : view->disks) {
-    if (disk.isSeen) luns.emplace_back(view, &disk);
+    if (disk.isAttached) luns.emplace_back(view, &disk);
   }
 }
 
@@ -28,7 +28,7 @@ using HostCtl::Dovra::DovraDiskInfo;
 using HostCtl::Dovra::Uuid;
 
 void LabInfo::GetDiskUuids(std::vector<Uuid>& disks) {
-  host_.FailIfTold("GetDiskUuids");
+  host_.InjectFault("GetDiskUuids");
   disks.clear();
   diskView_ = host_.GetDiskView();
   if (!diskView_->isMember) return;
@@ -36,18 +36,18 @@ void LabInfo::GetDiskUuids(std::vector<Uuid>& disks) {
 }
 
 void LabInfo::GetDiskInfo(const Uuid& uuid, const DiskLuns&, DovraDiskInfo& info) {
-  host_.FailIfTold("GetDiskInfo");
+  host_.InjectFault("GetDiskInfo");
   diskView_ = host_.GetDiskView();
   const auto* const known = diskView_->Find(uuid);
   if (!known) Refuse("There is no disk with UUID " + DovraUtil::DovraUuidToString(uuid) + ".");
   const DiskRow& disk = known->row;
-  const bool isSeen = known->isSeen;
-  info.deviceName = isSeen ? disk.device : "Unknown";
+  const bool isAttached = known->isAttached;
+  info.deviceName = isAttached ? disk.device : "Unknown";
   info.isFlash = disk.flash;
   info.uuid = disk.uuid;
   info.diskGroupUuid = disk.group;
-  info.diskGroupName = isSeen ? disk.groupName : "Unknown";
-  info.usedByThisHost = isSeen;
+  info.diskGroupName = isAttached ? disk.groupName : "Unknown";
+  info.usedByThisHost = isAttached;
   info.inTavdir = diskView_->isMember && (disk.mounted || disk.unplugged);
   info.formatVersion = static_cast<std::int32_t>(disk.formatVersion);
   info.deduplication = disk.deduplication;

@@ -52,7 +52,7 @@ void DovraUtil::GetUnicastMode(bool& enabled) {
 }
 
 std::string DovraUtil::GetFormattedSystemDateTime() {
-  Session::Current().FailIfTold("GetFormattedSystemDateTime");
+  Session::Current().InjectFault("GetFormattedSystemDateTime");
   const std::time_t now = std::time(nullptr);
   std::tm local{};
   localtime_r(&now, &local);

@@ -11,7 +11,7 @@ class LabPlugin final : public DovraPlugin {
  public:
   std::unique_ptr<Dovra::DovraInfo> GetDovraInfo() override {
     auto& host = Lab::Session::Current();
-    host.FailIfTold("GetDovraInfo");
+    host.InjectFault("GetDovraInfo");
     if (host.GetApiVersion() >= 2) return std::make_unique<Lab::LabInfo2>(host);
     return std::make_unique<Lab::LabInfo>(host);
   }
@@ -22,7 +22,7 @@ class LabPlugin final : public DovraPlugin {
 DovraPlugin::~DovraPlugin() = default;
 
 std::unique_ptr<DovraPlugin> DovraPluginFactory::GetDovraPlugin() {
-  Lab::Session::Current().FailIfTold("GetDovraPlugin");
+  Lab::Session::Current().InjectFault("GetDovraPlugin");
   return std::make_unique<LabPlugin>();
 }
 

@@ -11,7 +11,7 @@ namespace Lab {
 using CoreCtl::Dovra::DovraUtil;
 
 DiskView::Disk::Disk(DiskRow disk, bool isThere)
-    : uuid(DovraUtil::StringToDovraUuid(disk.uuid)), row(std::move(disk)), isSeen(isThere) {}
+    : uuid(DovraUtil::StringToDovraUuid(disk.uuid)), row(std::move(disk)), isAttached(isThere) {}
 
 const DiskView::Disk* DiskView::Find(const HostCtl::Dovra::Uuid& uuid) const {
   const auto found = std::ranges::lower_bound(disks, uuid, {}, &Disk::uuid);
@@ -31,8 +31,8 @@ DiskView ReadDiskView(Store& store, const HostRow& host) {
   view.disks.reserve(rows.size());
   for (DiskRow& disk : rows) {
     if (!hosts.contains(disk.host)) continue;
-    const bool isSeen = disk.host == host.id && !disk.unplugged;
-    view.disks.emplace_back(std::move(disk), isSeen);
+    const bool isAttached = disk.host == host.id && !disk.unplugged;
+    view.disks.emplace_back(std::move(disk), isAttached);
   }
   return view;
 }

@@ -17,7 +17,7 @@ struct DiskView {
 
     HostCtl::Dovra::Uuid uuid;
     DiskRow row;
-    bool isSeen;  ///< it is there on the host; otherwise the host only hears of it
+    bool isAttached;  ///< it is there on the host; otherwise the host only hears of it
   };
 
   bool isMember = false;    ///< of a cluster, in effect

@@ -129,12 +129,12 @@ std::optional<std::string> Session::TakeFault(Operation operation) {
   return message;
 }
 
-void Session::FailIfTold(Operation operation) {
+void Session::InjectFault(Operation operation) {
   if (const auto message = TakeFault(operation)) Refuse(*message);
 }
 
 const ClusterView& Session::GetClusterView(Operation operation) {
-  FailIfTold(operation);
+  InjectFault(operation);
   if (!clusterView_) clusterView_ = Read(ReadClusterView);
   return *clusterView_;
 }

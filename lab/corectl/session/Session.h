@@ -58,14 +58,14 @@ class Session {
   /// what `work(store, host)` does. Throws `DovraCtlException` when the operation is to fail.
   template <class Work>
   auto Read(Operation operation, Work&& work) {
-    FailIfTold(operation);
+    InjectFault(operation);
     return Read(std::forward<Work>(work));
   }
 
   /// The same for an operation that changes something. A refusal undoes all of it.
   template <class Work>
   auto Change(Operation operation, Work&& work) {
-    FailIfTold(operation);
+    InjectFault(operation);
     return Change(std::forward<Work>(work));
   }
 
@@ -85,7 +85,7 @@ class Session {
   /// first fault that is due, and uses that one up.
   std::optional<std::string> TakeFault(Operation operation);
   /// Throws it.
-  void FailIfTold(Operation operation);
+  void InjectFault(Operation operation);
 
   const std::string& GetName() const { return name_; }
   /// As of the selection.
