@@ -76,7 +76,7 @@ constexpr ParameterRow kDevice = {
     nullptr,  "disks"};
 
 ConstraintPtr DiskKinds() {
-  return OneOf({{"flash", "a flash device"}, {"capacity", "a disk that is not flash"}});
+  return OneOf({{"flash", "a flash disk"}, {"capacity", "a disk that is not flash"}});
 }
 
 /// Calls an event of a disk on the one that is named.

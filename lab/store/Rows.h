@@ -100,7 +100,7 @@ struct DiskRow {
   std::int64_t host = 0;
   std::string device;
   std::string uuid;   ///< empty while the disk is not claimed
-  std::string group;  ///< UUID of the disk group's flash device
+  std::string group;  ///< UUID of the disk group's cache device
   std::string groupName;
   std::string checksum;
   std::int64_t formatVersion = 0;
@@ -116,11 +116,11 @@ struct DiskRow {
   bool unplugged = false;
 
   bool IsClaimed() const { return !uuid.empty(); }
-  /// Whether the disk cannot be used as it is.
+  /// Whether the disk cannot be used.
   bool IsLost() const { return failed || unplugged; }
-  /// Whether the disk fronts its disk group.
+  /// Whether the disk is the cache device of its disk group.
   bool IsCache() const { return IsClaimed() && uuid == group; }
-  /// Whether the disk is of the kind that holds data.
+  /// Whether the disk can hold data.
   bool IsCapacityKind() const { return !flash || capacityTag; }
 };
 

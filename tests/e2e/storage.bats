@@ -19,13 +19,13 @@ mounted() { autocli --formatter json dovra storage list | jq -c 'map(."Is Mounte
     add='dovra storage add -s'
     prefix='Unable to add device: '
     refuse "${prefix}Host host1 has no disk \"none\"." $add $ssd2 -d "$(hdd 2)" -d none
-    refuse "${prefix}Disk \"$(hdd 2)\" is not a flash device." $add "$(hdd 2)" -d "$(hdd 3)"
+    refuse "${prefix}Disk \"$(hdd 2)\" is not a flash disk." $add "$(hdd 2)" -d "$(hdd 3)"
     refuse "${prefix}Disk \"$(hdd 0)\" is in use by disk group \"$ssd\"." $add $ssd2 -d "$(hdd 0)"
-    refuse "${prefix}Disk \"$ssd2\" is a flash device; to hold data it must be tagged capacityFlash." $add $ssd -d $ssd2
+    refuse "${prefix}Disk \"$ssd2\" is a flash disk; to hold data it must be tagged capacityFlash." $add $ssd -d $ssd2
     remove='dovra storage remove'
     refuse "Unable to remove device: Disk \"$(hdd 3)\" is not in use by Dovra." $remove -d "$(hdd 3)"
-    refuse "Unable to remove device: Disk \"$ssd\" fronts a disk group; *" $remove -d $ssd
-    refuse "Unable to remove device: Disk \"$(hdd 0)\" does not front a disk group." $remove -s "$(hdd 0)"
+    refuse "Unable to remove device: Disk \"$ssd\" is the cache device of a disk group; *" $remove -d $ssd
+    refuse "Unable to remove device: Disk \"$(hdd 0)\" is not the cache device of a disk group." $remove -s "$(hdd 0)"
     refuse "Unable to remove device: Host host1 has no disk with UUID 00000000-0000-0000-0000-000000000000." $remove -u 00000000-0000-0000-0000-000000000000
     same "$before" "$(claimed)"
 
@@ -44,8 +44,8 @@ mounted() { autocli --formatter json dovra storage list | jq -c 'map(."Is Mounte
     refuse "Unable to add tag to disk: Disk \"$ssd2\" is tagged capacityFlash already." dovra storage tag add -t capacityFlash -d $ssd2
     succeed dovra storage tag remove -t capacityFlash -d $ssd2
     succeed dovra storage tag add -t capacityFlash -d $ssd2
-    refuse "Unable to add tag to disk: Disk \"$(hdd 0)\" is not a flash device." dovra storage tag add -t capacityFlash -d "$(hdd 0)"
-    refuse "Unable to add device: Disk \"$ssd2\" is tagged capacityFlash; it cannot front a disk group." dovra storage add -s $ssd2 -d "$(hdd 0)"
+    refuse "Unable to add tag to disk: Disk \"$(hdd 0)\" is not a flash disk." dovra storage tag add -t capacityFlash -d "$(hdd 0)"
+    refuse "Unable to add device: Disk \"$ssd2\" is tagged capacityFlash; it cannot be the cache device of a disk group." dovra storage add -s $ssd2 -d "$(hdd 0)"
     succeed dovra storage add -s $ssd -d "$(hdd 0)" -d $ssd2
     refuse "Unable to add device: Disk \"$ssd2\" is in use by disk group \"$ssd\"." dovra storage add -s $ssd2 -d "$(hdd 1)"
     refuse "Unable to remove tag for disk: Disk \"$ssd2\" is in use *" dovra storage tag remove -t capacityFlash -d $ssd2

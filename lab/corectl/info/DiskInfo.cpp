@@ -107,7 +107,7 @@ void LabInfo::Remove(Operation operation, FindDisk find, const std::string& name
   host_.Change(operation, [&](Store& store, const HostRow& host) {
     CheckEvacuationMode(evacuationMode);
     const DiskRow disk = find(store, host, name);
-    if (disk.IsLost() && !evacuationMode.empty() && evacuationMode != "NoAction") {
+    if (disk.IsLost() && !evacuationMode.empty() && evacuationMode != kNoAction) {
       Refuse(
           "The data of a disk that cannot be read cannot be evacuated; remove it with noAction.");
     }

@@ -14,7 +14,7 @@ using CoreCtl::Dovra::DovraUtil;
 
 namespace {
 
-constexpr std::size_t kMaxGroupDisks = 7;  // behind one flash device
+constexpr std::size_t kMaxGroupDisks = 7;  // behind one cache device
 constexpr std::int64_t kFormatVersion = 5;
 
 std::string Quoted(const std::string& text) {
@@ -29,12 +29,12 @@ DiskRow RequireDevice(Store& store, const HostRow& host, const std::string& devi
   return *disk;
 }
 
-/// What a disk is called in a message: its device, as far as the host sees it.
+/// Returns a disk's name for messages: its device name while it is attached, else its UUID.
 std::string NameOf(const DiskRow& disk) {
   return disk.unplugged ? disk.uuid : Quoted(disk.device);
 }
 
-/// The disks behind the group's flash device.
+/// Returns the group's disks but its cache device.
 std::vector<DiskRow> ListCapacityDisks(Store& store, const HostRow& host,
                                        const std::string& group) {
   auto disks = store.ListGroup(host.id, group);
@@ -42,7 +42,7 @@ std::vector<DiskRow> ListCapacityDisks(Store& store, const HostRow& host,
   return disks;
 }
 
-/// Partitions and formats the disk for the group that `fronting` names.
+/// Claims the disk for a group; without one, as the cache device of a new group.
 void Claim(DiskRow& disk, const std::string& group, const std::string& groupName) {
   disk.uuid = NewUuid();
   disk.group = group.empty() ? disk.uuid : group;
@@ -71,25 +71,27 @@ void RequireEmpty(const DiskRow& disk) {
   }
 }
 
-/// The device that is to front the group: its own group's, or an empty one of the right kind.
-DiskRow TakeFronting(Store& store, const HostRow& host, const std::string& ssd) {
+/// Returns the cache device of a group, or makes one of an empty flash disk.
+DiskRow TakeCacheDevice(Store& store, const HostRow& host, const std::string& ssd) {
   DiskRow disk = RequireDevice(store, host, ssd);
   if (disk.IsCache() && !disk.IsLost()) return disk;
   RequireEmpty(disk);
-  if (!disk.flash) Refuse("Disk " + Quoted(ssd) + " is not a flash device.");
+  if (!disk.flash) Refuse("Disk " + Quoted(ssd) + " is not a flash disk.");
   if (disk.capacityTag) {
-    Refuse("Disk " + Quoted(ssd) + " is tagged capacityFlash; it cannot front a disk group.");
+    Refuse("Disk " + Quoted(ssd) +
+           " is tagged capacityFlash; it cannot be the cache device of a disk group.");
   }
   Claim(disk, "", disk.device);
   store.Save(disk);
   return disk;
 }
 
-/// Claims every empty disk: a group for each flash device as far as there are disks to put behind
-/// it, the others evenly behind them all. A group whose flash device is lost takes no more.
+/// Claims every empty disk: makes a group of each flash disk as long as there is a capacity disk
+/// for it, and spreads the other capacity disks over all groups. Skips a group whose cache device
+/// is lost.
 void AutoClaim(Store& store, const HostRow& host) {
   const std::vector<DiskRow> disks = store.List<DiskRow>(host.id);
-  std::map<std::string, std::size_t> groups;  // by flash device, with the number of disks
+  std::map<std::string, std::size_t> groups;  // number of disks by cache device
   for (const DiskRow& disk : disks) {
     if (disk.IsCache() && !disk.IsLost()) groups.emplace(disk.device, 0);
   }
@@ -99,11 +101,11 @@ void AutoClaim(Store& store, const HostRow& host) {
     if (disk.IsClaimed() || disk.IsLost()) continue;
     (disk.IsCapacityKind() ? capacity : flash).push_back(disk.device);
   }
-  auto fronting = flash.begin();
+  auto cacheDevice = flash.begin();
   for (const std::string& device : capacity) {
     const auto group =
-        fronting != flash.end()
-            ? groups.emplace(*fronting++, 1).first
+        cacheDevice != flash.end()
+            ? groups.emplace(*cacheDevice++, 1).first
             : std::ranges::min_element(groups, {}, [](const auto& one) { return one.second; });
     if (group == groups.end() || group->second > kMaxGroupDisks) return;
     AddDisks(store, host, group->first, {device});
@@ -111,8 +113,7 @@ void AutoClaim(Store& store, const HostRow& host) {
   }
 }
 
-/// Writes a disk that is no longer there to be used, and takes it out of use: a flash device with
-/// the whole group behind it.
+/// Saves a disk that was lost and unmounts it; with a cache device, its whole group.
 void Lose(Store& store, const DiskRow& lost) {
   store.Save(lost);
   if (!lost.IsClaimed()) return;
@@ -131,9 +132,9 @@ std::string DeviceName(std::int64_t adapter, std::int64_t target) {
 
 void AddDisks(Store& store, const HostRow& host, const std::string& ssd,
               const std::vector<std::string>& disks) {
-  const DiskRow fronting = TakeFronting(store, host, ssd);
-  if (ListCapacityDisks(store, host, fronting.uuid).size() + disks.size() > kMaxGroupDisks) {
-    Refuse("Disk group " + Quoted(fronting.device) + " can have at most " +
+  const DiskRow cacheDevice = TakeCacheDevice(store, host, ssd);
+  if (ListCapacityDisks(store, host, cacheDevice.uuid).size() + disks.size() > kMaxGroupDisks) {
+    Refuse("Disk group " + Quoted(cacheDevice.device) + " can have at most " +
            std::to_string(kMaxGroupDisks) + " capacity disks.");
   }
   std::set<std::string> seen = {ssd};
@@ -143,10 +144,10 @@ void AddDisks(Store& store, const HostRow& host, const std::string& ssd,
     RequireEmpty(disk);
     if (!disk.IsCapacityKind()) {
       Refuse("Disk " + Quoted(device) +
-             " is a flash device; to hold data it must be tagged capacityFlash.");
+             " is a flash disk; to hold data it must be tagged capacityFlash.");
     }
-    Claim(disk, fronting.uuid, fronting.device);
-    disk.mounted = fronting.mounted;
+    Claim(disk, cacheDevice.uuid, cacheDevice.device);
+    disk.mounted = cacheDevice.mounted;
     store.Save(disk);
   }
 }
@@ -159,7 +160,7 @@ DiskRow RequireClaimedDisk(Store& store, const HostRow& host, const std::string&
 
 DiskRow RequireGroupDisk(Store& store, const HostRow& host, const std::string& ssd) {
   DiskRow disk = RequireClaimedDisk(store, host, ssd);
-  if (!disk.IsCache()) Refuse("Disk " + Quoted(ssd) + " does not front a disk group.");
+  if (!disk.IsCache()) Refuse("Disk " + Quoted(ssd) + " is not the cache device of a disk group.");
   return disk;
 }
 
@@ -175,7 +176,7 @@ DiskRow RequireDiskByUuid(Store& store, const HostRow& host, const std::string& 
 void RemoveCapacityDisk(Store& store, const HostRow& host, const DiskRow& disk) {
   if (disk.IsCache()) {
     Refuse("Disk " + Quoted(disk.device) +
-           " fronts a disk group; it can only be removed with the whole group.");
+           " is the cache device of a disk group; it can only be removed with the whole group.");
   }
   if (ListCapacityDisks(store, host, disk.group).size() == 1) {
     Refuse("Disk " + NameOf(disk) + " is the last capacity disk of disk group " +
@@ -184,8 +185,8 @@ void RemoveCapacityDisk(Store& store, const HostRow& host, const DiskRow& disk) 
   Release(store, disk);
 }
 
-void RemoveGroup(Store& store, const HostRow& host, const DiskRow& fronting) {
-  for (const DiskRow& disk : store.ListGroup(host.id, fronting.uuid)) Release(store, disk);
+void RemoveGroup(Store& store, const HostRow& host, const DiskRow& cacheDevice) {
+  for (const DiskRow& disk : store.ListGroup(host.id, cacheDevice.uuid)) Release(store, disk);
 }
 
 void RemoveDiskOrGroup(Store& store, const HostRow& host, const DiskRow& disk) {
@@ -220,7 +221,7 @@ void SetMounted(Store& store, const HostRow& host, const DiskRow& disk, bool mou
 
 void SetCapacityTag(Store& store, const HostRow& host, const std::string& device, bool tagged) {
   DiskRow disk = RequireDevice(store, host, device);
-  if (!disk.flash) Refuse("Disk " + Quoted(device) + " is not a flash device.");
+  if (!disk.flash) Refuse("Disk " + Quoted(device) + " is not a flash disk.");
   RequireEmpty(disk);
   if (disk.capacityTag == tagged) {
     Refuse("Disk " + Quoted(device) +
@@ -290,15 +291,15 @@ void Replace(Store& store, const HostRow& host, const std::string& device) {
 void Generate(Store& store, const HostRow& host, std::int64_t count) {
   std::int64_t adapter = 3;  // the first two hold the disks that every host has
   while (store.Find<DiskRow>(host.id, DeviceName(adapter, 0))) ++adapter;
-  DiskRow fronting;
+  DiskRow cacheDevice;
   for (std::int64_t target = 0; target < count; ++target) {
     DiskRow disk;
     disk.host = host.id;
     disk.device = DeviceName(adapter, target);
     disk.flash = target % static_cast<std::int64_t>(kMaxGroupDisks + 1) == 0;
-    if (disk.flash) fronting = DiskRow();
-    Claim(disk, fronting.uuid, disk.flash ? disk.device : fronting.device);
-    if (disk.flash) fronting = disk;
+    if (disk.flash) cacheDevice = DiskRow();
+    Claim(disk, cacheDevice.uuid, disk.flash ? disk.device : cacheDevice.device);
+    if (disk.flash) cacheDevice = disk;
     store.Save(disk);
   }
 }

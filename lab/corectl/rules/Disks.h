@@ -1,9 +1,9 @@
-// Rules of disks and disk groups. A disk group is one flash device, which fronts it, and its
-// capacity disks; it is named after the flash device. Each function works within its caller's
-// transaction and refuses with `DovraCtlException`.
+// Rules of disks and disk groups. A disk group is one cache device, after which it is named, and
+// its capacity disks. Each function works within its caller's transaction, and throws
+// `DovraCtlException` when it refuses.
 #pragma once
 
-#include <optional>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,50 +12,50 @@
 
 namespace Lab {
 
-/// Makes a disk group of an empty flash device, or adds the disks to the one it fronts.
+/// Makes a disk group with the cache device `ssd`, or adds the disks to the group that it has.
 void AddDisks(Store& store, const HostRow& host, const std::string& ssd,
               const std::vector<std::string>& disks);
 
-/// How a command names a disk: by its device name, as the device that fronts a disk group, or by
-/// the UUID of either.
+// The ways in which a command names a claimed disk: by its device name, by the device name of a
+// cache device, or by its UUID.
 DiskRow RequireClaimedDisk(Store& store, const HostRow& host, const std::string& device);
 DiskRow RequireGroupDisk(Store& store, const HostRow& host, const std::string& ssd);
 DiskRow RequireDiskByUuid(Store& store, const HostRow& host, const std::string& uuid);
 
-/// What may be done with the data of a disk before it is released.
-inline constexpr std::string_view kEvacuationModes[] = {"NoAction", "EnsureObjectAccessibility",
+/// What is done with the data of a disk before it is released.
+inline constexpr std::string_view kNoAction = "NoAction";
+inline constexpr std::string_view kEvacuationModes[] = {kNoAction, "EnsureObjectAccessibility",
                                                         "EvacuateAllData"};
 
 /// Releases one capacity disk, but not the last one of its group.
 void RemoveCapacityDisk(Store& store, const HostRow& host, const DiskRow& disk);
-/// Releases the flash device and each disk behind it.
-void RemoveGroup(Store& store, const HostRow& host, const DiskRow& fronting);
-/// The one or the other, by what the disk is.
+/// Releases the cache device and the capacity disks of its group.
+void RemoveGroup(Store& store, const HostRow& host, const DiskRow& cacheDevice);
+/// Releases a capacity disk or, given a cache device, its group.
 void RemoveDiskOrGroup(Store& store, const HostRow& host, const DiskRow& disk);
 
-/// Mounts or unmounts a disk; the device that fronts a group stands for the whole group.
+/// Mounts or unmounts a capacity disk or, given a cache device, its group.
 void SetMounted(Store& store, const HostRow& host, const DiskRow& disk, bool mounted);
 
 void SetCapacityTag(Store& store, const HostRow& host, const std::string& device, bool tagged);
 
-/// Adds an empty disk to the host. With auto-claim on, this is the event at which the service
-/// claims what is empty.
+/// Adds an empty disk to the host. With auto-claim on, all empty disks are claimed then.
 void PlugIn(Store& store, const HostRow& host, const std::string& device, bool flash);
 
-// What happens to disks. A lost one is out of use until it is replugged or replaced, and so is,
-// when it is a flash device, the group behind it.
+// Events of a disk. A lost disk (failed or unplugged) is out of use until it is replugged or
+// replaced, and with a cache device its group.
 
-/// The disk can no longer be read: it is seen, and that is all.
+/// Lets the disk fail: it stays attached, but cannot be read.
 void Fail(Store& store, const HostRow& host, const std::string& device);
-/// The disk is no longer seen; the cluster still knows it.
+/// Detaches the disk; the cluster still knows it.
 void Unplug(Store& store, const HostRow& host, const std::string& device);
-/// The disk is seen again, and mounted again if its group is.
+/// Attaches the disk again, and mounts it if its group is mounted.
 void Replug(Store& store, const HostRow& host, const std::string& device);
-/// A new, empty disk takes the place of a lost one that is in no group any more.
+/// Puts a new, empty disk in the place of a lost one that is in no group.
 void Replace(Store& store, const HostRow& host, const std::string& device);
 
-/// Adds `count` claimed disks on an adapter of their own, in groups of one flash device and up to
-/// seven capacity disks.
+/// Adds `count` claimed disks on a new adapter, in groups of one cache device and up to seven
+/// capacity disks.
 void Generate(Store& store, const HostRow& host, std::int64_t count);
 
 }  // namespace Lab
