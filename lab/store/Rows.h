@@ -56,7 +56,7 @@ struct MemberRow {
   bool witness = false;
   std::string preferredFaultDomain;  ///< a witness's only
   bool running = false;
-  std::int64_t place = 0;  ///< in the order in which the members came to run
+  std::int64_t joinOrder = 0;  ///< grows in the order in which members came to run
 };
 
 struct DatastoreRow {

@@ -83,7 +83,7 @@ struct Table<MemberRow> {
   static constexpr const char* kName = "members";
   static constexpr const char* kKey = "host";
   static constexpr const char* kOwner = "cluster";
-  static constexpr const char* kOrder = "place";
+  static constexpr const char* kOrder = "join_order";
   static constexpr const char* kRules =
       ", FOREIGN KEY (host) REFERENCES hosts ON DELETE CASCADE, FOREIGN KEY (cluster) REFERENCES "
       "clusters";
@@ -93,7 +93,7 @@ struct Table<MemberRow> {
     column("witness", row.witness);
     column("preferred_fault_domain", row.preferredFaultDomain);
     column("running", row.running);
-    column("place", row.place);
+    column("join_order", row.joinOrder);
   }
 };
 

@@ -84,13 +84,13 @@ Query::~Query() {
 }
 
 void Query::Bind(std::int64_t value) {
-  if (sqlite3_bind_int64(statement_, ++place_, value) != SQLITE_OK) {
+  if (sqlite3_bind_int64(statement_, ++index_, value) != SQLITE_OK) {
     Fail(sqlite3_db_handle(statement_));
   }
 }
 
 void Query::Bind(std::string_view value) {
-  if (sqlite3_bind_text64(statement_, ++place_, value.data(), value.size(), SQLITE_TRANSIENT,
+  if (sqlite3_bind_text64(statement_, ++index_, value.data(), value.size(), SQLITE_TRANSIENT,
                           SQLITE_UTF8) != SQLITE_OK) {
     Fail(sqlite3_db_handle(statement_));
   }

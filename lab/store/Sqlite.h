@@ -16,7 +16,7 @@ namespace Lab {
 /// A statement while it runs: bound, stepped, and free for its next use when this object ends.
 class Query {
  public:
-  /// Binds `values` to the statement's places, in order.
+  /// Binds `values` to the statement's parameters, in order.
   template <class... Values>
   explicit Query(sqlite3_stmt* statement, const Values&... values) : statement_(statement) {
     (Bind(values), ...);
@@ -25,7 +25,7 @@ class Query {
   Query(const Query&) = delete;
   Query& operator=(const Query&) = delete;
 
-  /// Binds the value to the next place.
+  /// Binds the value to the next parameter.
   void Bind(std::int64_t value);
   void Bind(std::string_view value);
 
@@ -41,7 +41,7 @@ class Query {
 
  private:
   sqlite3_stmt* statement_;
-  int place_ = 0;
+  int index_ = 0;
 };
 
 /// What the process waits for at this moment, to be shown to somebody who waits with it; empty if

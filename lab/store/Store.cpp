@@ -147,8 +147,8 @@ std::optional<HostRow> Store::FindHost(std::string_view name) {
 
 std::vector<MemberRow> Store::ListPeers(std::int64_t host) {
   return Select<MemberRow>(
-      *database_, " WHERE cluster = (SELECT cluster FROM members WHERE host = ?) ORDER BY place",
-      host);
+      *database_,
+      " WHERE cluster = (SELECT cluster FROM members WHERE host = ?) ORDER BY join_order", host);
 }
 
 void Store::SetKnicsRunning(std::int64_t host, bool running) {

@@ -153,7 +153,7 @@ tamper "PRAGMA foreign_keys = OFF; DELETE FROM clusters"|the lab's store "$store
 tamper "UPDATE clusters SET generation = $max"|the lab's store "$store" is damaged: *|dovra faultdomain set -n x,dovra datastore add -n x
 tamper "UPDATE clusters SET revision = $max"|the lab's store "$store" is damaged: *|lab host reboot
 tamper "UPDATE clusters SET generation_time = -1"|the lab's store "$store" is damaged: *|dovra cluster get
-tamper "UPDATE members SET place = $max, running = 0"|the lab's store "$store" is damaged: *|dovra cluster restore
+tamper "UPDATE members SET join_order = $max, running = 0"|the lab's store "$store" is damaged: *|dovra cluster restore
 tamper "UPDATE hosts SET name = '../../victim'"|the lab's store "$store" is damaged: a host is called "../../victim"|lab host list,--host ../../victim dovra trace get
 tamper "UPDATE hosts SET uuid = '/../victim'"|the lab's store "$store" is damaged: *|dovra trace get,lab host list
 tamper "DELETE FROM lab"|the lab's store "$store" is damaged: it has no name|lab host add -n x

@@ -72,15 +72,15 @@ ClusterRow RequireCluster(Store& store, const std::string& uuid) {
 Membership MembershipOf(std::vector<Member> running) {
   Membership membership{std::move(running), kNilUuid, kNilUuid};
   auto& members = membership.members;
-  // The two oldest data hosts lead; everybody else keeps their place behind them.
-  auto place = members.begin();
+  // The two oldest data hosts lead; everybody else keeps the order behind them.
+  auto position = members.begin();
   for (std::string* const leader : {&membership.masterUuid, &membership.backupUuid}) {
-    const auto next = std::find_if(place, members.end(),
+    const auto next = std::find_if(position, members.end(),
                                    [](const Member& member) { return !member.row.witness; });
     if (next == members.end()) break;
     *leader = next->host.uuid;
-    std::rotate(place, next, next + 1);
-    ++place;
+    std::rotate(position, next, next + 1);
+    ++position;
   }
   return membership;
 }
@@ -109,8 +109,8 @@ void AddMember(Store& store, const HostRow& host, MemberRow member) {
   const auto others = store.List<MemberRow>(member.cluster);
   member.host = host.id;
   member.running = true;
-  member.place = others.empty() ? 0 : others.back().place;
-  Increment(store, member.place);
+  member.joinOrder = others.empty() ? 0 : others.back().joinOrder;
+  Increment(store, member.joinOrder);
   store.Save(member);
   BumpMembership(store, member.cluster, host);
 }

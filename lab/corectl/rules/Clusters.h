@@ -16,7 +16,7 @@ struct Member {
   HostRow host;
 };
 
-/// Every host of the cluster, running or not, in the order of their places.
+/// Every host of the cluster, running or not, in the order in which they came to run.
 std::vector<Member> ListMembers(Store& store, const std::string& cluster);
 /// Those of the cluster that the host is in, running or not, itself among them.
 std::vector<Member> ListMembers(Store& store, const HostRow& host);

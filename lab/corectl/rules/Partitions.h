@@ -10,7 +10,7 @@ namespace Lab {
 
 /// The part of a cluster that one of its hosts reaches.
 struct Partition {
-  std::vector<Member> members;  ///< running, in the order of their places
+  std::vector<Member> members;  ///< running, in the order in which they came to run
   bool isSplit = false;         ///< the cluster has members that are not reached
   std::size_t votes = 0;        ///< one for each of `members`
   std::size_t allVotes = 0;     ///< one for each member, running or not

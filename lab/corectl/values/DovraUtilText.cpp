@@ -42,8 +42,8 @@ std::size_t LengthOfCharacter(std::string_view text) {
 
 std::size_t DovraUtil::UTF8StringCharLength(const std::string& text) {
   std::size_t characters = 0;
-  for (std::size_t place = 0; place < text.size(); ++characters) {
-    place += LengthOfCharacter(std::string_view(text).substr(place));
+  for (std::size_t offset = 0; offset < text.size(); ++characters) {
+    offset += LengthOfCharacter(std::string_view(text).substr(offset));
   }
   return characters;
 }
