@@ -247,8 +247,8 @@ constexpr CommandRow kRows[] = {
      PlugInNamed,
      "Unable to add disk: "},
     {"lab disk fail",
-     "Let a disk of this host fail: it is seen but cannot be read. A flash disk that fronts a disk "
-     "group takes the whole group out of use.",
+     "Let a disk of this host fail: it stays attached but cannot be read. A cache device takes its "
+     "disk group out of use.",
      kHost,
      "# Let a disk die.\nautocli lab disk fail --device mpx.xhba2:C0:T1:L0",
      {kDevice},
