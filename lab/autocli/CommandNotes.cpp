@@ -11,7 +11,7 @@ using CliTools::AutoCli::CommandSpec;
 
 namespace {
 
-/// The metadata field, or the note that stands for it.
+/// Returns the metadata field, or the note in its place.
 std::string FieldOf(const CommandSpec& command, const char* field, const char* DovraNotes::*note) {
   const DovraNotes* const notes = FindDovraNotes(CliTools::PathOf(command));
   return notes == nullptr ? command.GetMetaDataField(field) : notes->*note;

@@ -23,7 +23,7 @@ struct Example {
 
 std::vector<Example> ExamplesOf(const CliTools::AutoCli::CommandSpec& command);
 
-/// Returns the name of the list of the parameter's values; empty when there is none.
+/// Returns the name of the list that holds the parameter's values; empty when no list does.
 std::string ValueListOf(const CliTools::AutoCli::CommandSpec& command, std::string_view parameter);
 
 /// Returns the names of the control library's operations that the command may call.

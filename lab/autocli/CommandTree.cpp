@@ -19,26 +19,36 @@ using CliTools::AutoCli::Namespace;
 
 namespace {
 
-/// Whether the words begin with the path of a command.
-bool NamesCommand(const CommandSpec& root, std::span<const std::string> words) {
-  const CommandSpec* node = &root;
-  while (node != nullptr && dynamic_cast<const Command*>(node) == nullptr) {
-    words = words.subspan(CountOptionWords(words));
-    if (words.empty()) return false;
-    node = dynamic_cast<const CommandSpec*>(node->GetNamespaceNode(words.front()).get());
+/// Follows the words as far as the tree is loaded.
+Target Follow(std::shared_ptr<CommandSpec> root, std::span<const std::string> words) {
+  Target target{std::move(root), {}, ""};
+  while (dynamic_cast<const Command*>(target.node.get()) == nullptr) {
+    const auto options = words.first(CountOptionWords(words));
+    target.arguments.insert(target.arguments.end(), options.begin(), options.end());
+    words = words.subspan(options.size());
+    if (words.empty()) return target;
+    auto child = target.node->GetNamespaceNode(words.front());
+    if (auto spec = std::dynamic_pointer_cast<CommandSpec>(std::move(child))) {
+      target.node = std::move(spec);
+    } else if (words.front() == "help") {
+      target.arguments.emplace_back("--help");
+    } else {
+      target.unknown = words.front();
+      break;
+    }
     words = words.subspan(1);
   }
-  return node != nullptr;
+  target.arguments.insert(target.arguments.end(), words.begin(), words.end());
+  return target;
 }
 
-/// The names of a namespace's children.
 std::vector<std::string> ChildNames(const CommandSpec& space) {
   std::vector<std::string> names;
   for (const auto& child : space.GetChildren()) names.push_back(child->GetName());
   return names;
 }
 
-/// The paths of all nodes of that name below `space`.
+/// Appends the paths of all nodes of that name below `space`.
 void CollectPaths(const CommandSpec& space, const std::string& name,
                   std::vector<std::string>& paths) {
   for (const auto& child : space.GetChildren()) {
@@ -49,9 +59,9 @@ void CollectPaths(const CommandSpec& space, const std::string& name,
   }
 }
 
-/// The names in the namespace that resemble the word, else the places below it where the word
-/// stands as it is: the names that lead there were forgotten.
-std::vector<std::string> WhatWasMeant(const CommandSpec& space, const std::string& word) {
+/// Returns the names in the namespace that resemble the word, else the paths below it that end in
+/// the word.
+std::vector<std::string> Suggestions(const CommandSpec& space, const std::string& word) {
   constexpr std::size_t kMost = 3;
   std::vector<std::string> meant = CliTools::Nearest(word, ChildNames(space));
   if (meant.empty()) CollectPaths(space, word, meant);
@@ -59,7 +69,7 @@ std::vector<std::string> WhatWasMeant(const CommandSpec& space, const std::strin
   return meant;
 }
 
-/// Throws `PluginError` for a node that has neither children nor a call.
+/// Throws `PluginError` for a node that is neither a namespace nor a command.
 void RequireSpecs(const CommandSpec& space) {
   for (const auto& child : space.GetChildren()) {
     const auto* const spec = dynamic_cast<const CommandSpec*>(child.get());
@@ -68,8 +78,8 @@ void RequireSpecs(const CommandSpec& space) {
   }
 }
 
-/// A root that is not destroyed: the process ends with it, and taking the tree down would cost as
-/// much as building it.
+/// Returns a root that is never destroyed: destroying the tree at the end of the process would take
+/// as long as building it.
 const std::shared_ptr<Namespace>& LastingRoot() {
   static const auto& root = *new std::shared_ptr<Namespace>(Namespace::New());
   return root;
@@ -77,31 +87,14 @@ const std::shared_ptr<Namespace>& LastingRoot() {
 
 }  // namespace
 
-CommandTree::CommandTree(const std::filesystem::path& pluginFolder)
-    : root_(LastingRoot()), plugins_(pluginFolder, root_) {}
+CommandTree::CommandTree(const std::filesystem::path& pluginDirectory)
+    : root_(LastingRoot()), plugins_(pluginDirectory, root_) {}
 
 Target CommandTree::Resolve(const std::vector<std::string>& words) {
   if (!words.empty()) plugins_.LoadCalled(words.front());
-  if (!NamesCommand(*root_, words)) GetWhole();
-  Target target{root_, {}, ""};
-  std::span<const std::string> left = words;
-  while (std::dynamic_pointer_cast<Command>(target.node) == nullptr) {
-    const auto options = left.first(CountOptionWords(left));
-    target.arguments.insert(target.arguments.end(), options.begin(), options.end());
-    left = left.subspan(options.size());
-    if (left.empty()) return target;
-    if (auto child = target.node->GetNamespaceNode(left.front())) {
-      target.node = std::static_pointer_cast<CommandSpec>(std::move(child));
-    } else if (left.front() == "help") {
-      target.arguments.emplace_back("--help");
-    } else {
-      target.unknown = left.front();
-      break;
-    }
-    left = left.subspan(1);
-  }
-  target.arguments.insert(target.arguments.end(), left.begin(), left.end());
-  return target;
+  Target target = Follow(root_, words);
+  const bool isCommand = dynamic_cast<const Command*>(target.node.get()) != nullptr;
+  return isCommand ? target : Follow(GetWhole(), words);
 }
 
 const std::shared_ptr<Namespace>& CommandTree::GetWhole() {
@@ -116,7 +109,7 @@ std::string KnownNames(const CommandSpec& space) {
 
 void RefuseWord(const CommandSpec& space, const std::string& word) {
   const std::string path = CliTools::PathOf(space);
-  const std::string suggestion = CliTools::DidYouMean(WhatWasMeant(space, word));
+  const std::string suggestion = CliTools::DidYouMean(Suggestions(space, word));
   throw UsageError((path.empty() ? "" : path + ": ") + "there is no " + CliTools::Quote(word) +
                    (suggestion.empty() ? "" : "; " + suggestion) +
                    " (known here: " + KnownNames(space) + ")");

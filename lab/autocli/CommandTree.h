@@ -11,25 +11,23 @@
 
 namespace AutoCliProgram {
 
-/// A node and the words that are left for it: options of the program that stand before the end of
-/// its path, and all words behind it.
+/// The node that a command line's words lead to.
 struct Target {
   std::shared_ptr<CliTools::AutoCli::CommandSpec> node;
-  std::vector<std::string> arguments;
+  std::vector<std::string> arguments;  ///< options between the words of its path, and what follows
   std::string unknown;  ///< the word that should have named a child of the node, if any
 };
 
-/// The tree of all commands, of which as much is loaded as is asked for.
+/// The tree of all commands. Plug-ins are loaded when a command line needs them.
 class CommandTree {
  public:
-  explicit CommandTree(const std::filesystem::path& pluginFolder);
+  explicit CommandTree(const std::filesystem::path& pluginDirectory);
 
-  /// Follows the words down the tree, as far as they name namespaces and a command; "help", where
-  /// nothing is called so, stands for --help. Throws `HostError` and `PluginError` when the
-  /// plug-ins cannot be used.
+  /// Follows the words down the tree to a command. A word "help" that names no child counts as
+  /// --help. Throws `HostError` when the plug-ins cannot be used.
   Target Resolve(const std::vector<std::string>& words);
 
-  /// The root of the whole tree. Throws as `Resolve` does.
+  /// Loads all plug-ins and returns the root. Throws `HostError` when they cannot be used.
   const std::shared_ptr<CliTools::AutoCli::Namespace>& GetWhole();
 
  private:
@@ -37,10 +35,10 @@ class CommandTree {
   Plugins plugins_;
 };
 
-/// Throws `UsageError`: the namespace has no child called `word`.
+/// Throws `UsageError` for a word that is not the name of a child, with suggestions.
 [[noreturn]] void RefuseWord(const CliTools::AutoCli::CommandSpec& space, const std::string& word);
 
-/// The names of a namespace's children, for an error message.
+/// Returns the names of the namespace's children, for an error message.
 std::string KnownNames(const CliTools::AutoCli::CommandSpec& space);
 
 }  // namespace AutoCliProgram

@@ -43,7 +43,7 @@ Candidates FieldsOf(CliTools::AutoCli::CommandSpec& node, std::string_view typed
   return candidates;
 }
 
-/// The words behind the program's name. Variables that are set before it hold for it.
+/// Returns the words after the program's name, and sets the variables that are assigned before it.
 std::vector<std::string> ReadWords(const std::string& line) {
   CliTools::WordScanner scanner;
   scanner.Scan(line);
@@ -75,7 +75,7 @@ bool IsCompletionRequest(const std::vector<std::string>& arguments) {
 }
 
 void CompleteLine(const std::string& line) noexcept {
-  // Somebody waits at the keyboard: rather nothing than to wait for a lab that is held by others.
+  // The user waits at the prompt: give up when another process holds the lab's lock.
   constexpr unsigned kMostSeconds = 2;
   signal(SIGALRM, [](int) { _exit(0); });
   alarm(kMostSeconds);
@@ -99,7 +99,7 @@ void CompleteLine(const std::string& line) noexcept {
               CliTools::Printable(candidate.description) + '\n';
     }
     Print(text);
-  } catch (...) {  // there is nothing to complete with
+  } catch (...) {  // without candidates
   }
 }
 

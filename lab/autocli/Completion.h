@@ -10,13 +10,13 @@ namespace AutoCliProgram {
 /// `HostError` when the program is installed without it.
 std::string ReadCompletionScript(const std::string& shell);
 
-/// Whether these are the arguments with which the scripts call: "--complete" and the command line
-/// up to the cursor, from the program's name on, as it was typed.
+/// Returns whether a completion script passed these arguments: "--complete", and the command line
+/// up to the cursor as it was typed, with the program's name.
 bool IsCompletionRequest(const std::vector<std::string>& arguments);
 
-/// Prints what the line's last word can become, each on a line: the word, a tab and what it is.
-/// A single "/" stands for any path. No lab is made, and nothing is said of what goes wrong: then
-/// there is nothing to complete with.
+/// Prints the words that the line's last word can become, each on a line with a tab and its
+/// description. The word "/" asks the shell to complete a path. Creates no lab. Prints nothing
+/// after an error.
 void CompleteLine(const std::string& line) noexcept;
 
 }  // namespace AutoCliProgram

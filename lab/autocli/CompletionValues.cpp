@@ -89,7 +89,7 @@ Candidates FaultMessages(Store& store, const HostRow&) {
 
 std::string UseOf(const DiskRow& disk) {
   if (!disk.IsClaimed()) return {};
-  return disk.IsCache() ? "cache disk" : "in group " + disk.groupName;
+  return disk.IsCache() ? "cache device" : "in group " + disk.groupName;
 }
 
 template <auto kFits, auto kText = &DiskRow::device, auto kDescription = UseOf>

@@ -8,9 +8,8 @@
 
 namespace AutoCliProgram {
 
-/// Returns the values of a list that completion offers, such as "hosts", in the lab of the options
-/// or on their host. Empty when there is no such list, or no lab: none is made. Throws `HostError`
-/// when the lab cannot be used.
+/// Returns the values of a list, such as "hosts", in the lab or on the host of the options. Empty
+/// when the list or the lab does not exist. Throws `HostError` when the lab cannot be used.
 std::vector<CliTools::Candidate> CompletionValues(std::string_view list, const Options& options);
 
 }  // namespace AutoCliProgram

@@ -6,7 +6,7 @@ namespace AutoCliProgram {
 
 namespace {
 
-// The commands' constructors set the metadata of their interface only, so it stands here.
+// Not metadata, because the commands' constructors set only what their interface defines.
 constexpr DovraNotes kNotes[] = {
     {"dovra policy getdefault", "", R"(# Show the default policy of every class.
 autocli dovra policy getdefault

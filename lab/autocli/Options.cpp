@@ -1,11 +1,9 @@
 #include "autocli/Options.h"
 
 #include <algorithm>
-#include <type_traits>
 #include <variant>
 
 #include "baselibs/Environment.h"
-#include "baselibs/Strings.h"
 #include "clitools/CommandLine.h"
 #include "clitools/Format.h"
 #include "clitools/Help.h"
@@ -25,14 +23,14 @@ using CliTools::CallSpec::ParameterType;
 namespace {
 
 enum class Use {
-  kCall,     ///< belongs to a command's call, and may stand among its words
-  kTask,     ///< asks for something else than a call
+  kCall,     ///< may follow a command
+  kTask,     ///< replaces a command
   kBatch,    ///< goes with --batch
-  kPlugins,  ///< decides which commands there are
+  kPlugins,  ///< goes before a command
 };
 
 using Strings = std::vector<std::string>;
-using Member = std::variant<bool Options::*, std::string Options::*, Strings Options::*>;
+using Member = std::variant<bool Options::*, std::string Options::*>;
 
 struct Option {
   const char* name;
@@ -104,29 +102,15 @@ std::shared_ptr<InputSpec> MakeSpec(bool withCommand) {
   return spec;
 }
 
-/// Returns how many words the option takes that begins with this one.
+/// Returns 2 when the next word is the value of the word's option, else 1.
 std::size_t WordsOfOption(std::string_view word) {
   return CliTools::ReadOptionWord(OptionsSpec()->GetParameters(), word).takesNextWord ? 2 : 1;
 }
 
-Strings SplitFields(std::string_view list) {
-  Strings fields;
-  for (const std::string_view field : BaseLibs::Split(list, ',')) {
-    fields.emplace_back(BaseLibs::Trim(field));
-    if (fields.back().empty()) throw UsageError("--fields: a name is empty");
-  }
-  return fields;
-}
-
 bool IsGiven(const Option& option, const Options& options) {
-  const auto isGiven = [&options](auto member) {
-    if constexpr (std::is_same_v<decltype(member), bool Options::*>) {
-      return options.*member;
-    } else {
-      return !(options.*member).empty();
-    }
-  };
-  return std::visit(isGiven, option.member);
+  const auto* const flag = std::get_if<bool Options::*>(&option.member);
+  return flag ? options.**flag
+              : !(options.*std::get<std::string Options::*>(option.member)).empty();
 }
 
 }  // namespace
@@ -178,16 +162,12 @@ Options TakeOptions(const Input& given, Options options) {
   for (const Option& option : kOptions) {
     if (!given.HasParameter(option.name)) continue;
     if (const auto* const flag = std::get_if<bool Options::*>(&option.member)) {
-      options.*(*flag) = true;
+      options.** flag = true;
       continue;
     }
-    std::string value = given.GetParameter(option.name);
-    if (const auto* const fields = std::get_if<Strings Options::*>(&option.member)) {
-      options.*(*fields) = SplitFields(value);
-      continue;
-    }
+    std::string& value = options.*std::get<std::string Options::*>(option.member);
+    value = given.GetParameter(option.name);
     if (value.empty()) throw UsageError(std::string("--") + option.name + ": the value is empty");
-    options.*std::get<std::string Options::*>(option.member) = std::move(value);
   }
   return options;
 }
@@ -247,7 +227,7 @@ const char* ExitStatusHelp() {
 }
 
 std::string OptionsHelp(const CliTools::Style& style) {
-  constexpr std::size_t kUsageIndent = 7;  // below what follows "Usage: "
+  constexpr std::size_t kUsageIndent = 7;  // the length of "Usage: "
   return CliTools::Wrap(ProgramUsage(), kUsageIndent, style.width)
              .replace(0, kUsageIndent, "Usage: ") +
          "\nRuns a command on a stand-in host.\n" +

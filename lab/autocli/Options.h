@@ -1,4 +1,4 @@
-// The words of autocli's own command line.
+// autocli's own options.
 #pragma once
 
 #include <memory>
@@ -14,25 +14,25 @@
 namespace AutoCliProgram {
 
 struct Options {
-  std::string lab;                  ///< directory; empty: the default one
-  std::string host;                 ///< empty: `defaultHost`
-  std::string formatter;            ///< empty: the command's own
-  std::vector<std::string> fields;  ///< of a record, in order; empty: all
+  std::string lab;        ///< directory; empty: the default one
+  std::string host;       ///< empty: `defaultHost`
+  std::string formatter;  ///< empty: the command's own
+  std::string fields;     ///< of a record, in order, separated by commas; empty: all
   bool noHeader = false;
-  std::string pluginDirectory;  ///< empty: the one that belongs to the program
-  std::string batch;            ///< file of command lines, "-" for standard input; else empty
+  std::string pluginDirectory;  ///< empty: the installed plug-ins'
+  std::string batch;            ///< file of command lines, "-" for standard input; empty: none
   bool keepGoing = false;
   bool echo = false;
-  std::string completion;  ///< shell; else empty
-  std::string reference;   ///< format of the manual; else empty
+  std::string completion;  ///< shell; empty: none
+  std::string reference;   ///< format of the manual; empty: none
   bool list = false;
   bool version = false;
   bool help = false;
 
   std::string defaultHost;
   std::vector<std::string> words;  ///< from the first namespace on
-  std::string location;            ///< "FILE:LINE: " of a batch's line; else empty
-  std::string fault;               ///< what is wrong with the options before the words, if anything
+  std::string location;            ///< "FILE:LINE: " of a batch's line; empty outside a batch
+  std::string fault;               ///< message about a wrong option before the words; empty: none
 };
 
 /// A shell with a completion script, and the script's path below share.
@@ -52,18 +52,18 @@ Options OptionsFromEnvironment();
 /// Returns how many of the words, from the first on, are options and their values.
 std::size_t CountOptionWords(std::span<const std::string> words);
 
-/// Reads the options that a command line begins with. `defaults` are the values of the others. If
-/// an option is wrong, the result's `fault` says so, and the result holds the others.
+/// Reads the options that a command line begins with, on top of `defaults`. After a wrong option,
+/// the result holds the others and a `fault`.
 Options ReadOptions(const std::vector<std::string>& arguments, const Options& defaults);
 
 /// Returns `defaults` with the options that were given. Throws `UsageError` for an empty value.
 Options TakeOptions(const CliTools::CallSpec::Input& given, Options defaults);
 
-/// Returns the option that asks for something else than a command's call, such as "--list"; empty
-/// when none does. Throws `UsageError` for several, and for an option that goes with another one.
+/// Returns the option that replaces a command, such as "--list"; empty when none is given. Throws
+/// `UsageError` for two of them, and for a --batch option without --batch.
 std::string TaskOf(const Options& options);
 
-/// The options as parameters: all, and those that may stand among a command's words.
+/// Return the options as parameters: all, or those that may follow a command.
 std::shared_ptr<CliTools::CallSpec::InputSpec> OptionsSpec();
 std::shared_ptr<CliTools::CallSpec::InputSpec> CallOptionsSpec();
 

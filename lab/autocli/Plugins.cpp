@@ -16,18 +16,18 @@ using BaseLibs::HostError;
 
 namespace {
 
-std::vector<fs::path> FindPlugins(const fs::path& folder) {
+std::vector<fs::path> FindPlugins(const fs::path& directory) {
   std::vector<fs::path> plugins;
   std::error_code error;
-  for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
+  for (fs::directory_iterator entry(directory, error), end; !error && entry != end;
        entry.increment(error)) {
     if (entry->path().extension() == ".so") plugins.push_back(entry->path());
   }
   if (error) {
-    throw HostError("the plug-ins' folder \"" + folder.string() +
+    throw HostError("the plug-in directory \"" + directory.string() +
                     "\" cannot be read: " + error.message());
   }
-  if (plugins.empty()) throw HostError("there is no plug-in in \"" + folder.string() + "\"");
+  if (plugins.empty()) throw HostError("there is no plug-in in \"" + directory.string() + "\"");
   std::ranges::sort(plugins);
   return plugins;
 }
@@ -36,7 +36,7 @@ std::vector<fs::path> FindPlugins(const fs::path& folder) {
   throw HostError("the plug-in \"" + plugin.string() + "\" cannot be loaded: " + reason);
 }
 
-/// Null if the library has no such symbol, or something else under that name.
+/// Returns null when the library exports no function of that name.
 void* FindFunction(void* library, const char* name) {
   void* const address = dlsym(library, name);
   Dl_info info;
@@ -49,27 +49,28 @@ void* FindFunction(void* library, const char* name) {
 
 }  // namespace
 
-Plugins::Plugins(fs::path folder, std::shared_ptr<CliTools::AutoCli::Namespace> root)
-    : folder_(std::move(folder)), root_(std::move(root)) {}
+Plugins::Plugins(fs::path directory, std::shared_ptr<CliTools::AutoCli::Namespace> root)
+    : directory_(std::move(directory)), root_(std::move(root)) {}
 
 void Plugins::LoadCalled(const std::string& name) {
   if (name.find('/') != std::string::npos) return;
-  const fs::path plugin = folder_ / ("lib" + name + ".so");
+  const fs::path plugin = directory_ / ("lib" + name + ".so");
   std::error_code ignored;
   if (fs::exists(plugin, ignored)) Load(plugin);
 }
 
 void Plugins::LoadAll() {
-  for (const fs::path& plugin : FindPlugins(folder_)) Load(plugin);
+  for (const fs::path& plugin : FindPlugins(directory_)) Load(plugin);
 }
 
 void Plugins::Load(const fs::path& plugin) {
   if (loaded_.contains(plugin)) return;
   std::error_code ignored;
   const fs::file_status status = fs::status(plugin, ignored);
-  // To open a FIFO would wait for a writer.
-  if (fs::exists(status) && !fs::is_regular_file(status)) Refuse(plugin, "it is no regular file");
-  // The tree refers to the plug-in, so it stays loaded even if it closes itself.
+  // Opening a FIFO would wait for a writer.
+  if (fs::exists(status) && !fs::is_regular_file(status))
+    Refuse(plugin, "it is not a regular file");
+  // The tree refers to the plug-in, which must stay loaded even if it closes itself.
   void* const handle = dlopen(plugin.c_str(), RTLD_LAZY | RTLD_LOCAL | RTLD_NODELETE);
   if (handle == nullptr) Refuse(plugin, dlerror());
   void* const entry = FindFunction(handle, "AutoCli_RegisterNamespaces");
@@ -79,7 +80,7 @@ void Plugins::Load(const fs::path& plugin) {
   } catch (const std::exception& error) {
     Refuse(plugin, error.what());
   } catch (...) {
-    Refuse(plugin, "it threw what is no std::exception");
+    Refuse(plugin, "it threw an object that is not a std::exception");
   }
   loaded_.insert(plugin);
 }

@@ -9,25 +9,24 @@
 
 namespace AutoCliProgram {
 
-/// The plug-ins of a folder. Each may add to any namespace, but one called `lib<name>.so` is where
-/// the namespace `<name>` begins, so that a command is mostly found by loading one of them. What is
-/// loaded stays so for as long as the process lives.
+/// The plug-ins of a directory. Any plug-in may add commands to any namespace. `lib<name>.so` is
+/// expected to hold the namespace `<name>`, so most commands need one plug-in. A plug-in stays
+/// loaded until the process ends.
 class Plugins {
  public:
-  Plugins(std::filesystem::path folder, std::shared_ptr<CliTools::AutoCli::Namespace> root);
+  Plugins(std::filesystem::path directory, std::shared_ptr<CliTools::AutoCli::Namespace> root);
 
-  /// Loads the plug-in that `name` is called after, if there is one. Throws `HostError` when it
-  /// cannot be loaded.
+  /// Loads `lib<name>.so` if it exists. Throws `HostError` when it cannot be loaded.
   void LoadCalled(const std::string& name);
 
-  /// Loads every other one, in the order of their names. Throws `HostError` when there is none at
-  /// all or one cannot be loaded.
+  /// Loads all plug-ins that are not loaded yet, in the order of their names. Throws `HostError`
+  /// when the directory holds none, or one cannot be loaded.
   void LoadAll();
 
  private:
   void Load(const std::filesystem::path& plugin);
 
-  std::filesystem::path folder_;
+  std::filesystem::path directory_;
   std::shared_ptr<CliTools::AutoCli::Namespace> root_;
   std::set<std::filesystem::path> loaded_;
 };

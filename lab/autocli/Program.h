@@ -1,4 +1,4 @@
-// What all parts of autocli share: its files, the lab that it works on, its exit statuses.
+// What all parts of autocli share: the program's files, the selected lab, exit statuses.
 #pragma once
 
 #include <filesystem>
@@ -22,8 +22,8 @@ const std::filesystem::path& Prefix();
 
 std::filesystem::path PluginDirectory(const Options& options);
 
-/// Selects the lab and the host of the options for what follows. Throws `HostError` when no
-/// directory is known for the lab.
+/// Selects the lab and the host of the options. Throws `HostError` when neither an option nor the
+/// environment names a directory for the lab.
 void SelectLab(const Options& options);
 
 /// Runs `work`. Prints an exception as one line, which begins with `location`, and returns the exit

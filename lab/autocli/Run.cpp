@@ -28,23 +28,33 @@ namespace {
 
 constexpr const char* kProgram = "autocli";
 
-/// Returns the formatter's parameters: the command's own, with the fields that the user chose, or
-/// with the command's columns if no formatter was named.
+/// Returns `parameters` so that only the listed fields, separated by commas, are shown.
+CommandSpec::Pairs SelectFields(const MetaObject* layout, const CommandSpec::Pairs& parameters,
+                                const std::string& list) {
+  std::vector<std::string> fields;
+  for (const std::string_view field : BaseLibs::Split(list, ',')) {
+    fields.emplace_back(BaseLibs::Trim(field));
+    if (fields.back().empty()) throw UsageError("--fields: a name is empty");
+  }
+  return CliTools::SelectFields(layout, parameters, fields);
+}
+
+/// Returns the formatter's parameters: the command's own, restricted to --fields, or to the
+/// command's columns unless a formatter is given.
 CommandSpec::Pairs ChooseFields(const Command& command, const MetaObject* layout,
                                 const Options& options) {
   const auto& own = command.GetDefaultOutputParameters();
-  if (!options.fields.empty()) return CliTools::SelectFields(layout, own, options.fields);
+  if (!options.fields.empty()) return SelectFields(layout, own, options.fields);
   const std::string columns = command.GetMetaDataField("columns");
   if (columns.empty() || !options.formatter.empty()) return own;
-  const auto names = BaseLibs::Split(columns, ',');
-  return CliTools::SelectFields(layout, own, {names.begin(), names.end()});
+  return SelectFields(layout, own, columns);
 }
 
-/// The style of a result on standard output.
+/// Returns the style of a result on standard output.
 CliTools::Style StyleFor(const Options& options) {
   CliTools::Style style = ResultStyle();
   style.header = !options.noHeader;
-  if (!options.formatter.empty()) style.width = 0;  // a formatter given by name is not replaced
+  if (!options.formatter.empty()) style.width = 0;  // a table that is asked for stays a table
   return style;
 }
 
@@ -62,7 +72,7 @@ std::string Help(CommandSpec& space) {
                                  : CliTools::NamespaceHelp(kProgram, space, style);
 }
 
-/// The formatter that shows a result of this shape; refused if it cannot.
+/// Returns the formatter's name. Throws `UsageError` when it cannot show a result of this shape.
 std::string ChooseFormatter(const Command& command, const MetaObject* layout,
                             const std::string& wanted) {
   if (wanted.empty()) return command.GetDefaultOutputFormatter();
@@ -74,7 +84,7 @@ std::string ChooseFormatter(const Command& command, const MetaObject* layout,
   return wanted;
 }
 
-/// A command with all that its call needs.
+/// A call of a command, and how its result is shown.
 struct Call {
   Options options;
   std::shared_ptr<CliTools::CallSpec::Input> input;
@@ -88,10 +98,10 @@ void CheckOptions(const Command& command, const Options& options, const Options&
     throw UsageError(task + " goes without a command");
   }
   if (options.pluginDirectory != before.pluginDirectory) {
-    throw UsageError("--plugin-dir goes before the command: it says which there are");
+    throw UsageError("--plugin-dir goes before the command");
   }
   if (!options.host.empty() && command.GetMetaDataField("scope") == "lab") {
-    throw UsageError("--host: this command is for the whole lab, not for one of its hosts");
+    throw UsageError("--host: this command works on the whole lab, not on one host");
   }
 }
 
@@ -127,7 +137,7 @@ bool IsConfirmed(const Command& command, const std::string& consequence) {
   return answer == 'y' || answer == 'Y';
 }
 
-/// Runs the command. Throws `PluginError` for what it throws, unless the lab cannot be used.
+/// Runs the command. Throws `HostError`, as `PluginError` for any other exception of the command.
 void Execute(Command& command, const Call& call,
              const std::shared_ptr<CliTools::CallSpec::Output>& output) {
   const std::string path = CliTools::Printable(CliTools::PathOf(command));
@@ -221,9 +231,8 @@ std::string CommandList(CommandTree& tree, const Options& options) {
   layout->SetField("Command", "");
   layout->SetField("Description", "");
   const auto list = MetaList::New(MetaType::kStruct, layout);
-  const auto parameters = options.fields.empty()
-                              ? CommandSpec::Pairs()
-                              : CliTools::SelectFields(list.get(), {}, options.fields);
+  const auto parameters =
+      options.fields.empty() ? CommandSpec::Pairs() : SelectFields(list.get(), {}, options.fields);
   for (const auto& command : CliTools::CommandsBelow(*tree.GetWhole())) {
     auto row = MetaStruct::New(layout->GetName());
     row->SetField("Command", CliTools::PathOf(*command));

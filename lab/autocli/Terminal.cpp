@@ -12,29 +12,31 @@
 
 namespace AutoCliProgram {
 
+namespace {
+
+/// Returns the columns of the terminal; 80 when standard output is not a terminal.
+std::size_t Columns() {
+  winsize size{};
+  const bool isKnown = ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col != 0;
+  return isKnown ? size.ws_col : 80;
+}
+
+}  // namespace
+
 bool TakesEscapes(int descriptor) {
   if (isatty(descriptor) == 0) return false;
   const std::string terminal = BaseLibs::Environment("TERM");
   return !terminal.empty() && terminal != "dumb" && BaseLibs::Environment("NO_COLOR").empty();
 }
 
-std::size_t ColumnsOf(int descriptor) {
-  constexpr std::size_t kPage = 80;
-  winsize size{};
-  if (isatty(descriptor) == 0 || ioctl(descriptor, TIOCGWINSZ, &size) != 0 || size.ws_col == 0) {
-    return kPage;
-  }
-  return size.ws_col;
-}
-
 CliTools::Style ResultStyle() {
   if (isatty(STDOUT_FILENO) == 0) return {};
-  return {ColumnsOf(STDOUT_FILENO), TakesEscapes(STDOUT_FILENO)};
+  return {Columns(), TakesEscapes(STDOUT_FILENO)};
 }
 
 CliTools::Style HelpStyle() {
-  constexpr std::size_t kNarrowest = 40;  // help in less would be a column of single words
-  return {std::max(ColumnsOf(STDOUT_FILENO), kNarrowest), TakesEscapes(STDOUT_FILENO)};
+  constexpr std::size_t kNarrowest = 40;  // narrower help would be a column of single words
+  return {std::max(Columns(), kNarrowest), TakesEscapes(STDOUT_FILENO)};
 }
 
 void Print(std::string_view text) {

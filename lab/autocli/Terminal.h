@@ -1,5 +1,4 @@
-// Standard output and standard error: a terminal with a person before it, or something else, which
-// gets plain text.
+// Standard output and standard error. Only a terminal gets escape sequences.
 #pragma once
 
 #include <stdexcept>
@@ -10,31 +9,28 @@
 
 namespace AutoCliProgram {
 
-/// Whether what is written to the descriptor may hold escape sequences: it is a terminal that acts
-/// on them, and the user has not asked for plain text (NO_COLOR).
+/// Returns whether the descriptor is a terminal that interprets escape sequences, and NO_COLOR is
+/// not set.
 bool TakesEscapes(int descriptor);
 
-/// The columns of the terminal, or of a page if the descriptor is none.
-std::size_t ColumnsOf(int descriptor);
-
-/// How results look on standard output, and how help does, which keeps to a page everywhere.
+/// Returns the style of results on standard output: as wide as needed unless it is a terminal.
 CliTools::Style ResultStyle();
+/// Returns the style of help on standard output: as wide as the terminal, else 80 columns.
 CliTools::Style HelpStyle();
 
-/// Standard output does not take a result. `what()` says why.
+/// A result cannot be written to standard output. `what()` names the reason.
 class OutputError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
 
-/// Writes to standard output. Throws `OutputError` when not all of it could be written.
+/// Writes to standard output. Throws `OutputError` when it cannot write everything.
 void Print(std::string_view text);
 
-/// Tells somebody who sees standard output something on standard error that is no part of a result.
-/// Nothing where it is no terminal.
+/// Prints a remark to standard error, but only when standard output is a terminal.
 void PrintRemark(const std::string& text);
 
-/// Writes one line to standard error.
+/// Prints an error to standard error, as one line.
 void PrintError(const std::string& text);
 
 }  // namespace AutoCliProgram

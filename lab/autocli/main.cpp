@@ -46,9 +46,9 @@ ExitStatus Run(const std::vector<std::string>& arguments) {
   return RunLine(tree, options);
 }
 
-/// Where a standard stream is closed, the next file that is opened, such as the lab's store, would
-/// take its place and get what is meant for it. One that can only be used the wrong way round fails
-/// as a closed one does.
+/// Opens the standard streams that are closed: otherwise the next file to be opened, such as the
+/// lab's store, would become standard output. Each is opened in the wrong direction, so that using
+/// it still fails.
 void KeepStandardStreams() {
   for (int descriptor = STDIN_FILENO; descriptor <= STDERR_FILENO; ++descriptor) {
     if (fcntl(descriptor, F_GETFD) >= 0) continue;
@@ -63,6 +63,6 @@ void KeepStandardStreams() {
 int main(int argc, char** argv) {
   using namespace AutoCliProgram;
   KeepStandardStreams();
-  signal(SIGPIPE, SIG_IGN);  // a result that nobody reads is reported as one that was lost
+  signal(SIGPIPE, SIG_IGN);  // writing to a closed pipe fails, and is reported
   return Guard("", [&] { return Run({argv + 1, argv + argc}); });
 }

@@ -75,7 +75,7 @@ PluginError ThrownBy(const Command& command) {
   } catch (const std::exception& error) {
     return {command, "threw " + Quote(error.what())};
   } catch (...) {
-    return {command, "threw what is no std::exception"};
+    return {command, "threw an object that is not a std::exception"};
   }
 }
 

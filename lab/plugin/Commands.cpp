@@ -15,7 +15,6 @@ namespace {
 
 using enum ParameterType;
 using enum Need;
-using enum Scope;
 
 template <std::int64_t kMin, std::int64_t kMax>
 ConstraintPtr Range() {
@@ -24,7 +23,7 @@ ConstraintPtr Range() {
 
 // Hosts.
 
-/// The host that autocli's --host selects. Throws `LabError` when the lab has no such host.
+/// Returns the host that --host selects. Throws `HostError` when the lab has no such host.
 HostRow SelectedHost(Store& store) {
   return *store.FindHost(Session::Current().GetName());
 }
@@ -37,6 +36,12 @@ void AddNamedHost(Store& store, const InputPtr& input) {
   }
   if (store.FindHost(name)) Refuse("There is a host \"" + name + "\" already.");
   AddHost(store, name, Selected().hostFiles);
+}
+
+void RebootNamed(Store& store, const InputPtr& input) {
+  HostRow host = input->HasParameter("name") ? RequireHost(store, input->GetParameter("name"))
+                                             : SelectedHost(store);
+  Reboot(store, host);
 }
 
 /// Settles the hosts' roots. A failure does not undo the change that was committed.
@@ -79,7 +84,7 @@ ConstraintPtr DiskKinds() {
   return OneOf({{"flash", "a flash disk"}, {"capacity", "a disk that is not flash"}});
 }
 
-/// Calls an event of a disk on the one that is named.
+/// Lets an event happen to the disk that the parameter names.
 template <auto kEvent>
 void OnDisk(Store& store, HostRow& host, const InputPtr& input) {
   kEvent(store, host, input->GetParameter("device"));
@@ -131,7 +136,7 @@ void AddFault(Store& store, HostRow& host, const InputPtr& input) {
                       Given<std::int64_t>(input, "count").value_or(1)});
 }
 
-/// The host that autocli's --host names, or every host of the lab.
+/// Returns the host that --host names, or every host of the lab.
 std::vector<HostRow> HostsMeant(Store& store) {
   if (Selected().namesHost) return {SelectedHost(store)};
   return store.List<HostRow>();
@@ -175,7 +180,7 @@ std::vector<StructPtr> ListFaults(Store& store) {
   return records;
 }
 
-// What else makes a host behave as a rehearsal wants it.
+// Other settings of a host.
 
 ConstraintPtr DaemonStates() {
   return OneOf({{"running", ""}, {"stopped", ""}});
@@ -196,50 +201,41 @@ constexpr CommandRow kRows[] = {
     {"lab host", "Commands for the lab's hosts"},
     {"lab host add",
      "Add a host to the lab.",
-     kLab,
      "# Add a second host, for --host.\nautocli lab host add --name host2",
-     {{"name", "n", kString, kRequired, "Name of the new host, for autocli's --host."}},
-     AddNamedHost,
+     {{"name", "n", kString, kRequired, "Name of the new host."}},
+     LabChange{AddNamedHost},
      "Unable to add host: ",
      SettleHosts},
     {"lab host remove",
-     "Remove a host from the lab, and from its cluster as if it had died.",
-     kLab,
+     "Remove a host from the lab and from its cluster, as if it had died.",
      "# Let a host die.\nautocli lab host remove --name host3",
      {{"name", "n", kString, kRequired, "Name of the host.", nullptr, "hosts"}},
-     [](Store& store, const InputPtr& input) {
+     LabChange{[](Store& store, const InputPtr& input) {
        RemoveHost(store, RequireHost(store, input->GetParameter("name")));
-     },
+     }},
      "Unable to remove host: ",
      SettleHosts},
     {"lab host list",
      "List the lab's hosts.",
-     kLab,
      "# List the hosts and their roles.\nautocli lab host list\n"
      "# Show the cluster of each host.\nautocli --fields \"Name,Cluster UUID\" lab host list",
      {},
-     RecordList{[] { return HostRecord({}, "", ""); }, ListHosts,
+     RecordList{[] { return HostRecord({}, "", ""); }, ListHosts, false,
                 "Name,Membership,Fault Domain,UUID"}},
     {"lab host reboot",
-     "Reboot a host: what runs on it is lost, what it has persisted is kept for the restore "
-     "commands.",
-     kHost,
+     "Reboot a host. What it has configured takes effect again with \"dovra network restore\" and "
+     "\"dovra cluster restore\".",
      "# Reboot a host; \"dovra network restore\" and \"dovra cluster restore\" bring it back.\n"
      "autocli lab host reboot --name host1",
-     {{"name", "n", kString, kOptional,
-       "Name of the host; the one that autocli's --host selects if not given.", nullptr, "hosts"}},
-     [](Store& store, const InputPtr& input) {
-       HostRow host = input->HasParameter("name") ? RequireHost(store, input->GetParameter("name"))
-                                                  : SelectedHost(store);
-       Reboot(store, host);
-     },
+     {{"name", "n", kString, kOptional, "Name of the host; default: the host that --host names.",
+       nullptr, "hosts"}},
+     LabChange{RebootNamed, true},
      "Unable to reboot host: "},
 
     {"lab disk", "Commands for a host's disks"},
     {"lab disk add",
      "Plug an empty disk into this host. With auto claim mode on, the Dovra service then claims "
      "every empty disk.",
-     kHost,
      "# Plug a disk into an empty slot.\n"
      "autocli lab disk add --device mpx.xhba2:C0:T4:L0 --kind capacity",
      {{"device", "d", kString, kRequired, "Device name of the disk, e.g. mpx.xhba2:C0:T4:L0."},
@@ -247,40 +243,37 @@ constexpr CommandRow kRows[] = {
      PlugInNamed,
      "Unable to add disk: "},
     {"lab disk fail",
-     "Let a disk of this host fail: it stays attached but cannot be read. A cache device takes its "
+     "Make a disk of this host fail: it stays attached, but cannot be read. A cache device takes "
+     "its "
      "disk group out of use.",
-     kHost,
      "# Let a disk die.\nautocli lab disk fail --device mpx.xhba2:C0:T1:L0",
      {kDevice},
      OnDisk<Fail>,
      "Unable to fail disk: "},
     {"lab disk unplug",
-     "Unplug a disk from this host. The cluster still knows it, until it is removed by its UUID.",
-     kHost,
+     "Unplug a disk from this host. The cluster remembers the disk until it is removed by its "
+     "UUID.",
      "# Pull the wrong disk.\nautocli lab disk unplug --device mpx.xhba2:C0:T1:L0",
      {kDevice},
      OnDisk<Unplug>,
      "Unable to unplug disk: "},
     {"lab disk replug",
-     "Plug in again what was unplugged, with all that is on it.",
-     kHost,
+     "Plug an unplugged disk in again, with its data.",
      "# Put the disk back.\nautocli lab disk replug --device mpx.xhba2:C0:T1:L0",
      {kDevice},
      OnDisk<Replug>,
      "Unable to replug disk: "},
     {"lab disk replace",
-     "Put a new, empty disk in the place of one that failed or was unplugged, and that no disk "
-     "group knows any more.",
-     kHost,
+     "Put a new, empty disk into the slot of a failed or unplugged one, which must not be in a "
+     "disk group any more.",
      "# Put a new disk into the slot of the dead one.\n"
      "autocli lab disk replace --device mpx.xhba2:C0:T1:L0",
      {kDevice},
      OnDisk<Replace>,
      "Unable to replace disk: "},
     {"lab disk generate",
-     "Add many disks to this host, claimed in disk groups: a flash disk and up to seven capacity "
-     "disks behind it, then the next flash disk.",
-     kHost,
+     "Add many disks to this host, claimed in disk groups of one flash disk and up to seven "
+     "capacity disks.",
      "# Make this a large host.\nautocli lab disk generate --count 40",
      {{"count", "c", kInt, kRequired, "Number of disks (%ENUM%).", Range<1, 1000000>}},
      [](Store& store, HostRow& host, const InputPtr& input) {
@@ -288,40 +281,35 @@ constexpr CommandRow kRows[] = {
      },
      "Unable to generate disks: "},
     {"lab disk list",
-     "List this host's disks, claimed or not.",
-     kHost,
+     "List the disks of this host, claimed or not.",
      "# List the disks, used and empty ones.\nautocli lab disk list",
      {},
-     RecordList{[] { return DiskRecord({}); }, ListDisks,
+     RecordList{[] { return DiskRecord({}); }, ListDisks, true,
                 "Device,Kind,Use,Mounted,State,Disk Group"}},
 
     {"lab network", "Commands for the network between the hosts"},
     {"lab network split",
-     "Split the network: the named hosts reach each other and nobody else, the others stay "
-     "together. Split again, and there are more parts.",
-     kLab,
+     "Cut the named hosts off from all others; the named hosts reach each other. Further splits "
+     "make further partitions.",
      "# Cut two hosts off from all others.\n"
      "autocli lab network split --name host2 --name host3",
-     {{"name", "n", kStringList, kRequired, "Name of a host that is cut off with the others named.",
-       nullptr, "hosts"}},
-     [](Store& store, const InputPtr& input) {
+     {{"name", "n", kStringList, kRequired, "Name of a host to cut off.", nullptr, "hosts"}},
+     LabChange{[](Store& store, const InputPtr& input) {
        std::vector<std::string> names;
        input->GetParameterList("name", names);
        SplitNetwork(store, names);
-     },
+     }},
      "Unable to split the network: "},
     {"lab network heal",
-     "End every split of the network: all hosts reach each other again.",
-     kLab,
+     "End all splits of the network.",
      "# Connect all hosts again.\nautocli lab network heal",
      {},
-     [](Store& store, const InputPtr&) { HealNetwork(store); },
+     LabChange{[](Store& store, const InputPtr&) { HealNetwork(store); }},
      "Unable to heal the network: "},
 
     {"lab fault", "Commands to make the control library fail"},
     {"lab fault add",
      "Make the next calls of a control-library operation on this host fail.",
-     kHost,
      "# Let the next leave fail.\n"
      "autocli lab fault add --operation LeaveCluster --message \"The cluster is busy.\"\n"
      "# Let three reads of the configuration fail, on another host.\n"
@@ -329,42 +317,35 @@ constexpr CommandRow kRows[] = {
      "# Let a listing fail at its third disk.\n"
      "autocli lab fault add -o GetDiskInfo -m \"I/O error.\" --after 2",
      {{"operation", "o", kString, kRequired,
-       "The operation that is to fail, e.g. LeaveCluster. The help of each command names those "
-       "that "
-       "it calls, and the shell completes them.",
+       "Operation that fails, e.g. LeaveCluster. The help of a command names the operations that "
+       "it calls.",
        AnyOperation},
-      {"message", "m", kString, kRequired, "What the operation says when it fails."},
-      {"count", "c", kInt, kOptional, "How many calls fail (%ENUM%, 1 if not given).",
+      {"message", "m", kString, kRequired, "Error message of the operation."},
+      {"count", "c", kInt, kOptional, "Number of calls that fail (%ENUM%; default: 1).",
        Range<1, 1000000>},
-      {"after", "k", kInt, kOptional, "How many calls pass first (%ENUM%, none if not given).",
+      {"after", "k", kInt, kOptional, "Number of calls that succeed before (%ENUM%; default: 0).",
        Range<0, 1000000>}},
      AddFault,
      "Unable to add fault: "},
     {"lab fault list",
-     "List the faults that wait for their calls, on every host of the lab, or with autocli's "
-     "--host "
-     "on one host.",
-     kHost,
+     "List the pending faults of every host, or of the host that --host names.",
      "# Show what is still to fail.\nautocli lab fault list",
      {},
-     RecordList{[] { return FaultRecord({}, {}); }, ListFaults}},
+     RecordList{[] { return FaultRecord({}, {}); }, ListFaults, true}},
     {"lab fault clear",
-     "Take back faults: every one on every host of the lab, or with autocli's --host those of one "
-     "host.",
-     kHost,
+     "Remove the faults of every host, or of the host that --host names.",
      "# Remove all faults.\nautocli lab fault clear\n"
      "# Remove one of two faults on an operation of a host.\n"
      "autocli --host host2 lab fault clear -o GetClusterConfig -m \"No answer.\"",
-     {{"operation", "o", kString, kOptional, "Only those on this operation.", AnyOperation},
-      {"message", "m", kString, kOptional,
-       "Only those that say this, as \"lab fault list\" shows it.", nullptr, "fault-messages"}},
-     ClearFaults,
+     {{"operation", "o", kString, kOptional, "Remove only faults on this operation.", AnyOperation},
+      {"message", "m", kString, kOptional, "Remove only faults with this message.", nullptr,
+       "fault-messages"}},
+     LabChange{ClearFaults, true},
      "Unable to clear faults: "},
 
     {"lab api", "Commands for a host's control library"},
     {"lab api set",
      "Set the version of this host's control library.",
-     kHost,
      "# Make the control library of this host too old.\nautocli lab api set --version 1",
      {{"version", "v", kInt, kRequired,
        "Version (%ENUM%). Version 1 lacks the newer network operations.", Range<1, 2>}},
@@ -376,8 +357,7 @@ constexpr CommandRow kRows[] = {
 
     {"lab maintenance", "Commands for a host's maintenance mode"},
     {"lab maintenance start",
-     "Let this host begin to enter maintenance mode; \"dovra maintenancemode cancel\" ends it.",
-     kHost,
+     "Start to enter maintenance mode on this host; \"dovra maintenancemode cancel\" cancels it.",
      "# Begin to enter maintenance mode.\nautocli lab maintenance start",
      {},
      [](Store& store, HostRow& host, const InputPtr&) { StartMaintenance(store, host); },
@@ -385,10 +365,9 @@ constexpr CommandRow kRows[] = {
 
     {"lab resync", "Commands for a host's resynchronisation"},
     {"lab resync set",
-     "Set how much this host resynchronises; the throttle limits it.",
-     kHost,
+     "Set the bandwidth that resync asks for on this host; the throttle limits it.",
      "# Give the host much to resynchronise.\nautocli lab resync set --demand 800",
-     {{"demand", "d", kInt, kRequired, "What resync would use unthrottled, in Mbps (%ENUM%).",
+     {{"demand", "d", kInt, kRequired, "Bandwidth of resync without a throttle, in Mbps (%ENUM%).",
        Range<0, 1000000>}},
      [](Store& store, HostRow& host, const InputPtr& input) {
        host.resyncDemand = input->GetParameterInt("demand");
@@ -399,22 +378,19 @@ constexpr CommandRow kRows[] = {
     {"lab traced", "Commands for a host's trace daemon"},
     {"lab traced set",
      "Set how this host's trace daemon behaves.",
-     kHost,
      "# Let the daemon start at the third attempt.\n"
      "autocli lab traced set --state running --fail-restarts 2",
      {{"state", "s", kString, kRequired, "State of the daemon, one of %ENUM%.", DaemonStates},
       {"fail-restarts", "f", kInt, kOptional,
-       "How many of the next restarts fail (%ENUM%, none if not given).", Range<0, 1000>}},
+       "Number of restarts that fail next (%ENUM%; default: 0).", Range<0, 1000>}},
      SetTraced,
      "Unable to set the trace daemon: "},
 
     {"lab reset",
-     "Make the lab as it was when new: every host and cluster is lost.",
-     kLab,
+     "Reset the lab to its initial state: every host and cluster is lost.",
      "# Start again with a new lab.\nautocli lab reset --force",
-     {{"force", "", kFlag, kOptional,
-       "Do it without a question; needed where nobody can be asked."}},
-     [](Store& store, const InputPtr&) { ResetLab(store, Selected().hostFiles); },
+     {{"force", "", kFlag, kOptional, "Do not ask; required without a terminal."}},
+     LabChange{[](Store& store, const InputPtr&) { ResetLab(store, Selected().hostFiles); }},
      "Unable to reset the lab: ",
      SettleHosts,
      "Every host and cluster of the lab will be lost."},

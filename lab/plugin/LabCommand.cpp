@@ -1,7 +1,5 @@
 #include "plugin/LabCommand.h"
 
-#include "baselibs/Strings.h"
-
 namespace Lab {
 
 using CliTools::AutoCli::Command;
@@ -14,9 +12,10 @@ namespace {
 
 class LabCommand : public Command {
  public:
-  explicit LabCommand(const CommandRow& row) : row_(row) {
+  LabCommand(const CommandRow& row, const char* type, bool takesHost) : row_(row) {
     SetDescription(row.description);
-    if (row.scope == Scope::kLab) SetMetaDataField("scope", "lab");
+    SetMetaDataField("type", type);
+    if (!takesHost) SetMetaDataField("scope", "lab");
     SetMetaDataField("examples", row.examples);
     std::string values;
     for (const ParameterRow& parameter : row.parameters) {
@@ -44,11 +43,9 @@ class LabCommand : public Command {
   }
 };
 
-/// Changes something, and returns true.
 class Operation final : public LabCommand {
  public:
-  explicit Operation(const CommandRow& row) : LabCommand(row) {
-    SetMetaDataField("type", "operation");
+  Operation(const CommandRow& row, bool takesHost) : LabCommand(row, "operation", takesHost) {
     if (row.question) SetMetaDataField("confirm", row.question);
   }
 
@@ -61,7 +58,7 @@ class Operation final : public LabCommand {
         Session::Current().Change(
             [&](Store& store, HostRow& host) { (*change)(store, host, input); });
       } else {
-        ChangeLab([&](Store& store) { std::get<LabChange>(row_.work)(store, input); });
+        ChangeLab([&](Store& store) { std::get<LabChange>(row_.work).change(store, input); });
       }
       if (row_.afterCommit) row_.afterCommit(output);
       output->SetRootObject(MetaBool::New(true));
@@ -71,16 +68,12 @@ class Operation final : public LabCommand {
   }
 };
 
-/// Lists records.
 class Listing final : public LabCommand {
  public:
-  explicit Listing(const CommandRow& row) : LabCommand(row), list_(std::get<RecordList>(row.work)) {
-    SetMetaDataField("type", "fetcher");
+  Listing(const CommandRow& row, const RecordList& list)
+      : LabCommand(row, "fetcher", list.takesHost), list_(list) {
     SetDefaultOutputFormatter("table");
-    if (list_.columns) SetMetaDataField("columns", list_.columns);
-    const StructPtr sample = list_.sample();
-    SetDefaultOutputParameter("fields:" + sample->GetName(),
-                              BaseLibs::Join(sample->GetFieldNames(), ","));
+    if (list.columns) SetMetaDataField("columns", list.columns);
   }
 
  private:
@@ -96,12 +89,17 @@ class Listing final : public LabCommand {
     output->SetRootObject(list);
   }
 
-  RecordList list_;
+  const RecordList& list_;
 };
 
 std::shared_ptr<CommandSpec> MakeNode(const CommandRow& row) {
-  if (std::holds_alternative<RecordList>(row.work)) return std::make_shared<Listing>(row);
-  if (row.failure) return std::make_shared<Operation>(row);
+  if (const auto* const list = std::get_if<RecordList>(&row.work)) {
+    return std::make_shared<Listing>(row, *list);
+  }
+  if (const auto* const change = std::get_if<LabChange>(&row.work)) {
+    return std::make_shared<Operation>(row, change->takesHost);
+  }
+  if (row.failure) return std::make_shared<Operation>(row, true);
   auto space = Namespace::New();
   space->SetDescription(row.description);
   return space;

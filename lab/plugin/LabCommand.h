@@ -1,4 +1,4 @@
-// What a command of the lab declares and does, as a row of a table.
+// Rows that declare the lab's commands.
 #pragma once
 
 #include <span>
@@ -12,7 +12,7 @@ namespace Lab {
 
 using namespace OrvaneCli::DovraNamespace;
 
-/// A value of any type that a field of a record can have.
+/// The value of a record's field.
 struct FieldValue {
   FieldValue(const char* text) : meta(MetaString::New(text)) {}
   FieldValue(const std::string& text) : meta(MetaString::New(text)) {}
@@ -38,17 +38,16 @@ struct ParameterRow {
   const char* values = nullptr;  ///< the list that completion offers, such as "hosts"
 };
 
-enum class Scope {
-  kHost,  ///< autocli's --host selects the host
-  kLab,   ///< --host is refused
-};
-
 // What a command does. A change is one transaction, and throws `DovraCtlException` for a refusal.
-using HostChange = void (*)(Store&, HostRow&, const InputPtr&);
-using LabChange = void (*)(Store&, const InputPtr&);
+using HostChange = void (*)(Store&, HostRow&, const InputPtr&);  ///< of the selected host
+struct LabChange {
+  void (*change)(Store&, const InputPtr&);
+  bool takesHost = false;  ///< whether autocli's --host is allowed
+};
 struct RecordList {
   StructPtr (*sample)();  ///< returns a record with every field
   std::vector<StructPtr> (*records)(Store&);
+  bool takesHost;
   const char* columns = nullptr;  ///< the fields that a table shows by default; null: all
 };
 
@@ -56,13 +55,12 @@ struct RecordList {
 struct CommandRow {
   const char* path;
   const char* description;
-  Scope scope = Scope::kLab;
   const char* examples = nullptr;  ///< "# PURPOSE" and a command line, in turn
   std::initializer_list<ParameterRow> parameters = {};
   std::variant<std::monostate, HostChange, LabChange, RecordList> work = {};
-  const char* failure = nullptr;  ///< the beginning of the message of a refusal
+  const char* failure = nullptr;  ///< the beginning of a refusal's message
   void (*afterCommit)(const OutputPtr&) = nullptr;
-  const char* question = nullptr;  ///< what has to be confirmed before a change
+  const char* question = nullptr;  ///< asked before the change
 };
 
 /// Registers the rows below `root`. Each follows the namespace that it belongs to.

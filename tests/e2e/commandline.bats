@@ -13,7 +13,7 @@ load common
     wrong '*did you mean "LeaveCluster"*' lab fault add --operation LeaveClutser --message x
     wrong 'dovra cluster get: --batch goes without a command' dovra cluster get --batch x
     wrong '--version goes without a command; "dovra" is one too many' --version dovra
-    wrong 'dovra trace get: --plugin-dir goes before the command: it says which there are' dovra trace get --plugin-dir x
+    wrong 'dovra trace get: --plugin-dir goes before the command' dovra trace get --plugin-dir x
     wrong 'Unknown option "--bogus"; *' dovra cluster --bogus
     wrong 'there is no "diskgroup"; did you mean "dovra storage diskgroup"? *' diskgroup
     wrong 'Invalid value "ksh" for --completion: expected one of bash, zsh, fish' --completion ksh
@@ -22,7 +22,7 @@ load common
     wrong 'dovra cluster get: --keep-going goes with --batch' dovra cluster get --keep-going
     HOME='' XDG_STATE_HOME='' AUTOCLI_LAB='' unusable 'there is no directory for the lab: name one with --lab or AUTOCLI_LAB' dovra trace get
     for command in 'host list' 'host add -n x' 'host remove -n x' 'network heal' 'network split -n x' reset; do
-        wrong "lab ${command%% -n*}: --host: this command is for the whole lab, not for one of its hosts" --host host1 lab $command
+        wrong "lab ${command%% -n*}: --host: this command works on the whole lab, not on one host" --host host1 lab $command
     done
     wrong 'lab reset: Every host and cluster of the lab will be lost. Without a terminal to ask on, it takes --force' lab reset
     wrong '*' --lab '' dovra cluster get
@@ -64,7 +64,7 @@ load common
 
 @test "a plug-in that is missing or none" {
     folder=$BATS_TEST_TMPDIR/plugins
-    unusable "the plug-ins' folder \"$folder\" cannot be read: No such file or directory" --plugin-dir "$folder" --list
+    unusable "the plug-in directory \"$folder\" cannot be read: No such file or directory" --plugin-dir "$folder" --list
     mkdir "$folder"
     unusable "there is no plug-in in \"$folder\"" --plugin-dir "$folder" --list
     echo none >"$folder/libnone.so"
@@ -72,7 +72,7 @@ load common
     mkfifo "$folder/libfifo.so"
     mkdir "$folder/libdir.so"
     for name in fifo dir; do
-        unusable "the plug-in \"$folder/lib$name.so\" cannot be loaded: it is no regular file" --plugin-dir "$folder" $name
+        unusable "the plug-in \"$folder/lib$name.so\" cannot be loaded: it is not a regular file" --plugin-dir "$folder" $name
     done
 }
 

@@ -12,9 +12,9 @@ load common
 throws an error|$plugin is broken: "odd" threw "an error\\nof its own"
 throws a refusal|$plugin is broken: "odd" threw "a refusal"
 throws, reading what is missing|$plugin is broken: "odd" threw "the command read a value of --x that was not given"
-throws a number|$plugin is broken: "odd" threw what is no std::exception
-throws a number at once|$plugin cannot be loaded: it threw what is no std::exception
-input throws|$plugin is broken: "odd" threw what is no std::exception
+throws a number|$plugin is broken: "odd" threw an object that is not a std::exception
+throws a number at once|$plugin cannot be loaded: it threw an object that is not a std::exception
+input throws|$plugin is broken: "odd" threw an object that is not a std::exception
 has no licence|$plugin cannot be loaded: no licence
 no node|$plugin cannot be loaded: there is no node for the name "odd"
 below itself|$plugin cannot be loaded: the node "odd" cannot stand below itself

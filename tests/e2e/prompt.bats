@@ -10,7 +10,7 @@ load common
     expect 0 $'Name   Membership  Fault Domain  UUID\n*' '' lab host list
     expect 0 $'Name,UUID,Cluster UUID,Membership,Fault Domain,API Version,Network Group\n*' '' -f csv lab host list
     wrong "dovra cluster leave: --fields: this command's result has no fields" --fields Name dovra cluster leave
-    wrong '--fields: a name is empty' --fields 'Name,' lab host list
+    wrong 'lab host list: --fields: a name is empty' --fields 'Name,' lab host list
     wrong 'lab host list: --fields: "Name" is named twice' --fields Name,UUID,Name lab host list
     same true "$(cluster_field Enabled)" # it did not leave
 }
