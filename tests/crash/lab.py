@@ -1,4 +1,4 @@
-"""Runs autocli on labs of its own, and looks into their stores with SQLite, past autocli."""
+"""Runs autocli on temporary labs, and reads their stores with SQLite instead of autocli."""
 import contextlib
 import dataclasses
 import json
@@ -12,9 +12,9 @@ from pathlib import Path
 ROOT = Path(__file__).resolve().parents[2]
 AUTOCLI = str(Path(os.environ.get("AUTOCLI", ROOT / "build/bin/autocli")).resolve())
 UUID = re.compile(r"[0-9a-f]{8}(-[0-9a-f]{4}){3}-[0-9a-f]{12}")
-TOO_LONG = 120  # seconds; whoever takes longer hangs
+TOO_LONG = 120  # seconds; a command that takes longer hangs
 
-# What must hold whatever happened: each query finds what breaks the rule.
+# The lab's invariants: each query finds the rows that break one.
 RULES = {
     "the store is whole": "SELECT * FROM pragma_integrity_check WHERE integrity_check <> 'ok'",
     "what is referred to is there": "SELECT * FROM pragma_foreign_key_check",
@@ -37,7 +37,7 @@ def require(holds, *what):
 
 @dataclasses.dataclass
 class Result:
-    """What a command left."""
+    """A command's words, exit status and output."""
 
     words: str
     status: int
@@ -52,19 +52,19 @@ class Result:
         return self.require((self.status, self.out, self.err) == (0, "true\n", ""))
 
     def require_unusable(self, reason):
-        """The lab could not be used, and the command said why in one line."""
-        said = re.fullmatch(r"autocli: ([^\n]*)\n", self.err)
+        """The lab could not be used, and one error line has the reason, a pattern."""
+        error = re.fullmatch(r"autocli: ([^\n]*)\n", self.err)
         return self.require(
-            self.status == 3 and not self.out and said and re.search(reason, said[1]))
+            self.status == 3 and not self.out and error and re.search(reason, error[1]))
 
 
 class Lab:
-    def __init__(self, folder):
-        self.folder = Path(folder)
+    def __init__(self, directory):
+        self.directory = Path(directory)
 
     def run(self, words, prefix=()):
         try:
-            done = subprocess.run([*prefix, AUTOCLI, "--lab", self.folder, *words.split()],
+            done = subprocess.run([*prefix, AUTOCLI, "--lab", self.directory, *words.split()],
                                   stdin=subprocess.DEVNULL, capture_output=True, text=True,
                                   timeout=TOO_LONG, check=False)
         except subprocess.TimeoutExpired:
@@ -81,38 +81,38 @@ class Lab:
         return json.loads(result.require(result.status == 0 and not result.err).out)
 
     def query(self, sql):
-        with contextlib.closing(sqlite3.connect(self.folder / "lab.db")) as connection:
+        with contextlib.closing(sqlite3.connect(self.directory / "lab.db")) as connection:
             return connection.execute(sql).fetchall()
 
     def dump(self):
-        """Every row of every table, and every file of every host but logs and drafts."""
+        """Returns every row of every table, and every file of every host but logs and drafts."""
         tables = self.query("SELECT name FROM sqlite_schema WHERE type = 'table' ORDER BY name")
         rows = [(table, *row) for table, in tables for row in self.query(f"SELECT * FROM {table}")]
         for name, uuid in self.query("SELECT name, uuid FROM hosts"):
-            draft = self.folder / "hosts" / f".{uuid}"  # until its name is free
-            root = draft if draft.exists() else self.folder / "hosts" / name
+            draft = self.directory / "hosts" / f".{uuid}"  # not renamed yet
+            root = draft if draft.exists() else self.directory / "hosts" / name
             rows += [(name, str(path.relative_to(root)), path.read_text(errors="replace"))
                      for path in root.rglob("*")
                      if path.is_file() and not re.search(r"\.log$|\.new-", path.name)]
         return rows
 
     def check(self):
-        """The store is sound, and the lab's rules hold."""
+        """Checks that the store is sound and the lab's rules hold."""
         for rule, sql in RULES.items():
             found = self.query(sql)
-            require(not found, f"{self.folder}: broken: {rule}", *found)
+            require(not found, f"{self.directory}: broken: {rule}", *found)
 
-    def copy(self, folder):
-        """Makes `folder` a lab that is as this one."""
-        shutil.copytree(self.folder, folder)
-        return Lab(folder)
+    def copy(self, directory):
+        """Copies the lab to a new directory."""
+        shutil.copytree(self.directory, directory)
+        return Lab(directory)
 
     def cluster(self):
         return self.query("SELECT uuid FROM clusters")[0][0]
 
 
 def anonymous(rows, known=frozenset()):
-    """The rows without what two runs of a command choose differently: new UUIDs, and times."""
+    """Returns the rows without what differs between two runs of a command: new UUIDs, and times."""
     def mask(value):
         if isinstance(value, int) and value > 10**12 and value not in known:
             return "time"

@@ -1,8 +1,8 @@
-"""What a disk may hold after a loss of power while a command ran.
+"""The contents that a disk may have after a loss of power while a command ran.
 
-A command's file-system calls are replayed on a model of a disk that keeps for sure only what was
-synced. Of the rest anything may be missing, in any order, a folder's entries no less than a file's
-data, and a write may have happened in part.
+A command's file-system calls are replayed on a model of a disk that is sure to keep only what was
+synced. Any other change may be missing, in any order: an entry of a directory as well as data of a
+file. A write may have happened in part.
 """
 import itertools
 import random
@@ -10,14 +10,14 @@ import re
 from collections import namedtuple
 from pathlib import Path
 
-# What autocli calls. That it is all of it shows in that the replay gives what the command left.
+# The calls that the model replays. The caller compares the replayed disk with the real one.
 NAMING = ("openat", "rename", "unlink", "unlinkat", "rmdir", "mkdir")
 WRITING = ("write", "pwrite64", "fsync", "fdatasync", "syncfs")
 CALL = re.compile(r"(\w+)\((.*)\) += (\d+)")
 SECTOR = 512  # bytes that a disk writes at once
 
-# A change of a disk: the files and folders of which one must be synced to make it last, a function
-# of the disk, and the changes that it may be instead if it happens in part.
+# A change of a disk. A sync of one of its owners, files and directories, makes it last; apply is a
+# function of the disk; parts are the changes that may happen in its place.
 Change = namedtuple("Change", "owners apply parts")
 
 
@@ -31,15 +31,15 @@ def write(file, offset, data):
 
 
 def enter(names):
-    """Gives names, which are (folder, name), to files; or takes those away that get None."""
+    """Gives each name, a pair (directory, name), to a file; a name that gets None is removed."""
     def apply(disk):
         merged = {**disk.names, **names}
         disk.names = {key: file for key, file in merged.items() if file is not None}
-    return Change({folder for folder, _ in names}, apply, [])
+    return Change({directory for directory, _ in names}, apply, [])
 
 
 class Disk:
-    """Files and folders by number: the data of a file, None of a folder. The root is 0."""
+    """Files and directories by number: a file's data, None for a directory. The root is 0."""
 
     def __init__(self, names=(), files=()):
         self.names, self.files = dict(names), dict(files)
@@ -48,7 +48,7 @@ class Disk:
         return Disk(self.names, self.files)
 
     def add(self, path):
-        """Takes over what stands at the path, and returns its number."""
+        """Reads the file or directory at the path, and returns its number."""
         number = len(self.files)
         self.files[number] = None if path.is_dir() else path.read_bytes()
         for child in sorted(path.iterdir()) if path.is_dir() else ():
@@ -56,36 +56,36 @@ class Disk:
         return number
 
     def put(self, path, number=0):
-        """Makes of the path what stands here."""
+        """Writes the file or directory of that number to the path."""
         if self.files[number] is not None:
             path.write_bytes(self.files[number])
             return path.chmod(0o755)
         path.mkdir(exist_ok=True)
-        for (folder, name), child in self.names.items():
-            if folder == number:
+        for (directory, name), child in self.names.items():
+            if directory == number:
                 self.put(path / name, child)
 
     def find(self, path):
-        """The name as (folder, name), and what has it or None."""
-        folder = 0
+        """Returns the name, a pair (directory, name), and the number of its file or None."""
+        directory = 0
         for part in path.parts[:-1]:
-            folder = self.names[folder, part]
-        key = folder, path.name
+            directory = self.names[directory, part]
+        key = directory, path.name
         return key, self.names.get(key) if path.parts else 0
 
     def look(self):
-        """What tells this disk from others; what has no name does not count."""
+        """Returns a hash of all files that have a name."""
         return hash(frozenset((key, file, self.files[file]) for key, file in self.names.items()))
 
 
 class Recording:
-    """A command's changes of what is below a folder: `before`, a disk that holds it, and `trace`,
-    what strace says of the command. `events` holds changes, numbers of what was synced, and "told"
-    where the command printed its result; `now` is the disk in the end."""
+    """A command's changes below the directory `root`, read from `trace`, the output of strace.
+    `before` is the disk at the start, `now` at the end. `events` holds changes, numbers of synced
+    files and directories, and "reported" where the command printed its result."""
 
     def __init__(self, root, before, trace):
         self.root, self.before, self.now, self.events = root, before, before.copy(), []
-        self.open = {}  # by descriptor: the file's number and the place in it
+        self.open = {}  # by descriptor: the file's number and the offset
         for call in filter(None, map(CALL.match, trace)):
             if call[1] in NAMING:
                 self.name(call[1], call[2], int(call[3]))
@@ -95,10 +95,10 @@ class Recording:
     def write(self, call, arguments, value):
         number = int(arguments.split("<")[0])
         if number == 1:
-            self.events.append("told")
+            self.events.append("reported")
         if number not in self.open:
             return None
-        file, place = self.open[number]
+        file, offset = self.open[number]
         if call in ("fsync", "fdatasync"):
             return self.events.append(file)
         if call == "syncfs":
@@ -106,14 +106,14 @@ class Recording:
         data = unhex(arguments.split('"')[1]).encode("latin-1")[:value]
         if call == "pwrite64":
             return self.change(write(file, int(arguments.split(", ")[-1]), data))
-        self.open[number] = file, place + value
-        return self.change(write(file, place, data))
+        self.open[number] = file, offset + value
+        return self.change(write(file, offset, data))
 
     def name(self, call, arguments, value):
-        """A call that is about names; those of other places are none of ours."""
-        folders = re.findall(r"<([^>]*)>", arguments) or ["/", "/"]
+        """Records a call that changes names; skips those outside of the root."""
+        directories = re.findall(r"<([^>]*)>", arguments) or ["/", "/"]
         names = re.findall(r'"([^"]*)"', arguments)
-        paths = [Path(unhex(folder), unhex(name)) for folder, name in zip(folders, names)]
+        paths = [Path(unhex(directory), unhex(name)) for directory, name in zip(directories, names)]
         if call == "openat":
             self.open.pop(value, None)
         if not all(path.is_relative_to(self.root) for path in paths):
@@ -141,9 +141,10 @@ class Recording:
         self.events.append(change)
 
     def crashes(self):
-        """Every disk that a loss of power may leave, once: (disk, whether a result was told)."""
-        choices, kept, pending, told, seen = random.Random(1), self.before.copy(), [], False, set()
-        for event in [*self.events, "told"]:
+        """Yields every disk that may be left, once, and whether a result was printed."""
+        choices, kept, seen = random.Random(1), self.before.copy(), set()
+        pending, reported = [], False
+        for event in [*self.events, "reported"]:
             if isinstance(event, Change):
                 pending.append(event)
                 continue
@@ -151,18 +152,18 @@ class Recording:
                 disk = kept.copy()
                 for change in left:
                     change.apply(disk)
-                if (disk.look(), told) not in seen:
-                    seen.add((disk.look(), told))
-                    yield disk, told
-            told = told or event == "told"
+                if (disk.look(), reported) not in seen:
+                    seen.add((disk.look(), reported))
+                    yield disk, reported
+            reported = reported or event == "reported"
             for change in [change for change in pending if event in change.owners]:
                 change.apply(kept)
                 pending.remove(change)
 
 
 def survivors(pending, choices):
-    """What may be left of changes that were not synced: all subsets of a few, of many those that
-    lack one, hold one, or end early, and some by chance; and what each may be in part."""
+    """Yields the unsynced changes that may survive: all subsets of a few; of many, those that lack
+    one, have only one, or end early, and some at random; and each change in part."""
     places = range(len(pending))
     picks = [[place < end for place in places] for end in range(len(pending) + 1)]
     picks += [[(place == one) == held for place in places]
