@@ -1,12 +1,11 @@
-# What `cmake --install` puts where, below any prefix. Two components: the plug-in for a host, and
-# the lab.
+# The installed files, in two components: the plug-in for a host, and the lab.
 
 set(DOVRA_PLUGIN_DIR lib/orvane/autocli/plugins CACHE STRING
-  "Where a host's framework looks for plug-ins, below its prefix")
+  "Directory where a host's framework looks for plug-ins, relative to the prefix")
 install(TARGETS dovra LIBRARY DESTINATION ${DOVRA_PLUGIN_DIR} COMPONENT plugin)
 
 find_program(GZIP gzip REQUIRED)
-# What each package says of itself. The reference of the plug-in's is the part about its commands.
+# The documents of each package. The plug-in's reference is the section about its commands.
 configure_file(cmake/debian/changelog.in share/changelog)
 file(READ docs/reference.md reference)
 set(sections ".*\n(## Synopsis\n.*)\n## Commands\n.*\n(## dovra\n.*)\n(## lab\n.*)\n## Declarations\n.*")
@@ -26,17 +25,17 @@ if(DOVRA_PLUGIN_ONLY)
   return()
 endif()
 
-set(EVERYBODY_RUNS OWNER_READ OWNER_WRITE OWNER_EXECUTE
+set(EXECUTABLE OWNER_READ OWNER_WRITE OWNER_EXECUTE
   GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 
-# The lab's libraries are its own: they bear the names of a host's, so they stay out of the folder
-# that the loader searches.
+# The lab's libraries have the names of a host's, so they stay out of the directories that the loader
+# searches.
 install(TARGETS autocli RUNTIME DESTINATION bin COMPONENT lab)
 install(TARGETS clitools baselibs corectlcore corectl dovracorectl
   LIBRARY DESTINATION lib/autocli/platform COMPONENT lab)
 install(TARGETS lab_plugin dovra_lab LIBRARY DESTINATION lib/autocli/plugins COMPONENT lab)
 install(DIRECTORY lab/hostroot/files/ DESTINATION share/autocli/hostroot COMPONENT lab
-  DIRECTORY_PERMISSIONS ${EVERYBODY_RUNS} FILE_PERMISSIONS ${EVERYBODY_RUNS}
+  DIRECTORY_PERMISSIONS ${EXECUTABLE} FILE_PERMISSIONS ${EXECUTABLE}
   PATTERN "*.conf" PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
 install(FILES docs/lab.md docs/reference.md DESTINATION share/doc/dovra-lab COMPONENT lab)
 
@@ -67,7 +66,7 @@ else()
   message(STATUS "No manual pages: lowdown was not found (Debian package lowdown)")
 endif()
 
-# What makes each shell complete command lines: where the shells look for it, and so does autocli.
+# The shells' completion scripts, where the shells and autocli look for them.
 function(lab_completion source file)
   set(script ${PROJECT_BINARY_DIR}/share/${file})
   configure_file(${PROJECT_SOURCE_DIR}/lab/autocli/completion/${source} ${script} COPYONLY)
@@ -78,6 +77,6 @@ lab_completion(autocli.bash bash-completion/completions/autocli)
 lab_completion(_autocli zsh/vendor-completions/_autocli)
 lab_completion(autocli.fish fish/vendor_completions.d/autocli.fish)
 
-# All of the above, without the tests.
+# All installed files, without the tests.
 add_custom_target(installed DEPENDS
   dovra autocli manual_pages)

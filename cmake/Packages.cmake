@@ -1,4 +1,4 @@
-# Two Debian packages, one per component: script/package builds them.
+# The Debian packages, one for each component. script/package builds them.
 set(CPACK_GENERATOR DEB)
 set(CPACK_VERBATIM_VARIABLES ON)
 set(CPACK_PACKAGE_CONTACT "Dovra developers <dovra@dovra.invalid>")
@@ -13,13 +13,13 @@ if(DOVRA_PLUGIN_ONLY)
 endif()
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_VERSION ${DOVRA_PACKAGE_VERSION})
-# Strips the files, and puts their debug information into packages beside.
+# Strips the files and writes their debug information to separate packages.
 set(CPACK_DEBIAN_DEBUGINFO_PACKAGE ON)
 set(CPACK_DEBIAN_PACKAGE_SECTION admin)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 
-# What the platform's libraries are packaged as is the host's affair, so only the language's
-# libraries become dependencies of the plug-in.
+# The plug-in depends only on the language's libraries: which packages hold the platform's libraries
+# differs between hosts.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_LIBRARY_OUTPUT_DIRECTORY})
 if(DOVRA_PLATFORM_DIR)
@@ -36,10 +36,10 @@ Built from commit ${DOVRA_COMMIT}.")
 set(CPACK_DEBIAN_LAB_PACKAGE_NAME dovra-lab)
 set(CPACK_DEBIAN_LAB_DESCRIPTION "rehearse Dovra clusters without a host
 The program autocli runs the dovra commands on stand-in hosts, whose state it
-keeps in a folder: clusters, scripts and failures can be tried without harm.
+keeps in a directory, to try out clusters, scripts and failures.
 .
 Built from commit ${DOVRA_COMMIT}.")
-# The stand-in hosts' scripts.
+# For the stand-in hosts' scripts.
 set(CPACK_DEBIAN_LAB_PACKAGE_DEPENDS python3)
 
 include(CPack)

@@ -1,5 +1,5 @@
-# What every scenario uses. $AUTOCLI is the program under test. Each test has its own lab, home and
-# temporary directory, so that nothing of the user's is read or written.
+# Functions for all tests. $AUTOCLI is the program under test. Each test has its own lab, home and temporary
+# directory, so that it neither reads nor writes the user's files.
 bats_require_minimum_version 1.5.0
 
 setup() {
@@ -12,22 +12,22 @@ setup() {
 
 autocli() { "$AUTOCLI" "$@"; }
 
-# platform: the folder of the libraries that stand in for a host's.
+# platform: the directory of the libraries that stand in for a host's.
 platform() { (cd "$(dirname "$AUTOCLI")/../lib/autocli/platform" && pwd); }
 
-# released_only: skips a test of what ships, which is never what was built with sanitizers.
+# released_only: skips a test that a build with sanitizers cannot pass.
 released_only() { [[ $(nm -D "$PLUGIN") != *__asan* ]] || skip "built with sanitizers"; }
 
-# matches TEXT WANTED: whether they are equal but for what a "*" in WANTED stands for.
+# matches ACTUAL WANTED: succeeds if they are equal. "*" in WANTED matches any string.
 # shellcheck disable=SC2053 # WANTED is a pattern
 matches() { [[ $1 == ${2//[\\?[(]/\\&} ]]; }
 
-# same WANTED ACTUAL: fails and shows both unless they match. "*" in WANTED matches any string.
+# same WANTED ACTUAL: fails and prints both unless they match.
 same() {
     matches "$2" "$1" || { printf 'wanted: %s\nactual: %s\n' "$1" "$2"; false; }
 }
 
-# expect STATUS STDOUT STDERR WORDS...: runs autocli and compares all that it left.
+# expect STATUS STDOUT STDERR WORDS...: runs autocli and compares its exit status and output.
 expect() {
     local wanted=("$1" "$2" "$3")
     shift 3
@@ -40,20 +40,20 @@ expect() {
     return 1
 }
 
-# succeed WORDS...: a command whose result is true.
+# succeed WORDS...: expects a command to succeed with the result true.
 succeed() { expect 0 true '' "$@"; }
 
-# refuse MESSAGE WORDS...: a command that fails with this message and no result.
+# refuse MESSAGE WORDS...: expects a command to fail with this message and no result.
 refuse() { expect 1 '' "$@"; }
 
-# wrong MESSAGE WORDS...: a command line that is refused. unusable: the same of a lab or a host.
+# wrong MESSAGE WORDS...: expects a wrong command line; unusable: expects an unusable lab or host.
 wrong() { expect 2 '' "autocli: $1" "${@:2}"; }
 unusable() { expect 3 '' "autocli: $1" "${@:2}"; }
 
-# cluster_field NAME [HOST]: one field of `dovra cluster get`.
+# cluster_field NAME [HOST]: prints one field of `dovra cluster get`.
 cluster_field() { autocli --host "${2:-host1}" --formatter json dovra cluster get | jq -r --arg n "$1" '.[$n]'; }
 
-# new_cluster HOST...: a cluster of these hosts, added as far as they are new; $cluster is its UUID.
+# new_cluster HOST...: makes a cluster of host1 and new hosts, and sets $cluster to its UUID.
 new_cluster() {
     local host
     autocli dovra cluster new >/dev/null
@@ -64,8 +64,8 @@ new_cluster() {
     done
 }
 
-# hold SECONDS [EXCLUSIVE]: keeps others from writing to the lab, or from reading it as well, for so
-# long, or until `release`.
+# hold SECONDS [EXCLUSIVE]: locks the store against writers, or also against readers, until the time has
+# passed or `release` is called.
 hold() {
     coproc held { python3 -c '
 import select, sqlite3, sys
@@ -75,12 +75,12 @@ print(flush=True)
 select.select([sys.stdin], [], [], float(sys.argv[2]))' "$AUTOCLI_LAB/lab.db" "$1" "${2-IMMEDIATE}"; }
     read -r -u "${held[0]}" _
 }
-# tamper SQL: changes the store behind the lab's back.
-tamper() { python3 -c 'import sqlite3, sys; sqlite3.connect(sys.argv[1], isolation_level=None).executescript(sys.argv[2])' "$AUTOCLI_LAB/lab.db" "$1"; }
-
 release() { eval "exec ${held[1]}>&-"; }
 
-# hosts: the names of the lab's hosts.
+# tamper SQL: changes the store without autocli.
+tamper() { python3 -c 'import sqlite3, sys; sqlite3.connect(sys.argv[1], isolation_level=None).executescript(sys.argv[2])' "$AUTOCLI_LAB/lab.db" "$1"; }
+
+# hosts: prints the names of the lab's hosts.
 hosts() { autocli --formatter csv --no-header --fields Name lab host list | xargs; }
 
 host_uuid() { autocli --formatter json lab host list | jq -r --arg n "$1" '.[] | select(.Name == $n).UUID'; }

@@ -1,13 +1,13 @@
 # Completion of command lines, as shells ask for it.
 load common
 
-# completes LINE WANTED...: what the last word of LINE can become.
+# completes LINE WANTED...: compares the completions of LINE's last word with WANTED.
 completes() {
     run --separate-stderr autocli --complete "$1"
     same "$1 -> ${*:2}" "$1 -> $(cut -f 1 <<<"$output" | xargs)$stderr"
 }
 
-# shows SHELL KEYS WANTED...: whether a terminal shows each WANTED when KEYS are typed at its prompt.
+# shows SHELL KEYS WANTED...: types KEYS at the shell's prompt, and expects each WANTED on its terminal.
 shows() {
     local wanted
     output=$(PATH=$(dirname "$AUTOCLI"):$PATH "$BATS_TEST_DIRNAME/in-shell" "$1" "$2")
@@ -54,7 +54,7 @@ shows() {
     same '' "$("$AUTOCLI" --complete "AUTOCLI_LAB=$BATS_TEST_TMPDIR/other autocli --host ")"
     [[ ! -e $BATS_TEST_TMPDIR/other ]]
     hold 600 EXCLUSIVE
-    timeout 10 "$AUTOCLI" --complete 'autocli --host ' # somebody waits at the keyboard
+    timeout 10 "$AUTOCLI" --complete 'autocli --host ' # a user waits
     release
     echo damaged >"$AUTOCLI_LAB/lab.db"
     completes 'autocli --host ' ''
@@ -74,7 +74,7 @@ shows() {
         shows $shell $'autocli dovra datastore remove --uuid \t\t\t' "$uuid" 'a\b c'
         shows $shell "autocli --lab $BATS_TEST_TMPDIR/oth"$'\t\n' "<--lab><$BATS_TEST_TMPDIR/other"
     done
-    for shell in zsh fish; do # bash keeps to itself what is set before a command
+    for shell in zsh fish; do # bash does not pass on variables before a command
         shows $shell "AUTOCLI_LAB=$BATS_TEST_TMPDIR/other autocli --host e"$'\t\n' '<--host><elsewhere>'
     done
     shows bash $'alias ac="autocli -f json"; complete -F _autocli ac\nac dovra clus\t\n' '<-f><json><dovra><cluster>'

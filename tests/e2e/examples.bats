@@ -1,14 +1,14 @@
-# Every example that help and reference give does what it says.
+# The examples in help and reference.
 load common
 
-# prepare LAB COMMAND: a copy of this lab for the next line, changed by the command, if there is one.
+# prepare LAB COMMAND: copies this lab for the next line, and runs COMMAND in it unless it is empty.
 prepare() {
     rm -rf "$AUTOCLI_LAB"
     [[ $1 == new ]] || cp -r "$BATS_TEST_TMPDIR/$1" "$AUTOCLI_LAB"
     [[ -z $2 ]] || eval "autocli $2" &>/dev/null
 }
 
-# succeeds LINE: tries the labs until it does. Some take a quoted word.
+# succeeds LINE: runs LINE in each lab until it succeeds. eval, because some lines hold quotes.
 succeeds() {
     for before in '' 'dovra storage diskgroup unmount -s mpx.xhba1:C0:T0:L0' 'lab disk fail -d mpx.xhba2:C0:T1:L0' 'lab disk unplug -d mpx.xhba2:C0:T1:L0' '--host host2 lab fault add -o GetClusterConfig -m "No answer."'; do
         for lab in full founded alone new; do
@@ -52,7 +52,7 @@ EOF
             succeeds "$line"
             prepare "$lab" "$before"
             [[ $line =~ ^(--host [a-z0-9]+)? ]]
-            # What is called for another option than the example's has its line, too.
+            # Operations that only other options call have a line of their own.
             for operation in $(sed -n '/^Calls/,/^$/{/^  /p}' <<<"$help" | tr -d ,); do
                 echo "${BASH_REMATCH[0]} lab fault add -o $operation -m 'broken: $operation'"
                 case $operation in
@@ -65,7 +65,7 @@ EOF
             autocli --keep-going --batch "$BATS_TEST_TMPDIR/batch" &>>"$BATS_TEST_TMPDIR/struck" || true
         done <"$BATS_TEST_TMPDIR/examples"
     done <"$BATS_TEST_TMPDIR/commands"
-    # A program that cannot be run has no words for it.
+    # The message of a failed program does not repeat the fault's.
     "$AUTOCLI" --complete 'autocli lab fault add --operation ' | cut -f1 | sort >"$BATS_TEST_TMPDIR/operations"
     [[ -s $BATS_TEST_TMPDIR/operations ]]
     sed -n 's/.*broken: //p; s/^.*Checking dovratraced status failed.*/DovraExec/p' "$BATS_TEST_TMPDIR/struck" |

@@ -1,10 +1,10 @@
-# The built tree, installed and packaged.
+# The installed tree and the packages.
 load common
 
 build=$(dirname "$(dirname "$AUTOCLI")")
 
-# works PROGRAM: whether it finds all that belongs to it, without help from the environment, also
-# beside a host's libraries, which have the names of the lab's.
+# works PROGRAM: runs autocli in an empty environment, except for a search path with a host's libraries,
+# which have the names of the lab's.
 works() {
     local home=$BATS_TEST_TMPDIR/home library
     mkdir -p "$home/host"
@@ -39,12 +39,11 @@ works() {
     named=$(MANWIDTH=500 man -M usr/share/man autocli dovra | grep -o 'usr/share/doc/[a-z/.-]*[a-z]' | sort -u)
     same 3 "$(xargs ls -d <<<"$named" | wc -l)"
     [[ -s usr/share/bash-completion/completions/autocli ]]
-    # None of the lab's libraries is where a loader would take it for a host's.
+    # The loader must not take the lab's libraries for a host's.
     same '' "$(find usr/lib -maxdepth 1 -name '*.so' && find . -perm /022 ! -type l ! -path './var/*' ! -path .)"
     same '*, stripped' "$(file --brief usr/lib/orvane/autocli/plugins/libdovra.so)"
     depends() { dpkg --root="$root" --status "$1" | sed -n 's/^Depends: //p' | tr -d ' ' | tr , '\n' | sed 's/(.*//' | sort | paste -sd' '; }
     same 'libc6 libgcc-s1 libstdc++6' "$(depends dovra-plugin)"
-    # Both name the commit, as the program does.
     commit=$(usr/bin/autocli --version | grep -oE 'commit [0-9a-f]{7,}|commit unknown')
     for package in dovra-plugin dovra-lab; do
         status=$(dpkg --root="$root" --status $package)

@@ -17,7 +17,7 @@ check() {
 
 @test "a file that is not fit for a host is refused, with the reason" {
     cd "$BATS_TEST_TMPDIR"
-    # link SOURCE FLAGS...: a plug-in of this source, with all that a host promises.
+    # link SOURCE FLAGS...: builds a plug-in with all libraries of a host.
     link() { c++ -shared -fPIC -o plugin.so -Wl,--no-as-needed "${@:2}" -x c++ - -L"$(platform)" -lclitools -lcorectlcore -lcorectl -ldovracorectl -lbaselibs <<<"$1"; }
     refused() { # REASON SOURCE FLAGS...
         link "${@:2}"
@@ -35,7 +35,7 @@ check() {
     refused 'brings a search path of its own: /opt' "$entry() {}" -Wl,-rpath,/opt
     refused 'leaves open what no platform library defines: missing()' "void missing(); $entry() { missing(); }"
     refused 'leaves open what no platform library defines: CliTools::Gone()' "namespace CliTools { void Gone(); } $entry() { CliTools::Gone(); }"
-    check '0: *' plugin.so # a name of the platform's: only its libraries tell
+    check '0: *' plugin.so # only the libraries show that CliTools::Gone is missing
     check '1: *needs libclitools.so, which is not in .*' plugin.so .
     check '1: *is not a shared library' "$BATS_TEST_FILENAME"
     check '1: gone.so: no such file' gone.so
@@ -46,7 +46,7 @@ check() {
 
 @test "it goes to the host's real files, and the lab's copy does not" {
     released_only
-    # runs FOLDER: what of the host's the plug-in there asks the system to run; it may not.
+    # runs DIRECTORY: prints the host's program that the plug-in there tries to run, and refuses it.
     runs() {
         LD_LIBRARY_PATH=$(platform) strace --follow-forks --output="$BATS_TEST_TMPDIR/trace" \
             --trace-path=/etc/init.d/dovratraced --inject=execve:error=EACCES \

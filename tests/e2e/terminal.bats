@@ -1,9 +1,9 @@
-# What somebody at a terminal sees, and nobody else.
+# Output that only a terminal gets.
 load common
 
 red=$'\e[31m' bold=$'\e[1m' plain=$'\e[0m' erase=$'\r\e[K'
 
-# on_terminal COMMAND: what it writes to a terminal of 60 columns, with plain line ends.
+# on_terminal COMMAND: prints what COMMAND writes to a terminal of 60 columns, without carriage returns.
 on_terminal() {
     TERM=xterm script -qec "stty cols 60; $1" /dev/null </dev/null | sed 's/\r$//'
 }
