@@ -130,8 +130,8 @@ class StorageList final : public ListCommand<StorageList> {
       }
       // The service knows local disks too; each is listed once.
       std::ranges::stable_sort(texts);  // which merges what comes in order, as both lists mostly do
-      const auto repeated = std::ranges::unique(texts);
-      texts.erase(repeated.begin(), repeated.end());
+      // Not std::ranges::unique, which clang 14 does not compile.
+      texts.erase(std::unique(texts.begin(), texts.end()), texts.end());
 
       list->Reserve(texts.size());
       for (const std::string& text : texts) {
