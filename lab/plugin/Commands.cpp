@@ -323,7 +323,7 @@ constexpr CommandRow kRows[] = {
       {"message", "m", kString, kRequired, "Error message of the operation."},
       {"count", "c", kInt, kOptional, "Number of calls that fail (%ENUM%; default: 1).",
        Range<1, 1000000>},
-      {"after", "k", kInt, kOptional, "Number of calls that succeed before (%ENUM%; default: 0).",
+      {"after", "k", kInt, kOptional, "Number of calls that succeed first (%ENUM%; default: 0).",
        Range<0, 1000000>}},
      AddFault,
      "Unable to add fault: "},
