@@ -175,7 +175,7 @@ std::string ChildrenHelp(const std::string& program, const CommandSpec& node, co
   const std::size_t column = ColumnBehind(all);
   return Columns("Namespaces", namespaces, column, style) +
          Columns("Commands", commands, column, style) +
-         Paragraph("To read on: " + CommandLineOf(program, node) + " NAME --help", style.width);
+         Paragraph("More: " + CommandLineOf(program, node) + " NAME --help", style.width);
 }
 
 std::string NamespaceHelp(const std::string& program, const CommandSpec& node, const Style& style) {

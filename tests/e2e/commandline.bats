@@ -11,6 +11,7 @@ load common
     wrong "dovra cluster new: --formatter: \"csv\" cannot show this command's result; allowed: simple, json" --formatter csv dovra cluster new
     wrong '*--hots*--host*' --hots host2 dovra cluster get
     wrong '*did you mean "LeaveCluster"*' lab fault add --operation LeaveClutser --message x
+    wrong '*did you mean "AddDisks", "AddUnicastAgent" or "AddCapacityFlashTag"?*' lab fault add --operation Add --message x
     wrong 'dovra cluster get: --batch goes without a command' dovra cluster get --batch x
     wrong '--version goes without a command; "dovra" is one too many' --version dovra
     wrong 'dovra trace get: --plugin-dir goes before the command' dovra trace get --plugin-dir x
@@ -31,6 +32,10 @@ load common
 
 @test "help at every level, however it is asked for" {
     expect 0 '*Options:*Orvane Dovra commands*Exit status*' '' --help
+    expect 0 $'Usage: autocli dovra storage [NAMESPACE...] COMMAND [OPTIONS]\n\nCommands for Dovra physical storage configuration\n\nNamespaces:\n  automode   Commands *\n\nCommands:\n  add        Add physical disk for Dovra usage.\n*\n\nMore: autocli dovra storage NAME --help' '' dovra storage --help
+    expect 0 $'Usage: autocli dovra storage remove [--disk TEXT] [--ssd TEXT] [--uuid TEXT]\n       [--evacuation-mode TEXT]\n\nRemove physical disks from Dovra disk groups.\n\nParameters:\n  -d, --disk TEXT (optional; text)\n        Specify individual hdd to remove from Dovra usage.e.g.:\n        mpx.xhba2:C0:T1:L0\n*\n            ensureObjectAccessibility: Evacuate data from the disk to ensure\n            object accessibility in *\n\nOutput: true on success\n*' '' dovra storage remove --help
+    expect 0 $'Usage: autocli dovra storage add --ssd TEXT --disks TEXT [--disks TEXT]...\n*\n  -d, --disks TEXT (required; text; may be repeated)\n*' '' dovra storage add --help
+    expect 0 $'*\n\nParameters:\n      --force (optional; takes no value)\n        *' '' lab reset --help
     expect 0 $'*\n\nOutput: one record with the fields\n  Enabled, *' '' dovra cluster get --help
     expect 0 $'*Mbps (0 to 512, 0 means*\n\nExamples:\n  # Limit resync to 100 Mbps.\n  autocli*' '' dovra resync throttle set --help
     for words in 'help dovra resync throttle set' 'dovra resync throttle help set' 'dovra resync throttle set help' \
@@ -38,7 +43,7 @@ load common
         '--formatter none dovra resync throttle set -h' '--bogus --host dovra --list dovra resync throttle set --fields , -l1 help'; do
         same "$output" "$(autocli $words)"
     done
-    expect 0 'Usage: autocli dovra cluster join *' '' dovra cluster join -wh
+    expect 0 'Usage: autocli dovra cluster join *--wait (optional; takes no value)*' '' dovra cluster join -wh
     expect 0 'Usage: autocli odd*' '' --bogus --plugin-dir "$FAULTY_PLUGINS" odd --help
     wrong '--host: the value is empty' --host= dovra cluster get
     [[ ! -e $AUTOCLI_LAB ]]

@@ -18,6 +18,12 @@ shows() {
     completes 'autocli ' dovra lab
     completes 'autocli --formatter ' simple table json csv
     completes "autocli 'dovra' datastore name set --" --uuid --newname --lab --host --formatter --fields --no-header --help
+    completes 'autocli help dovra help resync throttle s' set
+    completes 'autocli dovra storage automode set --enabled ' true false
+    completes 'autocli dovra storage add -s --disks -d b --d' --disks # -s has a value, and a list goes on
+    completes 'autocli dovra storage remove -u1 --disk=x ' --ssd --evacuation-mode
+    completes 'autocli dovra cluster join --wait=' ''
+    same $'--evacuation-mode\tAction the Dovra service must take before the host can enter maintenance mode (default noAction).' "$("$AUTOCLI" --complete 'autocli dovra storage remove --ev')"
     completes 'autocli dovra storage remove -m e' ensureObjectAccessibility evacuateAllData
     completes 'autocli lab fault add --operation Leave' LeaveCluster
     completes 'autocli dovra storage automode get --fields ' Enabled

@@ -48,15 +48,19 @@ TEST(CommandLine, RefusesWhatItCannotTakeAsItIs) {
   const auto spec = MakeSpec();
   const std::string all =
       "the options are --uuid, --uuid-file, --type, --roles, --level, --port, --enabled, "
-      "--wait, --boot, --disks";
+      "--wait-time, --wait, --boot, --disks";
   const std::string anyNumber = " for --port: expected a whole number of at most 64 bits";
   const std::string level = " for --level: expected a whole number from 0 to 512";
   const std::vector<std::pair<Words, std::string>> cases = {
       {{"--uui", "X"}, "Unknown option \"--uui\"; did you mean \"--uuid\" or \"--uuid-file\"?"},
       {{"--prot=1"}, "Unknown option \"--prot\"; did you mean \"--port\"?"},
+      {{"--prt"}, "Unknown option \"--prt\"; did you mean \"--port\"?"},
+      {{"--BOOTT"}, "Unknown option \"--BOOTT\"; did you mean \"--boot\"?"},
+      {{"--WAIT"}, "Unknown option \"--WAIT\"; did you mean \"--wait\" or \"--wait-time\"?"},
       {{"--bo\nt"}, "Unknown option \"--bo\\nt\"; did you mean \"--boot\"?"},
       {{"--colour"}, "Unknown option \"--colour\"; " + all},
-      {{"-wait=1"}, "Unknown option \"-a\" in \"-wait=1\"; did you mean \"--wait\"?"},
+      {{"-wait=1"},
+       "Unknown option \"-a\" in \"-wait=1\"; did you mean \"--wait\" or \"--wait-time\"?"},
       {{"--", "-uX"}, "Unexpected argument \"-uX\"; " + all},
       {{"-uuid", "X"}, "Unexpected argument \"X\"; did you mean \"--uuid\"?"},
       {{"-w", "true"}, "Unexpected argument \"true\"; --wait takes no value"},

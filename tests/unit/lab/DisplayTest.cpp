@@ -2,16 +2,12 @@
 
 #include <cstdlib>
 
-#include "baselibs/Strings.h"
 #include "clitools/Display.h"
-#include "clitools/Suggest.h"
 
 namespace {
 
 using namespace CliTools;
-using BaseLibs::Join;
 using namespace std::string_literals;
-using Names = std::vector<std::string>;
 
 TEST(Display, ReplacesWhatIsNotUtf8) {
   const std::vector<std::pair<std::string, std::string>> cases = {
@@ -41,32 +37,6 @@ TEST(Display, MeasuresColumnsWhateverTheProcessLocale) {
   EXPECT_EQ(DisplayWidth("漢字"), 4U);
   EXPECT_EQ(DisplayWidth("e\u0301\uFFFD"), 2U);
   EXPECT_EQ(MB_CUR_MAX, 1U);
-}
-
-TEST(Display, WrapsOneWordALineAtLeast) {
-  EXPECT_EQ(Wrap("a b", 5, 3), "     a\n     b\n");
-  EXPECT_EQ(Wrap("a bcd", 0, 3), "a\nbcd\n");
-}
-
-TEST(Suggest, FindsNamesNearAMistypedOne) {
-  const Names names = {"cluster", "storage", "datastore",  "resync",
-                       "set",     "get",     "getdefault", "ip"};
-  for (const auto& [word, expected] :
-       std::vector<std::pair<std::string, std::string>>{{"clsuter", "cluster"},
-                                                        {"CLUSTER", "cluster"},
-                                                        {"datastor", "datastore"},
-                                                        {"stor", "storage"},
-                                                        {"ge", "get getdefault"},
-                                                        {"bet", "set get"},
-                                                        {"i", "ip"},
-                                                        {"rsyncx", "resync"},
-                                                        {"", ""},
-                                                        {std::string(100000, 'x'), ""}}) {
-    EXPECT_EQ(Join(Nearest(word, names), " "), expected) << word;
-  }
-  EXPECT_EQ(Nearest("ab", {"abx", "aby", "abz", "abw", "ab"}), (Names{"ab", "abx", "aby"}));
-  EXPECT_EQ(DidYouMean({}), "");
-  EXPECT_EQ(DidYouMean({"a", "b", "c"}), "did you mean \"a\", \"b\" or \"c\"?");
 }
 
 }  // namespace

@@ -4,9 +4,11 @@
 #include <string>
 #include <vector>
 
-#include "Tree.h"
+#include "platform/clitools/CallSpec.h"
 
 namespace CliTools {
+
+using namespace CliTools::CallSpec;
 
 inline const std::vector<std::string> kRoles = {"witness", "node"};
 constexpr std::int64_t kMostLevel = 512;
@@ -16,18 +18,27 @@ inline std::shared_ptr<InputSpec> MakeSpec() {
   for (const std::string& role : kRoles) roles->AddStringEnum(role, "");
   const auto range = ParameterConstraint::New(ParameterConstraintType::kIntRange);
   range->SetIntRange(0, kMostLevel);
-  FakeCommand command;
-  command.Add("uuid", "u", ParameterType::kString, "").SetRequired(true);
-  command.Add("uuid-file", "?", ParameterType::kString, "");
-  command.Add("type", "t", ParameterType::kString, "").SetConstraint(roles);
-  command.Add("roles", "r", ParameterType::kStringList, "").SetConstraint(roles);
-  command.Add("level", "l", ParameterType::kInt, "").SetConstraint(range);
-  command.Add("port", "p", ParameterType::kInt, "");
-  command.Add("enabled", "e", ParameterType::kBool, "");
-  command.Add("wait", "w", ParameterType::kFlag, "");
-  command.Add("boot", "b", ParameterType::kFlag, "");
-  command.Add("disks", "d", ParameterType::kStringList, "");
-  return command.input;
+  const auto spec = InputSpec::New();
+  const auto add = [&](const char* name, const char* letter, ParameterType type,
+                       std::shared_ptr<ParameterConstraint> constraint = nullptr) {
+    const auto parameter = ParameterSpec::New(name, type);
+    parameter->SetShortName(letter);
+    parameter->SetRequired(name == std::string("uuid"));
+    parameter->SetConstraint(std::move(constraint));
+    spec->AddParameter(parameter);
+  };
+  add("uuid", "u", ParameterType::kString);
+  add("uuid-file", "?", ParameterType::kString);
+  add("type", "t", ParameterType::kString, roles);
+  add("roles", "r", ParameterType::kStringList, roles);
+  add("level", "l", ParameterType::kInt, range);
+  add("port", "p", ParameterType::kInt);
+  add("enabled", "e", ParameterType::kBool);
+  add("wait-time", "", ParameterType::kInt);
+  add("wait", "w", ParameterType::kFlag);
+  add("boot", "b", ParameterType::kFlag);
+  add("disks", "d", ParameterType::kStringList);
+  return spec;
 }
 
 /// The words that give these values, in the parameters' order and the spelling that leaves no
