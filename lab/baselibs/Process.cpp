@@ -6,53 +6,34 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <array>
 #include <cerrno>
+#include <fstream>
+
+#include "baselibs/File.h"
 
 namespace BaseLibs {
 
 namespace {
 
-/// A nameless file. Unlike a pipe, it holds up nobody: neither us, when a program does not read its
-/// input, nor when another one goes on writing to its output.
+/// An anonymous file in memory. Unlike a pipe, it never blocks: neither us while the program does
+/// not read, nor the program while we wait.
 class MemoryFile {
  public:
   MemoryFile() : descriptor_(memfd_create("program", MFD_CLOEXEC)) {}
-  ~MemoryFile() {
-    if (descriptor_ >= 0) close(descriptor_);
-  }
+  ~MemoryFile() { close(descriptor_); }
   MemoryFile(const MemoryFile&) = delete;
   MemoryFile& operator=(const MemoryFile&) = delete;
 
   int Get() const { return descriptor_; }
-
-  /// Whether it holds the whole text, and is read from its beginning.
-  bool Fill(std::string_view text) const {
-    while (!text.empty()) {
-      const ssize_t count = write(descriptor_, text.data(), text.size());
-      if (count < 0) return false;
-      text.remove_prefix(static_cast<std::size_t>(count));
-    }
-    return lseek(descriptor_, 0, SEEK_SET) == 0;
-  }
-
-  std::string Read() const {
-    std::string text;
-    std::array<char, 4096> buffer;
-    const auto readOn = [&] {
-      return pread(descriptor_, buffer.data(), buffer.size(), static_cast<off_t>(text.size()));
-    };
-    for (ssize_t count = readOn(); count > 0; count = readOn()) {
-      text.append(buffer.data(), static_cast<std::size_t>(count));
-    }
-    return text;
-  }
+  /// Opened by its path, the file has a position of its own.
+  std::string GetPath() const { return "/proc/self/fd/" + std::to_string(descriptor_); }
 
  private:
   int descriptor_;
 };
 
-/// Where whoever started us ignores SIGCHLD, so do we, and a program's exit status is lost.
+/// Restores the default effect of SIGCHLD. A caller that ignores it hands that on to us, and the
+/// kernel then discards exit statuses.
 class DefaultChildSignal {
  public:
   DefaultChildSignal() {
@@ -76,7 +57,7 @@ int WaitFor(pid_t child) {
   return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
 }
 
-/// -1 when the program cannot be started.
+/// Returns the process, or -1 when the program cannot be started.
 pid_t Start(std::vector<std::string>& words, int input, int output) {
   std::vector<char*> arguments;
   arguments.reserve(words.size() + 1);
@@ -107,12 +88,13 @@ pid_t Start(std::vector<std::string>& words, int input, int output) {
 Outcome RunProgram(std::vector<std::string> words, std::string_view input) {
   const MemoryFile standardInput;
   const MemoryFile standardOutput;
-  if (standardOutput.Get() < 0 || !standardInput.Fill(input)) return {};
-  const DefaultChildSignal forAsLong;
+  const bool isFilled = !!(std::ofstream(standardInput.GetPath()) << input << std::flush);
+  if (!isFilled || standardOutput.Get() < 0) return {};
+  const DefaultChildSignal defaultChildSignal;
   const pid_t child = Start(words, standardInput.Get(), standardOutput.Get());
   if (child < 0) return {};
   const int status = WaitFor(child);
-  return {status, standardOutput.Read()};
+  return {status, ReadFile(standardOutput.GetPath())};
 }
 
 }  // namespace BaseLibs
