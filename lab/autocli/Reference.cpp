@@ -117,52 +117,12 @@ std::vector<MarkdownPage::Definition> Definitions(const Pairs& rows) {
 void WriteProgram(MarkdownPage& page) {
   page.Section("Synopsis");
   page.Code(ProgramUsage());
-  page.Section("Description");
-  page.Paragraph(
-      "autocli loads plug-ins and runs their commands on a stand-in host. The hosts, their "
-      "clusters and disks are kept in a folder, the lab, which is made on first use. Nothing "
-      "outside of it is changed.");
-  page.Paragraph(
-      "A result goes to standard output, each error to standard error on a line of its own. A "
-      "command that fails may leave a result all the same.");
-  page.Paragraph(
-      "A value may stand behind its option (-u X, --uuid X) or in the same word (-uX, --uuid=X), "
-      "and may begin with a hyphen. Several values take several options. Options of autocli may "
-      "stand "
-      "anywhere before --, also behind the command, unless it has an option of that name. What a "
-      "command does not take is refused before it runs.");
   page.Section("Options");
   page.Definitions(Definitions(OptionRows()));
   page.Section("Formats");
   page.Definitions(Definitions(CliTools::FormatterDescriptions()));
-  page.Paragraph(
-      "Bytes that are not UTF-8 become U+FFFD, in csv NUL too. simple and table show control "
-      "characters as \\n, \\x1b and the like.");
-  page.Section("Batches");
-  page.Paragraph(
-      "Each line is a command line of its own, with or without \"autocli\" before it. Blanks "
-      "separate words. Single quotes keep all characters; double quotes all but a backslash before "
-      "$, `, \", \\ and the end of the line; a backslash keeps the next character, and at the end "
-      "of "
-      "a line lets it go on with the next one. # at the beginning of a word makes the rest a "
-      "comment. Variables, wildcards, pipes and the like mean nothing. An option before --batch "
-      "holds for lines that do not give it.");
   page.Section("Exit status");
   page.Paragraph(ExitStatusHelp());
-  page.Section("Environment");
-  page.Definitions({
-      {"AUTOCLI_LAB", "The lab's folder, unless --lab names one."},
-      {"AUTOCLI_HOST", "The host on which commands run, unless --host names one."},
-      {"XDG_STATE_HOME, HOME", "Where the lab is if nothing names its folder."},
-      {"NO_COLOR, TERM", "With NO_COLOR set, or TERM=dumb, nothing is coloured or bold."},
-  });
-  page.Section("Files");
-  page.Definitions({
-      {"~/.local/state/autocli/lab", "The lab if nothing names its folder."},
-      {"LAB/lab.db", "The lab's hosts and clusters."},
-      {"LAB/lab.db-journal", "What undoes a change of them that is cut short."},
-      {"LAB/hosts/NAME", "What the host NAME takes for /: configuration, scripts, logs."},
-  });
 }
 
 /// What formatters and completions read of a command beside what its own section shows, as lines of

@@ -23,17 +23,19 @@ struct Formatter {
 };
 
 constexpr Formatter kFormatters[] = {
-    {"simple", "a line for each field of each record", FormatSimple, false},
+    {"simple", "one line per field; control characters are escaped (\\n, \\x1b)", FormatSimple,
+     false},
     {"table",
-     "a line for each record; where it does not fit the terminal, as simple unless chosen by name",
+     "one line per record; control characters are escaped; without --formatter table, a table too "
+     "wide for the terminal is printed as simple",
      FormatTable, true},
     {"json",
-     "a record is an object, a list an array; numbers and booleans are such; the stable form for "
-     "scripts",
+     "the stable format for scripts: an object per record, an array per list; bytes that are not "
+     "UTF-8 become U+FFFD",
      FormatJson, false},
     {"csv",
-     "a heading and a line for each record; a cell with commas, quotes, line ends, or blanks at an "
-     "end is in double quotes",
+     "a header and one line per record; cells are quoted as in RFC 4180, and if they begin or end "
+     "with a blank; NUL and bytes that are not UTF-8 become U+FFFD",
      FormatCsv, true},
 };
 
