@@ -76,10 +76,12 @@ std::string Help(CommandSpec& space) {
 std::string ChooseFormatter(const Command& command, const MetaObject* layout,
                             const std::string& wanted) {
   if (wanted.empty()) return command.GetDefaultOutputFormatter();
-  if (layout != nullptr && !CliTools::CanShow(wanted, *layout)) {
-    throw UsageError("--formatter: " + CliTools::Quote(wanted) +
-                     " cannot show this command's result; allowed: " +
-                     BaseLibs::Join(CliTools::FormattersFor(*layout), ", "));
+  if (layout == nullptr) return wanted;
+  const std::vector<std::string> allowed = CliTools::FormattersFor(*layout);
+  if (std::ranges::find(allowed, wanted) == allowed.end()) {
+    throw UsageError(
+        "--formatter: " + CliTools::Quote(wanted) +
+        " cannot show this command's result; allowed: " + BaseLibs::Join(allowed, ", "));
   }
   return wanted;
 }

@@ -20,6 +20,8 @@ struct Formatter {
   const char* description;
   void (*format)(const MetaObject&, const Pairs&, const Style&, const Sink&);
   bool showsRecordsOnly;
+
+  bool CanShow(const MetaObject& value) const { return !showsRecordsOnly || HoldsRecords(value); }
 };
 
 constexpr Formatter kFormatters[] = {
@@ -39,10 +41,6 @@ constexpr Formatter kFormatters[] = {
      FormatCsv, true},
 };
 
-bool CanShow(const Formatter& formatter, const MetaObject& value) {
-  return !formatter.showsRecordsOnly || HoldsRecords(value);
-}
-
 }  // namespace
 
 std::vector<std::string> FormatterNames() {
@@ -51,8 +49,8 @@ std::vector<std::string> FormatterNames() {
   return names;
 }
 
-Descriptions FormatterDescriptions() {
-  Descriptions descriptions;
+Pairs FormatterDescriptions() {
+  Pairs descriptions;
   for (const Formatter& formatter : kFormatters) {
     descriptions.emplace_back(formatter.name, formatter.description);
   }
@@ -62,14 +60,9 @@ Descriptions FormatterDescriptions() {
 std::vector<std::string> FormattersFor(const MetaObject& rootTemplate) {
   std::vector<std::string> names;
   for (const Formatter& formatter : kFormatters) {
-    if (CanShow(formatter, rootTemplate)) names.emplace_back(formatter.name);
+    if (formatter.CanShow(rootTemplate)) names.emplace_back(formatter.name);
   }
   return names;
-}
-
-bool CanShow(std::string_view formatter, const MetaObject& rootTemplate) {
-  const auto known = std::ranges::find(kFormatters, formatter, &Formatter::name);
-  return known != std::end(kFormatters) && CanShow(*known, rootTemplate);
 }
 
 void Format(const MetaObject& root, std::string_view formatter, const Pairs& parameters,
@@ -78,9 +71,9 @@ void Format(const MetaObject& root, std::string_view formatter, const Pairs& par
   if (!formatter.empty() && known == std::end(kFormatters)) {
     throw std::invalid_argument("no formatter " + Quote(formatter));
   }
-  const auto format = formatter.empty()       ? FormatBare
-                      : CanShow(*known, root) ? known->format
-                                              : FormatSimple;
+  const auto format = formatter.empty()      ? FormatBare
+                      : known->CanShow(root) ? known->format
+                                             : FormatSimple;
   constexpr std::size_t kPart = 65536;  // bytes
   std::string part;
   format(root, parameters, style, [&](std::string_view text) {

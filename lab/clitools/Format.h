@@ -1,53 +1,47 @@
-// How a result is shown.
+// Formatting results.
 #pragma once
 
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include "clitools/Display.h"
-#include "platform/clitools/AutoCli.h"
+#include "clitools/Records.h"
 
 namespace CliTools {
 
-/// The formatters' names, in the order in which help lists them: those for people first.
+/// Returns the names of the formatters in the order of help.
 std::vector<std::string> FormatterNames();
 
-/// What each of them makes of a result.
-using Descriptions = std::vector<std::pair<std::string, std::string>>;
-Descriptions FormatterDescriptions();
+/// Returns the names of the formatters, each with a description.
+Pairs FormatterDescriptions();
 
-/// The names of those that can show a result of this shape (a command's output template). "table"
-/// and "csv" show records only.
-std::vector<std::string> FormattersFor(const MetaObj::MetaObject& rootTemplate);
+/// Returns the names of the formatters for results of this shape: "table" and "csv" take only
+/// records.
+std::vector<std::string> FormattersFor(const MetaObject& rootTemplate);
 
-/// Whether `formatter` is one of `FormattersFor(rootTemplate)`.
-bool CanShow(std::string_view formatter, const MetaObj::MetaObject& rootTemplate);
-
-/// Hands a result as text to `sink`, in parts of some 64 KiB, so that the document of a long list
-/// need not fit into memory. It ends in a newline unless it is empty. `parameters` are the
-/// command's ("header:", "fields:", "units:"). The empty formatter name means the bare value: a
-/// text, number or truth value as it is. A result that the formatter cannot show, such as a failed
-/// command may leave, is shown by "simple". Throws `std::invalid_argument` for a name that is not
-/// one of `FormatterNames()`.
+/// Writes a result to `sink` in parts of some 64 KiB, so that the document of a long list is never
+/// in memory as a whole. A document ends in a newline unless it is empty.
 ///
-/// Every formatter but the bare value yields valid UTF-8, whatever bytes the texts hold. "simple"
-/// and "table" show control characters escaped; the other formats keep the value. Only these two
-/// heed the page: captions stand out, and a table that is too wide is wrapped within its columns.
-/// Where that would break words, it is shown as "simple" shows it.
-void Format(const MetaObj::MetaObject& root, std::string_view formatter,
-            const AutoCli::CommandSpec::Pairs& parameters, const Style& style, const Sink& sink);
+/// `parameters` are the command's "header:", "fields:" and "units:". Without a formatter's name, a
+/// value that is no record is written bare, byte for byte. A result that the formatter cannot show,
+/// as a failed command may leave, is written by "simple". Throws `std::invalid_argument` for an
+/// unknown formatter.
+///
+/// All documents but a bare value are valid UTF-8. Only "simple" and "table" heed the style: they
+/// emphasise captions, and a table that does not fit the page is wrapped within its columns, or,
+/// where that would break words, written as "simple" writes it.
+void Format(const MetaObject& root, std::string_view formatter, const Pairs& parameters,
+            const Style& style, const Sink& sink);
 
-/// The whole text.
-std::string Format(const MetaObj::MetaObject& root, std::string_view formatter,
-                   const AutoCli::CommandSpec::Pairs& parameters, const Style& style = {});
+/// Returns the whole document.
+std::string Format(const MetaObject& root, std::string_view formatter, const Pairs& parameters,
+                   const Style& style = {});
 
-/// `parameters`, so that of the records in a result of this shape only `fields` are shown, in their
-/// order. Throws `UsageError` for a field that is not among the shown ones or is named twice, and
-/// when the result, which may be null, holds no records.
-AutoCli::CommandSpec::Pairs SelectFields(const MetaObj::MetaObject* rootTemplate,
-                                         AutoCli::CommandSpec::Pairs parameters,
-                                         const std::vector<std::string>& fields);
+/// Returns `parameters` changed so that only these fields of the result's records are shown, in
+/// this order. Throws `UsageError` for an unknown or repeated field, and when the result, which may
+/// be null, holds no records.
+Pairs SelectFields(const MetaObject* rootTemplate, Pairs parameters,
+                   const std::vector<std::string>& fields);
 
 }  // namespace CliTools
