@@ -1,6 +1,7 @@
-// The formatters for people: the bare value, simple, table.
+// The formatters for people: bare values, "simple" and "table".
 #include <algorithm>
 #include <numeric>
+#include <ranges>
 #include <span>
 
 #include "baselibs/Strings.h"
@@ -22,7 +23,7 @@ std::string ShownWithUnit(const MetaObject* value, const Column& column) {
   return text.empty() || column.unit.empty() ? text : text + ' ' + Printable(column.unit);
 }
 
-/// A caption "%Field%" is the value of that field.
+/// A caption "%Field%" stands for the value of that field.
 std::string CaptionOf(const MetaStruct& record, const std::string& caption) {
   if (caption.size() > 2 && caption.starts_with('%') && caption.ends_with('%')) {
     const auto value = record.GetField(caption.substr(1, caption.size() - 2));
@@ -44,48 +45,38 @@ std::string Lines(const MetaStruct& record, const RecordSet& set, const Style& s
 using Row = std::vector<std::string>;
 using Widths = std::vector<std::size_t>;
 
-/// The columns' widths if no cell is wrapped.
-Widths NaturalWidths(const std::vector<Row>& rows) {
+/// Returns each column's largest cell, as `measure` measures cells.
+template <class Measure>
+Widths LargestCells(const std::vector<Row>& rows, Measure&& measure) {
   Widths widths(rows.front().size());
   for (const Row& row : rows) {
     for (std::size_t index = 0; index < row.size(); ++index) {
-      widths[index] = std::max(widths[index], DisplayWidth(row[index]));
+      widths[index] = std::max(widths[index], measure(row[index]));
     }
   }
   return widths;
 }
 
-/// The columns' least widths: none breaks a word.
-Widths LeastWidths(const std::vector<Row>& rows) {
-  Widths widths(rows.front().size());
-  for (const Row& row : rows) {
-    for (std::size_t index = 0; index < row.size(); ++index) {
-      for (const std::string_view word : BaseLibs::Split(row[index], ' ')) {
-        widths[index] = std::max(widths[index], DisplayWidth(word));
-      }
-    }
-  }
-  return widths;
+std::size_t WidestWord(std::string_view cell) {
+  return std::ranges::max(BaseLibs::Split(cell, ' ') | std::views::transform(DisplayWidth));
 }
 
 std::size_t LineWidth(const Widths& widths) {
   return std::accumulate(widths.begin(), widths.end(), kColumnGap.size() * (widths.size() - 1));
 }
 
-/// The columns' widths, the widest columns narrowed as far as the page demands. Empty if even words
-/// would have to be broken.
+/// Returns the columns' widths, with the widest columns narrowed so far that a line fits the page.
+/// Empty when words would have to be broken.
 Widths FitWidths(const std::vector<Row>& rows, std::size_t page) {
-  Widths widths = NaturalWidths(rows);
-  if (page == 0 || LineWidth(widths) <= page) return widths;
-  const Widths least = LeastWidths(rows);
+  const Widths natural = LargestCells(rows, DisplayWidth);
+  if (page == 0) return natural;
+  const Widths least = LargestCells(rows, WidestWord);
   if (LineWidth(least) > page) return {};
-  for (std::size_t excess = LineWidth(widths) - page; excess > 0; --excess) {
-    std::size_t widest = widths.size();
+  Widths widths = natural;
+  for (std::size_t most = page; LineWidth(widths) > page; --most) {
     for (std::size_t index = 0; index < widths.size(); ++index) {
-      if (widths[index] == least[index]) continue;
-      if (widest == widths.size() || widths[index] > widths[widest]) widest = index;
+      widths[index] = std::clamp(most, least[index], natural[index]);
     }
-    --widths[widest];
   }
   return widths;
 }
@@ -104,7 +95,7 @@ std::string TableLine(const Row& cells, const Widths& widths, const std::vector<
   return line;
 }
 
-/// The lines that a row takes, each with its part of every cell.
+/// Splits a row into lines, each with its part of every cell.
 std::vector<Row> WrapCells(const Row& row, const Widths& widths) {
   std::vector<Row> lines(1, Row(row.size()));
   for (std::size_t index = 0; index < row.size(); ++index) {
