@@ -20,27 +20,44 @@ using CliTools::UsageError;
 
 namespace {
 
-/// The lines of a file, one by one: somebody may still be writing it.
-class LineReader {
+/// Reads command lines one at a time, because the file may still be written to.
+class CommandLineReader {
  public:
-  explicit LineReader(const std::string& name)
+  explicit CommandLineReader(const std::string& name)
       : isInput_(name == "-"),
         name_(isInput_ ? "standard input" : name),
         file_(isInput_ ? stdin : std::fopen(name.c_str(), "re")) {
     if (file_ == nullptr) Fail();
   }
-  ~LineReader() {
+  ~CommandLineReader() {
     if (!isInput_ && file_ != nullptr) std::fclose(file_);
     std::free(buffer_);
   }
-  LineReader(const LineReader&) = delete;
-  LineReader& operator=(const LineReader&) = delete;
+  CommandLineReader(const CommandLineReader&) = delete;
+  CommandLineReader& operator=(const CommandLineReader&) = delete;
 
-  /// False behind the last line. Throws `UsageError` when the file cannot be read.
+  /// Reads a line and the lines that continue it. Returns false at the end of the file. Throws
+  /// `UsageError` when the file cannot be read.
   bool Read(std::string& line) {
+    if (!ReadLine(line)) return false;
+    begin_ = number_;
+    CliTools::WordScanner scanner;  // kept, so that each line is scanned once
+    scanner.Scan(line);
+    for (std::string next; scanner.IsContinued() && ReadLine(next); scanner.Scan(next)) {
+      line.pop_back();
+      line += next;
+    }
+    return true;
+  }
+
+  /// Returns "FILE:LINE: ", where the last command line begins.
+  std::string GetLocation() const { return name_ + ':' + std::to_string(begin_) + ": "; }
+
+ private:
+  bool ReadLine(std::string& line) {
     errno = 0;
     const ssize_t length = getline(&buffer_, &capacity_, file_);
-    // A line for which there is no memory is neither the end nor a failure of the file.
+    // getline also returns -1 when it runs out of memory; do not mistake that for end of file.
     if (length < 0 && std::feof(file_) == 0) Fail();
     if (length < 0) return false;
     line.assign(buffer_, static_cast<std::size_t>(length));
@@ -52,29 +69,11 @@ class LineReader {
     return true;
   }
 
-  /// Reads a command line: a line and those that continue it. False after the last line. Throws
-  /// `UsageError` when the file cannot be read.
-  bool ReadCommandLine(std::string& line) {
-    if (!Read(line)) return false;
-    begin_ = number_;
-    CliTools::WordScanner scanner;  // scans each line once, not the whole command line again
-    scanner.Scan(line);
-    for (std::string next; scanner.IsContinued() && Read(next); scanner.Scan(next)) {
-      line.pop_back();
-      line += next;
-    }
-    return true;
-  }
-
-  /// "FILE:LINE: ", of where the line that was read last begins.
-  std::string GetPlace() const { return name_ + ':' + std::to_string(begin_) + ": "; }
-
- private:
   [[noreturn]] void Fail() const {
     const int reason = errno;
     const std::string text = "--batch: " + CliTools::Quote(name_) +
                              " cannot be read: " + std::generic_category().message(reason);
-    if (reason == ENOMEM) throw BaseLibs::HostError(text);  // that is nobody's mistake
+    if (reason == ENOMEM) throw BaseLibs::HostError(text);  // not a usage error
     throw UsageError(text);
   }
 
@@ -86,7 +85,7 @@ class LineReader {
   char* buffer_ = nullptr;
   std::size_t capacity_ = 0;
   std::size_t number_ = 0;
-  std::size_t begin_ = 0;  ///< the number of the first of the lines that were read as one
+  std::size_t begin_ = 0;  ///< number of the command line's first line
 };
 
 Options ReadLineOptions(const std::vector<std::string>& words, const Options& defaults) {
@@ -101,40 +100,40 @@ Options ReadLineOptions(const std::vector<std::string>& words, const Options& de
 }
 
 ExitStatus RunOne(const std::string& line, const Options& defaults, const RunLine& runLine) {
-  if (line.find('\0') != std::string::npos) throw UsageError("a NUL byte: this is no text");
+  if (line.find('\0') != std::string::npos) throw UsageError("a NUL byte is not allowed");
   std::vector<std::string> words = CliTools::SplitWords(line);
-  if (!words.empty() && words.front() == "autocli") words.erase(words.begin());  // as in a script
+  if (!words.empty() && words.front() == "autocli") words.erase(words.begin());
   return words.empty() ? kSuccess : runLine(ReadLineOptions(words, defaults));
 }
 
 }  // namespace
 
 ExitStatus RunBatch(const Options& options, const RunLine& runLine) {
-  LineReader reader(options.batch);
+  CommandLineReader reader(options.batch);
   Options defaults = options;
   defaults.batch.clear();
   defaults.keepGoing = false;
   defaults.echo = false;
   if (!options.host.empty()) defaults.defaultHost = options.host;
   defaults.host.clear();
-  ExitStatus gravest = kSuccess;
+  ExitStatus highest = kSuccess;
   std::size_t failed = 0;
-  for (std::string line; reader.ReadCommandLine(line);) {
-    defaults.location = reader.GetPlace();
+  for (std::string line; reader.Read(line);) {
+    defaults.location = reader.GetLocation();
     if (options.echo) Print("> " + CliTools::Printable(line) + '\n');
     const ExitStatus status =
         Guard(defaults.location, [&] { return RunOne(line, defaults, runLine); });
-    gravest = std::max(gravest, status);
+    highest = std::max(highest, status);
     failed += status == kSuccess ? 0 : 1;
-    const bool goesOn = status == kSuccess || options.keepGoing;
-    if (!goesOn || std::ferror(stdout) != 0) break;  // results that nobody gets help nobody
+    if (status != kSuccess && !options.keepGoing) break;
+    if (std::ferror(stdout) != 0) break;  // the results of further lines would be lost
   }
-  Lab::Select({});  // closes the store, so that only what a line left behind is left
+  Lab::Select({});  // closes the store, so that leak checkers report only leaks of commands
   if (options.keepGoing && failed > 0) {
     PrintError("autocli: " + std::to_string(failed) + (failed == 1 ? " line" : " lines") +
                " failed");
   }
-  return gravest;
+  return highest;
 }
 
 }  // namespace AutoCliProgram

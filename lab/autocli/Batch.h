@@ -1,4 +1,4 @@
-// Many command lines on one start of the program.
+// Batches: files of command lines.
 #pragma once
 
 #include <functional>
@@ -8,12 +8,12 @@
 
 namespace AutoCliProgram {
 
-/// Runs one line's command line.
+/// Runs a command line that is given by its options.
 using RunLine = std::function<ExitStatus(const Options& line)>;
 
-/// Runs each line of the file `options.batch` as a command line of its own, whose options are
-/// `options` where it gives none. Ends at the first line that fails, unless told to keep going.
-/// Returns the highest exit status of any line. Throws `UsageError` when the file cannot be read.
+/// Runs each line of the file `options.batch` as a command line, with `options` as defaults for its
+/// own options. Stops at the first line that fails, except with `options.keepGoing`. Returns the
+/// highest exit status of any line. Throws `UsageError` when the file cannot be read.
 ExitStatus RunBatch(const Options& options, const RunLine& runLine);
 
 }  // namespace AutoCliProgram

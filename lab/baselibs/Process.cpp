@@ -15,8 +15,7 @@ namespace BaseLibs {
 
 namespace {
 
-/// An anonymous file in memory. Unlike a pipe, it never blocks: neither us while the program does
-/// not read, nor the program while we wait.
+/// An anonymous file in memory. Unlike a pipe, it has no limit that blocks us or the program.
 class MemoryFile {
  public:
   MemoryFile() : descriptor_(memfd_create("program", MFD_CLOEXEC)) {}
@@ -25,15 +24,15 @@ class MemoryFile {
   MemoryFile& operator=(const MemoryFile&) = delete;
 
   int Get() const { return descriptor_; }
-  /// Opened by its path, the file has a position of its own.
+  /// A file opened by this path has its own position.
   std::string GetPath() const { return "/proc/self/fd/" + std::to_string(descriptor_); }
 
  private:
   int descriptor_;
 };
 
-/// Restores the default effect of SIGCHLD. A caller that ignores it hands that on to us, and the
-/// kernel then discards exit statuses.
+/// Gives SIGCHLD its default effect. We may inherit that it is ignored; then exit statuses are
+/// lost.
 class DefaultChildSignal {
  public:
   DefaultChildSignal() {
@@ -72,7 +71,7 @@ pid_t Start(std::vector<std::string>& words, int input, int output) {
   posix_spawnattr_init(&attributes);
   sigset_t defaults;
   sigemptyset(&defaults);
-  sigaddset(&defaults, SIGPIPE);  // autocli ignores it; few other programs expect that
+  sigaddset(&defaults, SIGPIPE);  // autocli ignores it, programs expect the default
   posix_spawnattr_setsigdefault(&attributes, &defaults);
   posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGDEF);
   pid_t child = 0;

@@ -21,8 +21,7 @@ std::string Join(const Items& items, std::string_view separator, TextOf&& textOf
   return joined;
 }
 
-/// Returns the parts of `text` between the separators: one part if there is none. They refer to
-/// `text`.
+/// Returns the parts of `text` between the separators, at least one. They refer to `text`.
 inline std::vector<std::string_view> Split(std::string_view text, char separator) {
   std::vector<std::string_view> parts;
   std::size_t end = text.find(separator);

@@ -9,7 +9,7 @@
 
 namespace {
 
-// The long form is the name that a UUID has as a URN.
+// The long form of a UUID is its URN.
 constexpr char kPrefix[] = "urn:uuid:";
 constexpr std::size_t kPrefixLength = sizeof kPrefix - 1;
 constexpr std::size_t kTextLength = UUID_STR_LEN - 1;

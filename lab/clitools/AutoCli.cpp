@@ -18,7 +18,7 @@ void Set(CommandSpec::Pairs& pairs, const std::string& key, std::string value) {
   }
 }
 
-/// Whether `node` is `top` or somewhere below it.
+/// Whether `node` is `top` or below it.
 bool IsWithin(const NamespaceNode& node, const NamespaceNode& top) {
   if (&node == &top) return true;
   const auto parent = node.GetParent();
@@ -66,9 +66,9 @@ std::shared_ptr<NamespaceNode> CommandSpec::GetNamespaceNode(const std::string& 
 
 void CommandSpec::RegisterNamespaceNode(std::shared_ptr<NamespaceNode> child,
                                         const std::string& name) {
-  if (child == nullptr) throw std::invalid_argument("there is no node for the name " + Quote(name));
-  if (IsWithin(*this, *child)) Refuse(name, "cannot stand below itself");
-  // With one parent a node, no cycle escapes the check above.
+  if (child == nullptr) Refuse(name, "is null");
+  if (IsWithin(*this, *child)) Refuse(name, "cannot be below itself");
+  // The check above finds every cycle only if each node has one parent.
   if (weak_from_this().expired()) Refuse(name, "is registered in a namespace under construction");
   const auto parent = child->GetParent();
   if (parent && parent.get() != this) Refuse(name, "is registered in another namespace already");

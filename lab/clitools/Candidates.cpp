@@ -23,7 +23,7 @@ using Candidates = std::vector<Candidate>;
 using Parameters = std::vector<std::shared_ptr<ParameterSpec>>;
 using Word = std::vector<std::string>::const_iterator;
 
-/// A description's first sentence: there is one line for it.
+/// Shells show one line per candidate.
 std::string FirstSentence(const std::string& text) {
   const std::size_t begin = std::min(text.find_first_not_of(' '), text.size());
   std::size_t end = text.find('\n', begin);
@@ -31,14 +31,14 @@ std::string FirstSentence(const std::string& text) {
   return text.substr(begin, end == std::string::npos ? end : end - begin);
 }
 
-/// Options and their values, which may stand anywhere before the word that is typed.
+/// Options and their values, which may be anywhere before the word to complete.
 class OptionWords {
  public:
   OptionWords(const ProgramOptions& program, const ValueSource& values)
       : program_(program), parameters_(program.alone.GetParameters()), values_(values) {}
 
-  /// From here on, the parameters of the command at `path` can be given, and of the program's
-  /// options those that go with a command.
+  /// Accepts, for the words that follow, the parameters of the command at `path` and the program's
+  /// options for commands.
   void Enter(const std::string& path, Parameters parameters) {
     path_ = path;
     own_ = parameters.size();
@@ -47,7 +47,7 @@ class OptionWords {
     parameters_.insert(parameters_.end(), shared.begin(), shared.end());
   }
 
-  /// Takes the words from `word` on that are options or values of them; returns where it stopped.
+  /// Skips options and their values. Returns the first word that is neither.
   Word Take(Word word, Word end) {
     for (; word != end && (awaited_ != nullptr || word->starts_with('-')); ++word) {
       if (awaited_ != nullptr) {
@@ -61,12 +61,12 @@ class OptionWords {
     return word;
   }
 
-  /// Whether the next word is the value of an option, whatever it looks like.
+  /// Whether the next word is an option's value.
   bool AwaitsValue() const { return awaited_ != nullptr; }
 
   Candidates Values() const { return ValuesOf(*awaited_); }
 
-  /// The options that can still be given; or the values, when `typed` is "--option=..." or "-x...".
+  /// Returns the options that can still be given; for "--option=..." and "-x..." the values.
   Candidates Options(const std::string& typed) const {
     Candidates candidates;
     const OptionWord read = ReadOptionWord(parameters_, typed);
@@ -78,8 +78,8 @@ class OptionWords {
       }
       return candidates;
     }
-    // The program's options not unasked: they would be put in behind every command that takes
-    // nothing.
+    // The program's options only after a hyphen: otherwise a shell would insert them after every
+    // command that has no parameters of its own.
     const std::size_t offered = typed.starts_with('-') ? parameters_.size() : own_;
     for (const auto& option : std::span(parameters_).first(offered)) {
       if (given_.contains(option->GetName()) && option->GetType() != ParameterType::kStringList) {
@@ -105,7 +105,7 @@ class OptionWords {
 
   const ProgramOptions& program_;
   Parameters parameters_;
-  std::size_t own_ = 0;  ///< how many of the parameters are the command's; they stand first
+  std::size_t own_ = 0;  ///< number of the command's parameters, which come first
   std::string path_;
   const ValueSource& values_;
   const ParameterSpec* awaited_ = nullptr;
@@ -130,7 +130,7 @@ Candidates CompleteTyped(const ProgramOptions& program, const CommandSpec& root,
   Word word = options.Take(words.begin(), last);
   for (; word != last; word = options.Take(word + 1, last)) {
     const auto child = inCommand ? nullptr : space->GetNamespaceNode(*word);
-    if (!inCommand && !child && *word == "help") continue;  // help is asked for what follows
+    if (!inCommand && !child && *word == "help") continue;  // "help" may precede a path
     space = dynamic_cast<const CommandSpec*>(child.get());
     if (space == nullptr) return {};
     const auto command = std::dynamic_pointer_cast<Command>(child);

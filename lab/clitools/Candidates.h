@@ -1,4 +1,4 @@
-// What a command line that somebody is typing may go on with.
+// Completing command lines.
 #pragma once
 
 #include <functional>
@@ -11,25 +11,25 @@ namespace CliTools {
 
 struct Candidate {
   std::string text;
-  std::string description;  ///< empty if there is none
+  std::string description;  ///< may be empty
 };
 
-/// The text of a candidate that stands for any path: the shell completes it.
+/// The text of a candidate that lets the shell complete a path.
 inline constexpr const char* kAnyPath = "/";
 
-/// Values of a parameter beyond what it declares itself: of the command at `path`, or of the
-/// program's own options before a command is named, when that is empty.
+/// Returns values of a parameter that declares none: of the command at `path`, or, when `path` is
+/// empty, of a program option before the command.
 using ValueSource =
     std::function<std::vector<Candidate>(const std::string& path, const std::string& parameter)>;
 
 /// The program's own options.
 struct ProgramOptions {
-  const CallSpec::InputSpec& alone;        ///< all, as they may stand before the path of a command
-  const CallSpec::InputSpec& withCommand;  ///< those that say something of a command's call
+  const CallSpec::InputSpec& alone;        ///< those accepted before a command's path: all
+  const CallSpec::InputSpec& withCommand;  ///< those accepted also after it
 };
 
-/// What the last of `words`, which may be empty, can become: names of namespaces and commands,
-/// options, their values. `words` are what follows the program's name.
+/// Returns the completions of the last of `words`, which may be empty: names of namespaces and
+/// commands, options, values of options. `words` follow the program's name.
 std::vector<Candidate> Complete(const ProgramOptions& program, const AutoCli::CommandSpec& root,
                                 const std::vector<std::string>& words, const ValueSource& values);
 

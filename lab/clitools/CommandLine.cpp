@@ -104,7 +104,7 @@ class OptionReader {
   }
 
   std::string OptionsInWords() const {
-    if (own_ == 0) return "there are no options here but the program's own";
+    if (own_ == 0) return "this command has no options of its own";
     return "the options are " + Join(std::span(parameters_).first(own_), ", ",
                                      [](const auto& parameter) { return OptionName(*parameter); });
   }
@@ -124,7 +124,7 @@ class OptionReader {
       hint = "repeat " + OptionName(*last_) + " before each of its values";
     } else {
       hint = OptionName(*last_) + " was given " + Quote(given_.at(last_).back()) +
-             "; a value with blanks stands in quotes";
+             "; quote a value that contains blanks";
     }
     throw UsageError("Unexpected argument " + Quote(words_[index]) + "; " + hint);
   }
@@ -139,7 +139,7 @@ class OptionReader {
 [[noreturn]] void RefuseValue(const ParameterSpec& parameter, const std::string& text,
                               const std::string& suggestion = {}) {
   const std::string expected = "expected " + ValueInWords(parameter);
-  // The suggestion stands first: the list may be long.
+  // The suggestion first, because the list may be long.
   throw UsageError(
       "Invalid value " + Quote(text) + " for " + OptionName(parameter) +
       (suggestion.empty() ? ": " + expected : "; " + suggestion + " (" + expected + ")"));
@@ -151,8 +151,8 @@ void CheckText(const ParameterSpec& parameter, const std::string& text) {
   std::vector<std::string> allowed;
   for (const auto& [value, description] : constraint->GetStringEnums()) allowed.push_back(value);
   if (std::ranges::find(allowed, text) != allowed.end()) return;
-  constexpr std::size_t kSeenAtAGlance = 3;
-  const bool isLong = allowed.size() > kSeenAtAGlance;
+  constexpr std::size_t kShortList = 3;  // needs no suggestion
+  const bool isLong = allowed.size() > kShortList;
   RefuseValue(parameter, text, isLong ? DidYouMean(Nearest(text, allowed)) : "");
 }
 
@@ -292,7 +292,7 @@ std::string ValueInWords(const ParameterSpec& parameter) {
       break;
   }
   if (!constraint) return "text";
-  constexpr std::size_t kMost = 20;  // more would bury all that stands around them
+  constexpr std::size_t kMost = 20;  // a longer list would hide the rest of the message
   const std::size_t count = constraint->GetStringEnums().size();
   return "one of " + (count > kMost ? std::to_string(count) + " names, which the manual lists"
                                     : AllowedValues(*constraint));

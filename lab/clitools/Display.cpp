@@ -12,11 +12,12 @@ namespace CliTools {
 
 namespace {
 
-/// Direction marks and Unicode's line ends: a value that holds them can reorder or break the line
-/// in which it is shown.
-bool MisleadsReader(char32_t value) {
-  return value == 0x061C || (value >= 0x200E && value <= 0x200F) ||
-         (value >= 0x2028 && value <= 0x202E) || (value >= 0x2066 && value <= 0x2069);
+/// Whether a terminal acts on the character instead of showing it: control characters (C0, DEL,
+/// C1), and marks and separators that reorder or break the line.
+bool NeedsEscape(char32_t value) {
+  return value < 0x20 || (value >= 0x7F && value < 0xA0) || value == 0x061C ||
+         (value >= 0x200E && value <= 0x200F) || (value >= 0x2028 && value <= 0x202E) ||
+         (value >= 0x2066 && value <= 0x2069);
 }
 
 std::string Escape(char32_t value) {
@@ -29,7 +30,7 @@ std::string Escape(char32_t value) {
   return buffer;
 }
 
-/// The columns of one character. The process's own locale may know no Unicode, so it is not asked.
+/// In a locale of its own, because the process's locale may lack Unicode.
 std::size_t DisplayWidth(char32_t value) {
   static const locale_t utf8 = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
   if (utf8 == nullptr) return 1;
@@ -49,7 +50,7 @@ CodePoint DecodeUtf8(std::string_view text) {
   if (lead < 0x80) return {lead, text.substr(0, 1), true};
   if (lead < 0xC2 || lead > 0xF4) return {0xFFFD, text.substr(0, 1), false};
   const std::size_t length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
-  // The second byte's bounds keep out overlong forms, surrogates and what lies above U+10FFFF.
+  // The bounds of the second byte exclude overlong forms, surrogates and values above U+10FFFF.
   unsigned low = lead == 0xE0 ? 0xA0 : lead == 0xF0 ? 0x90 : 0x80;
   unsigned high = lead == 0xED ? 0x9F : lead == 0xF4 ? 0x8F : 0xBF;
   char32_t value = lead & (0x7FU >> length);
@@ -78,7 +79,7 @@ std::string Printable(std::string_view text) {
   if (IsPrintableAscii(text)) return std::string(text);
   std::string printable;
   ForEachCodePoint(text, [&](const CodePoint& point) {
-    if (IsControl(point.value) || MisleadsReader(point.value)) {
+    if (NeedsEscape(point.value)) {
       printable += Escape(point.value);
     } else {
       printable += point.valid ? point.bytes : kReplacement;
@@ -113,7 +114,7 @@ std::string Caption(const std::string& text, const Style& style) {
 std::string WrapItems(const std::vector<std::string>& items, std::size_t indent,
                       std::size_t width) {
   std::string lines;
-  std::size_t used = 0;  // columns of the line so far; none before its first item
+  std::size_t used = 0;  // columns of the line so far; 0 before its first item
   for (const std::string& raw : items) {
     const std::string item = Printable(raw);
     const std::size_t needed = DisplayWidth(item);

@@ -1,4 +1,4 @@
-// Texts on their way to people and to documents. A text may hold any bytes; what is shown of it may
+// Strings as people and documents see them. A string may hold any bytes; what is shown of it may
 // not.
 #pragma once
 
@@ -10,17 +10,17 @@
 
 namespace CliTools {
 
-/// Stands for bytes that are not UTF-8: U+FFFD.
+/// U+FFFD, which replaces bytes that are not UTF-8.
 inline constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
 
-/// One code point of a text, or the longest run of bytes that could have begun one.
+/// One code point, or the longest sequence of bytes that could have begun one.
 struct CodePoint {
   char32_t value;          ///< U+FFFD if not valid
-  std::string_view bytes;  ///< as they stand in the text
+  std::string_view bytes;  ///< refers to the decoded string
   bool valid;
 };
 
-/// The first code point of `text`, which is not empty.
+/// Decodes the first code point of `text`, which must not be empty.
 CodePoint DecodeUtf8(std::string_view text);
 
 /// Calls `visit` with each code point of `text` in turn.
@@ -33,51 +33,45 @@ void ForEachCodePoint(std::string_view text, Visit&& visit) {
   }
 }
 
-/// Whether a terminal may act on the character instead of showing it (C0, DEL, C1).
-constexpr bool IsControl(char32_t value) {
-  return value < 0x20 || (value >= 0x7F && value < 0xA0);
-}
-
-/// Whether every byte is a character of its own, of one column: most texts, so they take short
-/// ways.
+/// Whether every byte is a printable ASCII character. Most strings are, so callers have a fast path
+/// for them.
 bool IsPrintableAscii(std::string_view text);
 
-/// `text` with U+FFFD for all that is not UTF-8.
+/// Returns `text` with U+FFFD for bytes that are not UTF-8.
 std::string ValidUtf8(std::string_view text);
 
-/// `text` for a person's eyes, on one line: what could move the cursor, end the line or turn the
-/// writing direction is escaped (\n, \x1b, \u202e); U+FFFD stands for all that is not UTF-8.
+/// Returns `text` as one line of UTF-8 that is safe on a terminal: control characters, line
+/// separators and direction marks are escaped (\n, \x1b, \u202e).
 std::string Printable(std::string_view text);
 
-/// `text` with small letters for the capital ones of ASCII.
+/// Returns `text` with lower-case letters for upper-case ones of ASCII.
 std::string LowerCase(std::string_view text);
 
-/// `Printable(text)` in double quotes.
+/// Returns `Printable(text)` in double quotes.
 std::string Quote(std::string_view text);
 
-/// The columns that valid UTF-8 without control characters takes on a terminal.
+/// Returns the number of terminal columns that printable UTF-8 takes.
 std::size_t DisplayWidth(std::string_view text);
 
 /// Takes the parts of a document, one after the other.
 using Sink = std::function<void(std::string_view)>;
 
-/// How a text for people is laid out on what shows it.
+/// How text for people is laid out.
 struct Style {
-  std::size_t width = 0;  ///< columns of the page; 0: as many as it takes
-  bool bold = false;      ///< whether captions can be made to stand out
-  bool header = true;     ///< whether a table says what its columns are
+  std::size_t width = 0;  ///< columns of the page; 0: no limit
+  bool bold = false;      ///< whether captions are printed bold
+  bool header = true;     ///< whether tables have a header
 };
 
-/// The text of a caption.
+/// Returns `text`, in bold if the style asks for it.
 std::string Caption(const std::string& text, const Style& style);
 
-/// Lines of at most `width` columns, each begun by `indent` blanks and ended by a newline. Items
-/// are shown as `Printable` returns them. An item is never broken, even if it is wider than the
-/// line.
+/// Returns the items, each as `Printable` returns it, in lines of at most `width` columns that
+/// begin with `indent` blanks and end in a newline. An item wider than that has a line to itself.
 std::string WrapItems(const std::vector<std::string>& items, std::size_t indent, std::size_t width);
 
-/// Likewise for a text, broken at its blanks. Its own line breaks stay, and so do the blanks that
-/// begin its lines; they also begin the lines that follow from wrapping.
+/// Returns the words of `text` wrapped as `WrapItems` wraps items. Line breaks of the text stay,
+/// and so does the indentation of its lines, which also applies to their continuation.
 std::string Wrap(std::string_view text, std::size_t indent, std::size_t width);
 
 }  // namespace CliTools

@@ -8,7 +8,7 @@ namespace {
 
 std::string Cell(std::string_view text) {
   std::string valid = ValidUtf8(text);
-  // Those who read csv as a rule take a NUL for the end of the file.
+  // Most CSV readers stop at a NUL.
   for (std::size_t at = 0; (at = valid.find('\0', at)) != std::string::npos;) {
     valid.replace(at, 1, kReplacement);
   }

@@ -1,4 +1,4 @@
-// Without RAPIDJSON_SSE2: its search of many characters at once takes U+001A to U+001F for plain.
+// Not with RAPIDJSON_SSE2, which leaves U+001A to U+001F unescaped.
 #include <rapidjson/prettywriter.h>
 #include <rapidjson/stringbuffer.h>
 
@@ -9,7 +9,8 @@ namespace CliTools {
 
 namespace {
 
-/// Writes a document record by record: neither a tree of all records nor their whole text is built.
+/// Hands over each record as soon as it is written, so that a long list is never in memory as a
+/// whole.
 class JsonWriter {
  public:
   JsonWriter(const Pairs& parameters, const Sink& sink) : parameters_(parameters), sink_(sink) {
@@ -52,7 +53,7 @@ class JsonWriter {
     writer_.String(text.data(), static_cast<rapidjson::SizeType>(text.size()));
   }
 
-  /// One record, or all of a list.
+  /// Writes one record, or all records of a list.
   void WriteRecords(const MetaObject& value) {
     const RecordSet set = RecordsOf(value, parameters_);
     std::vector<std::string> keys;  // escaped once for all records

@@ -17,14 +17,11 @@ using AutoCli::NamespaceNode;
 using BaseLibs::Join;
 using CallSpec::ParameterSpec;
 using CallSpec::ParameterType;
-using MetaObj::MetaList;
-using MetaObj::MetaStruct;
-using MetaObj::MetaType;
 
 namespace {
 
 constexpr std::size_t kIndent = 2;
-constexpr std::size_t kUsageIndent = 7;  // below what follows "Usage: "
+constexpr std::size_t kUsageIndent = 7;  // the length of "Usage: "
 constexpr std::size_t kDescriptionIndent = 8;
 
 using Rows = std::vector<std::pair<std::string, std::string>>;
@@ -96,17 +93,16 @@ std::string UsageItem(const ParameterSpec& parameter) {
 }
 
 std::string ParameterHelp(const ParameterSpec& parameter, std::size_t width) {
-  const bool hasLetter = !parameter.GetShortName().empty();
   std::vector<std::string> attributes = {parameter.IsRequired() ? "required" : "optional"};
-  attributes.push_back(parameter.GetType() == ParameterType::kFlag ? "takes no value"
-                                                                   : ValueInWords(parameter));
+  const bool isFlag = parameter.GetType() == ParameterType::kFlag;
+  attributes.push_back(isFlag ? "takes no value" : ValueInWords(parameter));
   if (parameter.GetType() == ParameterType::kStringList) attributes.push_back("may be repeated");
-  const std::string letter =
-      hasLetter ? "  -" + Printable(parameter.GetShortName()) + ", " : "      ";
+  const std::string letter = Printable(parameter.GetShortName());
+  const std::string indent = letter.empty() ? "      " : "  -" + letter + ", ";
   const std::string name = "--" + parameter.GetName() + Placeholder(parameter.GetType());
   const std::string description = DescriptionOf(parameter);
-  return Wrap(name + " (" + Join(attributes, "; ") + ")", letter.size(), width)
-             .replace(0, letter.size(), letter) +
+  return Wrap(name + " (" + Join(attributes, "; ") + ")", indent.size(), width)
+             .replace(0, indent.size(), indent) +
          (description.empty() ? "" : Wrap(description, kDescriptionIndent, width));
 }
 
@@ -138,9 +134,6 @@ std::vector<std::string> UsageItems(Command& command) {
 Result ResultOf(Command& command) {
   const auto root = ShapeOf(command);
   if (!root) return {"nothing", {}};
-  const auto fields = [&command](const MetaStruct& record) {
-    return ShownFields(record, command.GetDefaultOutputParameters());
-  };
   switch (root->GetType()) {
     case MetaType::kBool:
       return {"true on success", {}};
@@ -148,15 +141,15 @@ Result ResultOf(Command& command) {
       return {"a whole number", {}};
     case MetaType::kString:
       return {"a text", {}};
-    case MetaType::kStruct:
-      return {"one record with the fields", fields(static_cast<const MetaStruct&>(*root))};
-    case MetaType::kList:
+    default:
       break;
   }
-  const auto& list = static_cast<const MetaList&>(*root);
-  if (list.GetElementType() != MetaType::kStruct) return {"a list of texts", {}};
-  if (!list.GetElementTemplate()) return {"a list of records", {}};
-  return {"a list of records with the fields", fields(*list.GetElementTemplate())};
+  if (!HoldsRecords(*root)) return {"a list of texts", {}};
+  const MetaStruct* const pattern = PatternOf(*root);
+  if (pattern == nullptr) return {"a list of records", {}};
+  const bool isList = root->GetType() == MetaType::kList;
+  return {isList ? "a list of records with the fields" : "one record with the fields",
+          ShownFields(*pattern, command.GetDefaultOutputParameters())};
 }
 
 std::string ColumnsHelp(const std::string& heading, const Rows& rows, const Style& style) {

@@ -1,5 +1,4 @@
-// What `--help` says at each level of the tree. It derives from what the nodes declare, so that it
-// cannot differ from what runs.
+// Help for namespaces and commands, generated from what they declare.
 #pragma once
 
 #include <string>
@@ -11,36 +10,35 @@
 
 namespace CliTools {
 
-/// A parameter's description with "%ENUM%" replaced by what the constraint allows.
+/// Returns the parameter's description with "%ENUM%" replaced by the allowed values.
 std::string DescriptionOf(const CallSpec::ParameterSpec& parameter);
 
-/// A command's parameters as its usage shows them: "--uuid TEXT", "[--wait]".
+/// Returns the command's parameters as they appear in its usage: "--uuid TEXT", "[--wait]".
 std::vector<std::string> UsageItems(AutoCli::Command& command);
 
-/// What a command prints, in words, and the fields of its record or records if it has any.
+/// What a command prints.
 struct Result {
-  std::string words;
-  std::vector<std::string> fields;
+  std::string words;                ///< a description
+  std::vector<std::string> fields;  ///< of the records, if it prints any
 };
 Result ResultOf(AutoCli::Command& command);
 
-/// Names and what they are, in two columns below a heading. Empty if there is no name.
+/// Returns a heading and the rows, names and descriptions in two columns. Empty without rows.
 std::string ColumnsHelp(const std::string& heading,
                         const std::vector<std::pair<std::string, std::string>>& rows,
                         const Style& style);
 
-// `program` is what is typed before a node's path. The style of help needs a width.
+// `program` is the program's name. The style must have a width.
 
-/// A namespace's children in registration order, and how to read on.
+/// Returns the list of the namespace's children, in registration order.
 std::string ChildrenHelp(const std::string& program, const AutoCli::CommandSpec& node,
                          const Style& style);
 
-/// Help for a namespace: usage, description, children.
+/// Returns the help of a namespace: usage, description, children.
 std::string NamespaceHelp(const std::string& program, const AutoCli::CommandSpec& node,
-                          const Style& style = {80});
+                          const Style& style);
 
-/// Help for a command: usage, description, parameters, what it prints.
-std::string CommandHelp(const std::string& program, AutoCli::Command& command,
-                        const Style& style = {80});
+/// Returns the help of a command: usage, description, parameters, output.
+std::string CommandHelp(const std::string& program, AutoCli::Command& command, const Style& style);
 
 }  // namespace CliTools

@@ -19,7 +19,7 @@ std::string Escape(std::string_view text) {
   return escaped;
 }
 
-/// Escapes a line so that no number or hyphen turns it into an item of a list.
+/// Also escapes a number or hyphen that would begin an item of a list.
 std::string EscapeLine(std::string_view line) {
   const std::size_t digits = std::min(line.find_first_not_of("0123456789"), line.size());
   const std::string_view marks = digits == 0 ? "-+=" : ".)";
@@ -28,7 +28,7 @@ std::string EscapeLine(std::string_view line) {
   return std::string(line.substr(0, digits)) + '\\' + Escape(line.substr(digits));
 }
 
-/// The lines of a paragraph, each after the first on a line of its own behind `indent`. Drops
+/// Returns the lines of a paragraph, with `indent` before all but the first. Drops their own
 /// indentation, and empty lines, which would end the paragraph.
 std::string EscapeLines(std::string_view text, std::string_view indent) {
   std::vector<std::string> lines;

@@ -7,8 +7,8 @@
 
 namespace CliTools {
 
-/// A page in Markdown, written from top to bottom. Strings are escaped, and control characters in
-/// them shown as `Printable` shows them; line breaks stay.
+/// A page in Markdown, written from top to bottom. Escapes what Markdown would act on, and control
+/// characters as `Printable` does; keeps line breaks.
 class MarkdownPage {
  public:
   struct Definition {
@@ -17,7 +17,7 @@ class MarkdownPage {
     std::string remark = {};  ///< shown in parentheses after the term unless empty
   };
 
-  /// `comment` is part of the source only.
+  /// `comment` is not rendered.
   MarkdownPage(const std::string& title, const std::string& comment);
 
   void Section(const std::string& title);
@@ -25,7 +25,7 @@ class MarkdownPage {
   void Paragraph(const std::string& text);
   void Code(const std::string& text);
   void Definitions(const std::vector<Definition>& definitions);
-  /// Links to sections, given by their titles, and what these are about.
+  /// Writes links to sections: their titles and descriptions.
   void Contents(const std::vector<std::pair<std::string, std::string>>& sections);
 
   const std::string& GetText() const { return text_; }

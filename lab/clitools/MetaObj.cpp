@@ -9,7 +9,7 @@ MetaObject::~MetaObject() = default;
 
 MetaString::MetaString(std::string value)
     : MetaObject(MetaType::kString), value_(std::move(value)) {}
-// Values never change, so those that make up most of a record are made only once.
+// Values are immutable, so the most frequent ones are shared.
 std::shared_ptr<MetaString> MetaString::New(std::string value) {
   static const auto empty = std::make_shared<MetaString>(std::string());
   if (value.empty()) return empty;

@@ -20,14 +20,14 @@ using MetaObj::MetaType;
 
 namespace {
 
-/// The library that the node's class comes from.
+/// Returns the library that defines the node's class.
 std::string FileOf(const NamespaceNode& node) {
   Dl_info info;
   const bool known = dladdr(typeid(node).name(), &info) != 0 && info.dli_fname != nullptr;
   return known ? info.dli_fname : "unknown";
 }
 
-/// Returns what `question` returns, which asks the command.
+/// Returns what `question` returns. Throws `PluginError` for anything that it throws.
 template <class Question>
 auto Ask(const Command& command, Question&& question) {
   try {
@@ -37,11 +37,11 @@ auto Ask(const Command& command, Question&& question) {
   }
 }
 
-/// Why the value cannot be shown; null if it can. `above` are the values that hold it.
+/// Returns why the value cannot be shown; null if it can. `above` are the values that contain it.
 const char* FaultOf(const MetaObject& value, std::vector<const MetaObject*>& above) {
   const bool isList = value.GetType() == MetaType::kList;
   if (!isList && value.GetType() != MetaType::kStruct) return nullptr;
-  if (std::ranges::find(above, &value) != above.end()) return "contains itself";
+  if (std::ranges::find(above, &value) != above.end()) return "a value that contains itself";
   const char* fault = nullptr;
   above.push_back(&value);
   if (isList) {
@@ -50,13 +50,12 @@ const char* FaultOf(const MetaObject& value, std::vector<const MetaObject*>& abo
     for (const auto& element : list.GetElements()) {
       if (fault != nullptr) break;
       const bool fits = element != nullptr && element->GetType() == list.GetElementType();
-      fault =
-          fits ? FaultOf(*element, above) : "has a list with an element that is none of its type";
+      fault = fits ? FaultOf(*element, above) : "a list with an element of another type";
     }
   } else {
     for (const auto& field : static_cast<const MetaStruct&>(value).GetValues()) {
       if (fault != nullptr) break;
-      fault = field == nullptr ? "has a field without a value" : FaultOf(*field, above);
+      fault = field == nullptr ? "a field without a value" : FaultOf(*field, above);
     }
   }
   above.pop_back();
@@ -82,14 +81,14 @@ PluginError ThrownBy(const Command& command) {
 std::shared_ptr<CallSpec::InputSpec> InputOf(Command& command) {
   const auto input = Ask(command, [&command] { return command.GetInputSpec(); });
   if (input == nullptr || std::ranges::count(input->GetParameters(), nullptr) > 0) {
-    throw PluginError(command, "does not say what it takes");
+    throw PluginError(command, "does not declare its parameters");
   }
   return input;
 }
 
 std::shared_ptr<MetaObject> ShapeOf(Command& command) {
   const auto output = Ask(command, [&command] { return command.GetOutputSpec(); });
-  if (output == nullptr) throw PluginError(command, "does not say what it returns");
+  if (output == nullptr) throw PluginError(command, "does not declare its result");
   if (output->GetRootObject() != nullptr) CheckResult(command, *output->GetRootObject());
   return output->GetRootObject();
 }
@@ -97,7 +96,7 @@ std::shared_ptr<MetaObject> ShapeOf(Command& command) {
 void CheckResult(const Command& command, const MetaObject& result) {
   std::vector<const MetaObject*> above;
   const char* const fault = FaultOf(result, above);
-  if (fault != nullptr) throw PluginError(command, std::string("returns what ") + fault);
+  if (fault != nullptr) throw PluginError(command, std::string("returns ") + fault);
 }
 
 }  // namespace CliTools

@@ -1,4 +1,4 @@
-// What plug-ins may do wrong where the compiler cannot see it.
+// Checks of what plug-ins declare and return.
 #pragma once
 
 #include <memory>
@@ -9,25 +9,24 @@
 
 namespace CliTools {
 
-/// A node of the tree is not one that the framework can work with. `what()` names it, and the file
-/// of the plug-in that brought it.
+/// A plug-in breaks the framework's contract. `what()` names the node and the plug-in's file.
 class [[gnu::visibility("default")]] PluginError : public BaseLibs::HostError {
  public:
   PluginError(const AutoCli::NamespaceNode& node, const std::string& fault);
 };
 
-/// Returns the exception that is being handled, which `command` threw, as a fault of its plug-in.
+/// Returns a `PluginError` for the exception being handled, which `command` threw.
 PluginError ThrownBy(const AutoCli::Command& command);
 
-/// What the command takes. Throws `PluginError` when it does not say.
+/// Returns the command's parameters. Throws `PluginError` when it declares none.
 std::shared_ptr<CallSpec::InputSpec> InputOf(AutoCli::Command& command);
 
-/// An empty value of the shape of the command's result; null if it has none. Throws `PluginError`
-/// when it does not say, or no value has that shape.
+/// Returns an empty value of the shape of the command's result; null if it has no result. Throws
+/// `PluginError` when the command declares no output, or a shape that `CheckResult` rejects.
 std::shared_ptr<MetaObj::MetaObject> ShapeOf(AutoCli::Command& command);
 
-/// Throws `PluginError` when what the command left cannot be shown: a list with an element of
-/// another type than its own, a value that contains itself.
+/// Throws `PluginError` when the command's result cannot be shown: it has a field without a value,
+/// a list with an element of another type than the list's, or a value that contains itself.
 void CheckResult(const AutoCli::Command& command, const MetaObj::MetaObject& result);
 
 }  // namespace CliTools

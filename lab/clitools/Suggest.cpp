@@ -11,8 +11,8 @@ namespace {
 
 constexpr std::size_t kMostSuggestions = 3;
 
-/// How many slips of the finger turn `from` into `to`: a character too many, too few, wrong, or
-/// two neighbours swapped.
+/// Returns the number of typing errors that turn `from` into `to`: characters inserted, omitted,
+/// replaced, or swapped with a neighbour.
 std::size_t EditDistance(std::string_view from, std::string_view to) {
   const std::size_t columns = to.size() + 1;
   std::vector<std::size_t> cells((from.size() + 1) * columns);
@@ -46,7 +46,7 @@ std::vector<std::string> Nearest(std::string_view word,
     const std::size_t limit = longer < 2 ? 0 : std::max<std::size_t>(1, longer / 3);
     if (!typed.empty() && name.starts_with(typed)) {
       close.emplace_back(name == typed ? 0 : 1, candidate);
-    } else if (longer - shorter <= limit) {  // else the distance is larger: no need to know it
+    } else if (longer - shorter <= limit) {  // else the distance exceeds the limit
       const std::size_t distance = EditDistance(typed, name);
       if (distance <= limit) close.emplace_back(distance, candidate);
     }

@@ -1,4 +1,4 @@
-// What somebody who mistyped a name may have meant.
+// Suggestions for mistyped names.
 #pragma once
 
 #include <string>
@@ -7,11 +7,11 @@
 
 namespace CliTools {
 
-/// The candidates that `word` resembles in spelling (whatever its case) or begins: best first, at
-/// most three, none if nothing is close.
+/// Returns at most three candidates that begin with `word` or resemble it, regardless of case; the
+/// closest first.
 std::vector<std::string> Nearest(std::string_view word, const std::vector<std::string>& candidates);
 
-/// `did you mean "x"?`, `did you mean "x", "y" or "z"?`; empty if there are no names.
+/// Returns `did you mean "x", "y" or "z"?`; empty if there are no names.
 std::string DidYouMean(const std::vector<std::string>& names);
 
 }  // namespace CliTools

@@ -16,20 +16,20 @@ throws a number|$plugin is broken: "odd" threw an object that is not a std::exce
 throws a number at once|$plugin cannot be loaded: it threw an object that is not a std::exception
 input throws|$plugin is broken: "odd" threw an object that is not a std::exception
 has no licence|$plugin cannot be loaded: no licence
-no node|$plugin cannot be loaded: there is no node for the name "odd"
-below itself|$plugin cannot be loaded: the node "odd" cannot stand below itself
-above its parent|$plugin cannot be loaded: the node "odd" cannot stand below itself
+no node|$plugin cannot be loaded: the node "odd" is null
+below itself|$plugin cannot be loaded: the node "odd" cannot be below itself
+above its parent|$plugin cannot be loaded: the node "odd" cannot be below itself
 early parent|$plugin cannot be loaded: the node "inner" is registered in a namespace under construction
 two parents|$plugin cannot be loaded: the node "odd" is registered in another namespace already
 bare node|$plugin is broken: "odd" is neither a namespace nor a command
-no input|$plugin is broken: "odd" does not say what it takes
-no parameter|$plugin is broken: "odd" does not say what it takes
-no output|$plugin is broken: "odd" does not say what it returns
-text among records|$plugin is broken: "odd" returns what has a list with an element that is none of its type
-no record|$plugin is broken: "odd" returns what has a list with an element that is none of its type
-no value|$plugin is broken: "odd" returns what has a field without a value
-no value in the pattern|$plugin is broken: "odd" returns what has a field without a value
-part of itself|$plugin is broken: "odd" returns what contains itself
+no input|$plugin is broken: "odd" does not declare its parameters
+no parameter|$plugin is broken: "odd" does not declare its parameters
+no output|$plugin is broken: "odd" does not declare its result
+text among records|$plugin is broken: "odd" returns a list with an element of another type
+no record|$plugin is broken: "odd" returns a list with an element of another type
+no value|$plugin is broken: "odd" returns a field without a value
+no value in the pattern|$plugin is broken: "odd" returns a field without a value
+part of itself|$plugin is broken: "odd" returns a value that contains itself
 EOF
     FAULT='closes itself' expect 0 '' '' --plugin-dir "$FAULTY_PLUGINS" odd
     FAULT='' expect 2 '' '*' --plugin-dir "$FAULTY_PLUGINS" --keep-going --batch - <<<$'odd --no-header=x\nodd -?x\nodd -x'

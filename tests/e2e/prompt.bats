@@ -46,7 +46,7 @@ autocli: wrong:3: --batch, --keep-going and --echo are not for the lines of a ba
 autocli: wrong:4: --batch, --keep-going and --echo are not for the lines of a batch
 autocli: wrong:5: --plugin-dir goes with --batch: all lines have the same commands
 autocli: wrong:6: dovra: there is no "clutser"; did you mean "cluster"? *
-autocli: wrong:7: a NUL byte: this is no text
+autocli: wrong:7: a NUL byte is not allowed
 autocli: 7 lines failed' "$stderr"
     expect 2 '' 'autocli: wrong:1: *' --batch wrong
     wrong '--batch: "none" cannot be read: No such file or directory' --batch none

@@ -66,10 +66,10 @@ TEST(CommandLine, RefusesWhatItCannotTakeAsItIs) {
       {{"-w", "true"}, "Unexpected argument \"true\"; --wait takes no value"},
       {{"-d", "a", "b"}, "Unexpected argument \"b\"; repeat --disks before each of its values"},
       {{"-u", "", "b"},
-       "Unexpected argument \"b\"; --uuid was given \"\"; a value with blanks stands in quotes"},
+       "Unexpected argument \"b\"; --uuid was given \"\"; quote a value that contains blanks"},
       {{"--uuid", "--level", "3"},
-       "Unexpected argument \"3\"; --uuid was given \"--level\"; a value with blanks stands in "
-       "quotes"},
+       "Unexpected argument \"3\"; --uuid was given \"--level\"; quote a value that contains "
+       "blanks"},
       {{"--wait=tr=ue", "-uX"}, "--wait takes no value, but was given \"tr=ue\""},
       {{"-"}, "Unexpected argument \"-\"; " + all},
       {{"-wx"}, "Unknown option \"-x\" in \"-wx\"; " + all},
@@ -88,7 +88,7 @@ TEST(CommandLine, RefusesWhatItCannotTakeAsItIs) {
   };
   for (const auto& [words, expected] : cases) EXPECT_EQ(Parse(*spec, words), expected);
   EXPECT_EQ(Parse(*InputSpec::New(), {"-x"}),
-            "Unknown option \"-x\"; there are no options here but the program's own");
+            "Unknown option \"-x\"; this command has no options of its own");
 }
 
 }  // namespace
