@@ -18,7 +18,6 @@
 #include "clitools/Candidates.h"
 #include "clitools/Display.h"
 #include "clitools/Help.h"
-#include "clitools/UsageError.h"
 #include "clitools/Words.h"
 
 namespace AutoCliProgram {

@@ -34,7 +34,7 @@ using Member = std::variant<bool Options::*, std::string Options::*>;
 
 struct Option {
   const char* name;
-  const char* letter;  ///< empty if there is none
+  const char* letter;  ///< empty: none
   const char* value;   ///< the placeholder of its value; empty for a flag
   Use use;
   Member member;

@@ -139,7 +139,7 @@ bool IsConfirmed(const Command& command, const std::string& consequence) {
   return answer == 'y' || answer == 'Y';
 }
 
-/// Runs the command. Throws `HostError`, as `PluginError` for any other exception of the command.
+/// Runs the command. Throws `HostError`; any other exception of the command becomes `PluginError`.
 void Execute(Command& command, const Call& call,
              const std::shared_ptr<CliTools::CallSpec::Output>& output) {
   const std::string path = CliTools::Printable(CliTools::PathOf(command));
@@ -223,8 +223,8 @@ ExitStatus RunCommandLine(CommandTree& tree, const Options& options) {
   if (command != nullptr) {
     return RunCommand(*command, PrepareCall(*command, *input, target.arguments, options), options);
   }
-  const Options behind = ReadOptions(target.arguments, options);
-  if (!behind.fault.empty()) throw UsageError(behind.fault);
+  const std::string fault = ReadOptions(target.arguments, options).fault;
+  if (!fault.empty()) throw UsageError(fault);
   RefuseMissingCommand(*target.node);
 }
 

@@ -30,7 +30,7 @@ StructPtr MakeRecord(const char* name, std::initializer_list<RecordField> fields
 
 struct ParameterRow {
   const char* name;
-  const char* letter;  ///< empty if there is none
+  const char* letter;  ///< empty: none
   ParameterType type;
   Need need;
   const char* description;
@@ -55,7 +55,7 @@ struct RecordList {
 struct CommandRow {
   const char* path;
   const char* description;
-  const char* examples = nullptr;  ///< "# PURPOSE" and a command line, in turn
+  const char* examples = "";  ///< "# PURPOSE" and a command line, in turn
   std::initializer_list<ParameterRow> parameters = {};
   std::variant<std::monostate, HostChange, LabChange, RecordList> work = {};
   const char* failure = nullptr;  ///< the beginning of a refusal's message

@@ -1,8 +1,8 @@
-# bash completion for autocli; for an alias of it as well: complete -F _autocli ALIAS
+# bash completion for autocli; for an alias: complete -F _autocli ALIAS
 #
-# autocli takes the line apart as it was typed, so that no quotes have to be undone here. bash breaks
-# words at ":" and "=" too, and wants only what follows the last break. Variables that are set before
-# the command it keeps to itself: name another lab with --lab.
+# autocli parses the line as it was typed, so the script removes no quotes. bash also breaks words at
+# ":" and "=", and expects only the part after the last break. It hides the variables that are assigned
+# before the command, so another lab must be named with --lab.
 _autocli() {
     local LC_ALL=C program=$1 line word what typed kept='' quote='' item
     local breaks=${COMP_WORDBREAKS//[^:=]/} current=${COMP_WORDS[COMP_CWORD]}
@@ -36,11 +36,8 @@ _autocli() {
         [[ $word =~ ^[0-9a-f-]{36}$ && $what ]] && item+="  ($what)"
         items+=("$item")
     done < <("${program/#\~\//$HOME/}" --complete "$line" 2>/dev/null)
-    # A list is only shown, so it can tell what each UUID is.
-    case ${COMP_TYPE-}/${#words[@]} in
-    */1) COMPREPLY=("${words[@]}") ;;
-    33/* | 63/* | 64/*) COMPREPLY=("${items[@]}") ;;
-    *) COMPREPLY=("${words[@]}") ;;
-    esac
+    COMPREPLY=("${words[@]}")
+    # A list is only shown, so it can describe UUIDs.
+    ((${#words[@]} == 1)) || [[ ${COMP_TYPE-} != @(33|63|64) ]] || COMPREPLY=("${items[@]}")
 }
 complete -F _autocli autocli

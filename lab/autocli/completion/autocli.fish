@@ -1,6 +1,6 @@
 # fish completion for autocli
 #
-# autocli takes the line apart as it was typed, so that no quotes have to be undone here.
+# autocli parses the line as it was typed, so the script removes no quotes.
 function __autocli_complete
     set -l program (string match -v -r '^[A-Za-z_]\w*=' -- (commandline -opc))[1]
     set program (string replace -r '^~/' "$HOME/" -- $program)
