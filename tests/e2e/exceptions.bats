@@ -6,7 +6,8 @@ load common
     before=$(autocli --formatter json lab host list)
     plugin="the plug-in \"$FAULTY_PLUGINS/libfaulty_plugin.so\""
     while IFS='|' read -r fault error; do
-        FAULT=$fault expect 3 '' "autocli: $error" --plugin-dir "$FAULTY_PLUGINS" odd
+        FAULT=$fault expect 3 '' "autocli: standard input:1: $error"$'\n'"autocli: standard input:2: $error"$'\nautocli: 2 lines failed' \
+            --plugin-dir "$FAULTY_PLUGINS" --keep-going --batch - <<<$'odd\nodd'
         same "$before" "$(autocli --formatter json lab host list)"
     done <<EOF
 throws an error|$plugin is broken: "odd" threw "an error\\nof its own"
