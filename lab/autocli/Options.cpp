@@ -4,6 +4,7 @@
 #include <variant>
 
 #include "baselibs/Environment.h"
+#include "baselibs/Strings.h"
 #include "clitools/CommandLine.h"
 #include "clitools/Format.h"
 #include "clitools/Help.h"
@@ -173,18 +174,17 @@ Options TakeOptions(const Input& given, Options options) {
 }
 
 std::string TaskOf(const Options& options) {
-  std::string task;
+  Strings tasks;
   for (const Option& option : kOptions) {
     if (!IsGiven(option, options)) continue;
-    const std::string name = std::string("--") + option.name;
+    std::string name = std::string("--") + option.name;
     if (option.use == Use::kBatch && options.batch.empty()) {
       throw UsageError(name + " goes with --batch");
     }
-    if (option.use != Use::kTask) continue;
-    if (!task.empty()) throw UsageError(task + " and " + name + " do not go together");
-    task = name;
+    if (option.use == Use::kTask) tasks.push_back(std::move(name));
   }
-  return task;
+  if (tasks.size() > 1) throw UsageError(BaseLibs::Join(tasks, " and ") + " do not go together");
+  return tasks.empty() ? "" : tasks.front();
 }
 
 std::shared_ptr<InputSpec> OptionsSpec() {

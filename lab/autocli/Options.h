@@ -56,8 +56,8 @@ std::size_t CountOptionWords(std::span<const std::string> words);
 /// the result holds the others and a `fault`.
 Options ReadOptions(const std::vector<std::string>& arguments, const Options& defaults);
 
-/// Returns `defaults` with the options that were given. Throws `UsageError` for an empty value.
-Options TakeOptions(const CliTools::CallSpec::Input& given, Options defaults);
+/// Returns `options` with those that are given on top. Throws `UsageError` for an empty value.
+Options TakeOptions(const CliTools::CallSpec::Input& given, Options options);
 
 /// Returns the option that replaces a command, such as "--list"; empty when none is given. Throws
 /// `UsageError` for two of them, and for a --batch option without --batch.
