@@ -6,8 +6,10 @@
 #include <utility>
 
 #include "autocli/Program.h"
+#include "corectl/rules/Addresses.h"
 #include "corectl/rules/Disks.h"
 #include "corectl/session/Session.h"
+#include "corectl/values/TrafficTypes.h"
 
 namespace AutoCliProgram {
 
@@ -17,17 +19,12 @@ using Lab::DatastoreRow;
 using Lab::DiskRow;
 using Lab::FaultRow;
 using Lab::HostRow;
-using Lab::InterfaceRow;
 using Lab::MemberRow;
 using Lab::Store;
 
 namespace {
 
 using Candidates = std::vector<Candidate>;
-
-std::string NoDescription(const auto&) {
-  return {};
-}
 
 /// Returns a candidate for each row with a value.
 template <auto kText, auto kDescription, class Row>
@@ -48,11 +45,6 @@ Candidates Hosts(Store& store, const HostRow&) {
 template <auto kText, auto kDescription>
 Candidates Agents(Store& store, const HostRow& host) {
   return Collect<kText, kDescription>(store.List<AgentRow>(host.id));
-}
-
-Candidates Interfaces(Store& store, const HostRow& host) {
-  return Collect<&InterfaceRow::name, NoDescription<InterfaceRow>>(
-      store.List<InterfaceRow>(host.id));
 }
 
 Candidates Datastores(Store& store, const HostRow& host) {
@@ -111,17 +103,17 @@ bool IsEmptyCapacity(const DiskRow& disk) {
   return !disk.IsClaimed() && disk.IsCapacityKind();
 }
 
-Candidates EvacuationModes() {
+template <auto& kNames>
+Candidates Constants() {
   Candidates candidates;
-  for (const std::string_view mode : Lab::kEvacuationModes) {
-    candidates.push_back({std::string(mode), ""});
-    candidates.back().text.front() += 'a' - 'A';  // as the commands take it
-  }
+  for (const auto& name : kNames) candidates.push_back({std::string(name), ""});
   return candidates;
 }
 
-Candidates TrafficTypes() {
-  return {{"dovra", ""}, {"witness", ""}};
+Candidates EvacuationModes() {
+  Candidates candidates = Constants<Lab::kEvacuationModes>();
+  for (Candidate& mode : candidates) mode.text.front() += 'a' - 'A';  // as the commands take it
+  return candidates;
 }
 
 /// One list; a constant one needs no lab.
@@ -137,7 +129,7 @@ constexpr ValueList kLists[] = {
     {"fault-domains", Hosts<&HostRow::faultDomain, &HostRow::name>},
     {"clusters", Clusters},
     {"datastores", Datastores},
-    {"interfaces", Interfaces},
+    {"interfaces", nullptr, Constants<Lab::kInterfaces>},
     {"agent-uuids", Agents<&AgentRow::nodeUuid, &AgentRow::address>},
     {"agent-addresses", Agents<&AgentRow::address, &AgentRow::nodeUuid>},
     {"disks", Disks<IsAny>},
@@ -149,7 +141,7 @@ constexpr ValueList kLists[] = {
     {"claimed-disk-uuids", Disks<&DiskRow::IsClaimed, &DiskRow::uuid, &DiskRow::device>},
     {"fault-messages", FaultMessages},
     {"evacuation-modes", nullptr, EvacuationModes},
-    {"traffic-types", nullptr, TrafficTypes},
+    {"traffic-types", nullptr, Constants<Lab::kTrafficTypes>},
 };
 
 }  // namespace

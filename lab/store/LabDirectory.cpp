@@ -38,7 +38,7 @@ class Descriptor {
   int number_;
 };
 
-/// Makes the directory, and those above it as far as they are missing.
+/// Makes the directory and its missing parents.
 void MakeDirectory(const fs::path& directory) {
   if (fs::exists(directory)) return;
   const fs::path parent = directory.parent_path();
@@ -47,12 +47,12 @@ void MakeDirectory(const fs::path& directory) {
   SyncDirectory(parent);
 }
 
-/// Whether the directory is empty, holds a store, or what is left of the making of one.
+/// Whether the directory is empty or holds a store, or a draft of one.
 bool MayBeLab(const fs::path& directory) {
   std::set<std::string> names;
   for (const auto& entry : fs::directory_iterator(directory)) names.insert(entry.path().filename());
   if (names.contains(kStoreFile)) return true;
-  // A loss of power may leave the journal of a draft that is gone.
+  // After a loss of power, the journal of a draft may outlive the draft.
   names.erase(std::string(kStoreDraft) + "-journal");
   if (fs::is_regular_file(fs::symlink_status(directory / kStoreDraft))) {
     names.erase(kStoreDraft);
@@ -103,7 +103,7 @@ void RequireOwn(fs::path base, const fs::path& below) {
 
 void SyncDirectory(const fs::path& directory) {
   const Descriptor descriptor(directory.empty() ? "." : directory, O_RDONLY | O_DIRECTORY);
-  // Some file systems have no directories that could be synced; theirs are as safe as they get.
+  // EINVAL: the file system cannot sync directories.
   if (fsync(descriptor.Get()) != 0 && errno != EINVAL) Fail("cannot sync", directory);
 }
 

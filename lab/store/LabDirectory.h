@@ -1,4 +1,5 @@
 // A lab's directory, apart from SQLite: what may become a lab, who may use one, durable files.
+// Errors are thrown as `filesystem_error` where no other exception is named.
 #pragma once
 
 #include <sys/types.h>
@@ -8,15 +9,15 @@
 
 namespace Lab {
 
-/// What a lab's directory holds: the store, and the hosts' files.
+// A lab's directory holds the store, its journal, and the hosts' files.
 inline constexpr const char* kStoreFile = "lab.db";
 inline constexpr const char* kStoreJournal = "lab.db-journal";
 inline constexpr const char* kHostsDirectory = "hosts";
 
-/// The store in the making. It gets its own name when it is complete.
+/// The store until it is complete.
 inline constexpr const char* kStoreDraft = "lab.db.new";
 
-/// Makes the directory if it is not there. Throws `HostError` when it holds something and is no
+/// Makes the directory if it does not exist. Throws `HostError` when it holds other files and no
 /// lab.
 void PrepareLabDirectory(const std::filesystem::path& directory);
 
@@ -27,16 +28,15 @@ void RequireOwn(const std::filesystem::path& path);
 /// The same for each component of `below`, a path relative to `base`; `base` itself is not judged.
 void RequireOwn(std::filesystem::path base, const std::filesystem::path& below);
 
-/// Makes the directory's entries outlast a loss of power. Throws `filesystem_error`.
+/// Makes the directory's entries durable.
 void SyncDirectory(const std::filesystem::path& directory);
 
-/// Creates and writes a file that does not exist yet, with `mode` as the umask restricts it.
-/// `isSynced` makes its content outlast a loss of power. Throws `filesystem_error`.
+/// Creates and writes a file that does not exist yet. `mode` is subject to the umask; `isSynced`
+/// makes the content durable.
 void WriteNewFile(const std::filesystem::path& path, const std::string& content, mode_t mode = 0666,
                   bool isSynced = true);
 
-/// Makes all outlast a loss of power that is on the directory's file system: for many new files and
-/// directories far quicker than one by one. Throws `filesystem_error`.
+/// Makes everything on the directory's file system durable: far quicker than many single syncs.
 void SyncAll(const std::filesystem::path& directory);
 
 }  // namespace Lab

@@ -6,7 +6,7 @@
 
 namespace Lab {
 
-/// The lab as such: one row.
+/// The lab itself: one row.
 struct LabRow {
   std::string uuid;
 };
@@ -26,17 +26,12 @@ struct HostRow {
   std::string name;
   std::string uuid;
   std::int64_t apiVersion = 2;  ///< 1: a control library without `DovraInfo2`
-  std::string faultDomain;      ///< empty: none
+  std::string faultDomain;      ///< empty if none
   bool autoClaim = false;
   bool enteringMaintenance = false;
   std::int64_t resyncThrottle = 0;  ///< Mbps
-  std::int64_t resyncDemand = 0;    ///< what resync would use unthrottled, Mbps
-  std::int64_t networkGroup = 0;    ///< hosts reach those of the same group only
-};
-
-struct InterfaceRow {
-  std::int64_t host = 0;
-  std::string name;
+  std::int64_t resyncDemand = 0;    ///< bandwidth used without a throttle, Mbps
+  std::int64_t networkGroup = 0;    ///< a host reaches only the hosts of its group
 };
 
 struct ClusterRow {
@@ -48,13 +43,13 @@ struct ClusterRow {
   std::int64_t generationTime = 0;  ///< milliseconds since the epoch
 };
 
-/// A host's part in a cluster. It is persisted as long as the row stands, and in effect while
-/// `running` is set.
+/// A host's membership of a cluster: persisted as long as the row exists, in effect while
+/// `running`.
 struct MemberRow {
   std::int64_t host = 0;
   std::string cluster;
   bool witness = false;
-  std::string preferredFaultDomain;  ///< a witness's only
+  std::string preferredFaultDomain;  ///< of a witness
   bool running = false;
   std::int64_t joinOrder = 0;  ///< grows in the order in which members came to run
 };
@@ -74,11 +69,11 @@ struct AgentRow {
   bool supportsUnicast = false;
   std::string address;
   std::int64_t port = 0;
-  std::string boundInterface;  ///< empty: none
+  std::string boundInterface;  ///< empty if none
 };
 
-/// An interface of the storage network. It is persisted as long as the row stands, and in effect
-/// while `running` is set.
+/// An interface of the storage network: persisted as long as the row exists, in effect while
+/// `running`.
 struct KnicRow {
   std::int64_t host = 0;
   std::string name;
@@ -104,7 +99,7 @@ struct DiskRow {
   std::string groupName;
   std::string checksum;
   std::int64_t formatVersion = 0;
-  // Together, since listings hold many thousands of rows.
+  // The flags stand together to save padding: a listing holds thousands of rows.
   bool flash = false;
   bool capacityTag = false;  ///< flash that serves as a capacity disk
   bool mounted = false;
@@ -131,14 +126,14 @@ struct PolicyRow {
   std::string policy;
 };
 
-/// Calls of an operation of the control library that are to fail.
+/// An injected fault: makes calls of an operation of the control library fail.
 struct FaultRow {
   std::int64_t id = 0;
   std::int64_t host = 0;
   std::string operation;
   std::string message;
-  std::int64_t passes = 0;     ///< calls that are let through first
-  std::int64_t remaining = 0;  ///< calls that fail then
+  std::int64_t passes = 0;     ///< calls that succeed first
+  std::int64_t remaining = 0;  ///< calls that then fail
 };
 
 }  // namespace Lab

@@ -51,19 +51,6 @@ struct Table<HostRow> {
 };
 
 template <>
-struct Table<InterfaceRow> {
-  static constexpr const char* kName = "interfaces";
-  static constexpr const char* kKey = "host, name";
-  static constexpr const char* kOwner = "host";
-  static constexpr const char* kOrder = "name";
-  static constexpr const char* kRules = ", FOREIGN KEY (host) REFERENCES hosts ON DELETE CASCADE";
-  static void Visit(auto& row, auto&& column) {
-    column("host", row.host);
-    column("name", row.name);
-  }
-};
-
-template <>
 struct Table<ClusterRow> {
   static constexpr const char* kName = "clusters";
   static constexpr const char* kKey = "uuid";
@@ -138,8 +125,7 @@ struct Table<KnicRow> {
   static constexpr const char* kKey = "host, name";
   static constexpr const char* kOwner = "host";
   static constexpr const char* kOrder = "name";
-  static constexpr const char* kRules =
-      ", FOREIGN KEY (host, name) REFERENCES interfaces ON DELETE CASCADE";
+  static constexpr const char* kRules = ", FOREIGN KEY (host) REFERENCES hosts ON DELETE CASCADE";
   static void Visit(auto& row, auto&& column) {
     column("host", row.host);
     column("name", row.name);
@@ -219,11 +205,10 @@ struct Table<FaultRow> {
 
 /// Returns the statements that make all tables.
 inline std::string CreateTables() {
-  return CreateStatement<LabRow>() + CreateStatement<HostRow>() + CreateStatement<InterfaceRow>() +
-         CreateStatement<ClusterRow>() + CreateStatement<MemberRow>() +
-         CreateStatement<DatastoreRow>() + CreateStatement<AgentRow>() +
-         CreateStatement<KnicRow>() + CreateStatement<DiskRow>() + CreateStatement<PolicyRow>() +
-         CreateStatement<FaultRow>();
+  return CreateStatement<LabRow>() + CreateStatement<HostRow>() + CreateStatement<ClusterRow>() +
+         CreateStatement<MemberRow>() + CreateStatement<DatastoreRow>() +
+         CreateStatement<AgentRow>() + CreateStatement<KnicRow>() + CreateStatement<DiskRow>() +
+         CreateStatement<PolicyRow>() + CreateStatement<FaultRow>();
 }
 
 }  // namespace Lab

@@ -16,18 +16,16 @@ using BaseLibs::HostError;
 
 namespace {
 
-// Whoever waits for others looks again after a pause that never grows: with growing pauses the
-// store lies idle while all sleep, and those who came last overtake those who have waited longest.
+// Poll at a fixed interval. Growing delays leave the store idle and starve the longest waiters.
 constexpr std::chrono::microseconds kPause(1000);
-// One who is about to commit waits for readers, who stay for a moment, and all others for him.
+// A commit waits for readers, which are quick, while all other writers wait for the commit.
 constexpr std::chrono::microseconds kPauseForReaders(100);
-// Long enough for any queue of commands; whoever waits longer has met a process that hangs.
+// Longer than any queue of commands takes: assume that the lock's holder hangs.
 constexpr std::chrono::seconds kLongestWait(60);
 
 std::atomic<const char*> waitsFor = "";
 
-/// Spares SQLite its locks and its count of memory in use. Must be called before SQLite is first
-/// used, and has no effect later.
+/// Spares SQLite its locks and its count of memory in use. Works only before SQLite is first used.
 void Configure() {
   static bool isConfigured = false;
   if (std::exchange(isConfigured, true)) return;
@@ -35,7 +33,7 @@ void Configure() {
   sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
 }
 
-/// What went wrong, and where the system refused to open, read or write, why it did.
+/// Returns SQLite's message and, when a file cannot be opened, read or written, the system's.
 std::string Reason(sqlite3* handle) {
   std::string reason = sqlite3_errmsg(handle);
   const int code = sqlite3_errcode(handle) & 0xFF;
@@ -51,7 +49,7 @@ std::string Reason(sqlite3* handle) {
     case SQLITE_NOTADB:
       throw HostError("\"" + store + "\" is not a lab's store");
     case SQLITE_CORRUPT:
-    case SQLITE_CONSTRAINT:  // no rule of the lab's lets it come to that
+    case SQLITE_CONSTRAINT:  // the rules refuse before a constraint fails
       throw HostError("the lab's store \"" + store + "\" is damaged: " + sqlite3_errmsg(handle));
     case SQLITE_BUSY:
       throw HostError("the lab's store \"" + store + "\" is held by another process");
@@ -64,10 +62,11 @@ std::string Reason(sqlite3* handle) {
   }
 }
 
-sqlite3* Open(const std::string& path) {
+sqlite3* Open(const std::string& path, Mode mode) {
   Configure();
   sqlite3* handle = nullptr;
-  if (sqlite3_open_v2(path.c_str(), &handle, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX,
+  const int create = mode == Mode::kCreate ? SQLITE_OPEN_CREATE : 0;
+  if (sqlite3_open_v2(path.c_str(), &handle, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | create,
                       nullptr) != SQLITE_OK) {
     const std::string reason = Reason(handle);
     sqlite3_close(handle);
@@ -142,8 +141,7 @@ std::size_t Database::LongestPath() {
   return static_cast<std::size_t>(sqlite3_vfs_find(nullptr)->mxPathname) - kSuffix.size();
 }
 
-// It is closed by the destructor if what follows the opening fails.
-Database::Database(const std::string& path, Journal journal) : Database(Open(path), journal) {
+Database::Database(const std::string& path, Mode mode) : Database(Open(path, mode), mode) {
   sqlite3_busy_handler(handle_, WaitForOthers, this);
   sqlite3_db_config(handle_, SQLITE_DBCONFIG_ENABLE_FKEY, 1, nullptr);
 }
@@ -166,7 +164,7 @@ bool Database::Renew(const std::filesystem::path& path) {
   sqlite3_db_release_memory(handle_);
   int hasMoved = 0;
   sqlite3_file_control(handle_, "main", SQLITE_FCNTL_HAS_MOVED, &hasMoved);
-  // SQLite looks behind the symlinks that were on the way to the file.
+  // SQLite names the file without the symlinks on its path, which may lead elsewhere by now.
   std::error_code ignored;
   return hasMoved == 0 &&
          std::filesystem::equivalent(path, sqlite3_db_filename(handle_, "main"), ignored) &&
@@ -178,9 +176,8 @@ void Database::BeginToRead() {
 }
 
 void Database::BeginToWrite() {
-  // Here and not when it is opened, because most commands write nothing. A journal that is kept is
-  // overwritten and synced to end it; one that is deleted wants its directory synced, too.
-  Run(journal_ == Journal::kKept ? "PRAGMA journal_mode = PERSIST" : "PRAGMA synchronous = EXTRA");
+  // Not on opening, since most commands only read. EXTRA syncs the directory of a deleted journal.
+  Run(mode_ == Mode::kOpen ? "PRAGMA journal_mode = PERSIST" : "PRAGMA synchronous = EXTRA");
   Run("BEGIN IMMEDIATE");
 }
 

@@ -1,4 +1,5 @@
-// SQLite with C++ lifetimes. Every failure of the database is thrown as `HostError`.
+// SQLite with C++ lifetimes. Every failure is thrown as `HostError`. SQLite runs without locks:
+// only one thread of the process may use this file, but for `WaitsFor`.
 #pragma once
 
 #include <chrono>
@@ -13,7 +14,7 @@ struct sqlite3_stmt;
 
 namespace Lab {
 
-/// A statement while it runs: bound, stepped, and free for its next use when this object ends.
+/// A running statement. Its destructor resets it for the next use.
 class Query {
  public:
   /// Binds `values` to the statement's parameters, in order.
@@ -29,12 +30,12 @@ class Query {
   void Bind(std::int64_t value);
   void Bind(std::string_view value);
 
-  /// Moves to the next row; false after the last one.
+  /// Moves to the next row. False after the last row.
   bool Step();
 
   std::int64_t Int(int column) const;
   std::string Text(int column) const;
-  /// The same into a value of the column's type.
+  // By the type of the value.
   void Read(int column, std::int64_t& value) const { value = Int(column); }
   void Read(int column, bool& value) const { value = Int(column) != 0; }
   void Read(int column, std::string& value) const { value = Text(column); }
@@ -44,25 +45,22 @@ class Query {
   int index_ = 0;
 };
 
-/// What the process waits for at this moment, to be shown to somebody who waits with it; empty if
-/// it does not wait. May be called at any time, also by a signal's handler.
+/// Returns what the process waits for; empty if it does not wait. Safe in a signal handler.
 const char* WaitsFor();
 
-/// What becomes of the journal with whose end a change is committed. Either way it is sure then to
-/// outlast a loss of power.
-enum class Journal {
-  kDeleted,  ///< nothing is left beside the file
-  kKept,     ///< takes less time: the file system has no file to make and to delete for each change
+enum class Mode {
+  kCreate,  ///< creates the file if it does not exist, and deletes the journal after each change
+  kOpen,    ///< opens an existing file, and keeps the journal: faster changes
 };
 
-/// A connection. Statements are compiled once and kept.
+/// A connection that keeps its compiled statements.
 class Database {
  public:
-  /// In bytes.
+  /// Returns the length of the longest path that can be opened, in bytes.
   static std::size_t LongestPath();
 
-  /// Opens an existing file. One that may not be written can be read.
-  Database(const std::string& path, Journal journal);
+  /// A file that cannot be written is opened for reading only.
+  Database(const std::string& path, Mode mode);
   ~Database();
   Database(const Database&) = delete;
   Database& operator=(const Database&) = delete;
@@ -79,30 +77,29 @@ class Database {
     Prepare(sql, values...).Step();
   }
 
-  /// Throws the `HostError` of a file whose contents contradict each other.
+  /// Throws `HostError`: the file is damaged.
   [[noreturn]] void FailDamaged(const std::string& what) const;
 
-  /// Runs several statements at once, none of them with values.
+  /// Runs several statements without parameters.
   void Execute(const std::string& sql);
 
-  /// Forgets what was read of the file, which may have been overwritten by another program than
-  /// SQLite. False if it has to be opened anew: another file is at `path`, where this one was
-  /// opened, it could only be read, or a transaction could not be ended.
+  /// Drops the page cache, since programs other than SQLite may have written the file. False when
+  /// the file must be opened anew: another file is at `path`, the file was opened for reading only,
+  /// or a transaction could not be ended.
   bool Renew(const std::filesystem::path& path);
 
-  /// Begins a transaction that only reads.
   void BeginToRead();
-  /// Begins one that may write. It waits for others here: one that has read cannot be overtaken.
+  /// Waits for other writers first, so that what the transaction reads stays true until it writes.
   void BeginToWrite();
   bool IsInTransaction() const;
 
  private:
-  Database(sqlite3* handle, Journal journal) : handle_(handle), journal_(journal) {}
+  Database(sqlite3* handle, Mode mode) : handle_(handle), mode_(mode) {}
   static int WaitForOthers(void* self, int pauses);
   sqlite3_stmt* Compile(std::string_view sql);
 
   sqlite3* handle_;
-  Journal journal_;
+  Mode mode_;
   std::chrono::steady_clock::time_point waitsSince_;
   std::map<std::string, sqlite3_stmt*, std::less<>> statements_;
 };

@@ -21,7 +21,7 @@ std::int64_t ReadPragma(Database& database, const char* pragma) {
 
 }  // namespace
 
-// SQLite takes some relative paths for something else.
+// Absolute, because SQLite parses a relative "file:..." as a URI.
 Store::Store(const fs::path& directory, const NewLab& newLab)
     : directory_(fs::absolute(directory)) {
   if ((directory_ / kStoreDraft).native().size() > Database::LongestPath()) {
@@ -33,7 +33,7 @@ Store::Store(const fs::path& directory, const NewLab& newLab)
   if (isNew) PrepareLabDirectory(directory_);
   RequireTrust();
   if (isNew) Make(newLab);
-  database_.emplace(GetFile().string(), Journal::kKept);
+  database_.emplace(GetFile().string(), Mode::kOpen);
   Check();
 }
 
@@ -67,7 +67,7 @@ void Store::Check() {
                     std::to_string(version) + "; this one knows " + std::to_string(kSchemaVersion) +
                     ")");
   }
-  // SQLite takes a page that is cut off for one that ends in zeros.
+  // SQLite reads a truncated page as one that ends in zeros.
   const auto pageSize = static_cast<std::uintmax_t>(ReadPragma(*database_, "PRAGMA page_size"));
   if (pageSize == 0 || fs::file_size(file) % pageSize != 0) {
     throw HostError("the lab's store \"" + file.string() + "\" is damaged: its end is missing");
@@ -76,24 +76,16 @@ void Store::Check() {
 }
 
 void Store::Make(const NewLab& newLab) {
-  // Made complete under another name and then given its own, so that nobody ever sees half a store.
-  // Each step is taken by whoever holds the draft, if nobody else has taken it yet: it does not
-  // matter how many processes make the store, or at which point one of them dies.
+  // The store is completed as a draft and then renamed, so that no process sees half a store. Each
+  // step is a transaction on the draft, so that several processes may make the store, or die
+  // meanwhile.
   const std::string draft = directory_ / kStoreDraft;
-  try {
-    WriteNewFile(draft, "");  // SQLite would make it for fewer people than the umask lets
-  } catch (const fs::filesystem_error& error) {
-    if (error.code() != std::errc::file_exists) {
-      throw HostError("the lab's directory \"" + directory_.string() +
-                      "\" cannot be used: " + error.code().message());
-    }
-  }
   RequireOwn(draft);
   try {
-    database_.emplace(draft, Journal::kDeleted);
+    database_.emplace(draft, Mode::kCreate);
     while (!TakeStep(newLab)) continue;
   } catch (const HostError&) {
-    // A draft that was begun late is taken away under its maker's hands.
+    // Another process may have finished the store and removed our draft.
     if (!fs::exists(GetFile())) throw;
   }
   database_.reset();
@@ -104,7 +96,7 @@ bool Store::TakeStep(const NewLab& newLab) {
   Transaction transaction(*this, Transaction::Kind::kWrite);
   std::error_code error;
   if (fs::exists(fs::symlink_status(file))) {
-    // If there is a draft, it was begun when the store had its name already.
+    // A draft that still exists was begun after the store was complete.
     fs::remove(directory_ / kStoreDraft, error);
     return true;
   }
@@ -176,7 +168,7 @@ Store::Transaction::~Transaction() {
   if (!database_.IsInTransaction()) return;
   try {
     database_.Run("ROLLBACK");
-  } catch (const HostError&) {  // then the next one to open the store undoes it
+  } catch (const HostError&) {  // the next process that opens the store rolls it back
   }
 }
 

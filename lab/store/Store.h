@@ -1,5 +1,5 @@
 // The lab's store: one SQLite file that holds all hosts and clusters of a lab. It keeps rows and
-// their integrity; what may be done to them is decided by those who call it.
+// their integrity; its callers decide what may be done to them.
 #pragma once
 
 #include <cstdint>
@@ -18,38 +18,37 @@ namespace Lab {
 
 class Store;
 
-/// What a new lab is to hold besides its tables.
+/// Completes a new lab.
 struct NewLab {
-  std::function<void(Store&)> fill;    ///< makes the first hosts
-  std::function<void(Store&)> settle;  ///< what is left to do once they are sure to be there
+  std::function<void(Store&)> fill;    ///< adds the first host
+  std::function<void(Store&)> settle;  ///< runs when the host is committed
 };
 
 class Store {
  public:
-  /// Opens the lab in `directory`, which is made if it is not there yet. Throws `HostError` when
-  /// the directory or what is in it cannot serve as a lab; nothing is changed then.
+  /// Opens the lab in `directory`, and makes it first if it does not exist. Throws `HostError`, and
+  /// changes nothing, when the directory or its contents are no lab and cannot become one.
   Store(const std::filesystem::path& directory, const NewLab& newLab);
 
-  /// Whether this is still what opening it anew would lead to. Throws `HostError` where that would.
+  /// Whether opening the lab anew would lead to the same file. Throws `HostError` as opening would.
   bool IsCurrent();
 
   const std::filesystem::path& GetDirectory() const { return directory_; }
 
-  /// Throws the `HostError` of a store whose rows contradict each other.
+  /// Throws `HostError`: rows contradict each other.
   [[noreturn]] void FailDamaged(const std::string& what) { database_->FailDamaged(what); }
 
-  /// Writes the row in place of the row with its key, if there is one. Otherwise adds it; an id of
-  /// 0 is replaced by a new one.
+  /// Replaces the row with this key, or adds the row. An id of 0 is replaced by a new one.
   template <class Row>
   void Save(const Row& row) {
     Lab::Save(*database_, row);
   }
-  /// Returns the row with this key, which is as long as `Table<Row>::kKey`.
+  /// Returns the row with this key: a value for each column of `Table<Row>::kKey`.
   template <class Row, class... Key>
   std::optional<Row> Find(const Key&... key) {
     return Lab::Find<Row>(*database_, key...);
   }
-  /// Returns the rows of one owner (`Table<Row>::kOwner`), or all rows, in the order of the table.
+  /// Returns the rows of one owner, or all rows, in the order of `Table<Row>::kOrder`.
   template <class Row, class... Owner>
   std::vector<Row> List(const Owner&... owner) {
     return Lab::List<Row>(*database_, owner...);
@@ -70,7 +69,7 @@ class Store {
     Lab::RemoveAll<Row>(*database_, owner);
   }
 
-  /// Made with the lab, and kept by its copies.
+  /// Returns the UUID that the lab shares with its copies.
   std::string GetLabUuid();
   /// Removes every host and cluster.
   void Clear();
@@ -78,7 +77,7 @@ class Store {
   std::optional<HostRow> FindHost(std::string_view name);
   /// Returns the members of the cluster that the host is in, itself among them.
   std::vector<MemberRow> ListPeers(std::int64_t host);
-  /// Puts every persisted interface into effect, or out of it.
+  /// Puts every persisted interface of the host into effect, or out of it.
   void SetKnicsRunning(std::int64_t host, bool running);
   /// Returns the disks of all hosts that are in use, in the order of their UUIDs.
   std::vector<DiskRow> ListClaimedDisks();
@@ -86,7 +85,7 @@ class Store {
   std::vector<DiskRow> ListGroup(std::int64_t host, std::string_view group);
   std::optional<DiskRow> FindDisk(std::string_view uuid);
 
-  /// A transaction: it is undone unless it is committed.
+  /// A transaction that is rolled back unless it is committed.
   class Transaction {
    public:
     enum class Kind { kRead, kWrite };
@@ -103,10 +102,10 @@ class Store {
  private:
   std::filesystem::path GetFile() const;
   void RequireTrust() const;
-  /// Throws `HostError` if the file that was opened is not a store that can be used.
+  /// Throws `HostError` when the open file is not a usable store.
   void Check();
   void Make(const NewLab& newLab);
-  /// Brings the store in the making one step further; returns whether it was the last.
+  /// Takes the next step in making the store. Returns whether it was the last.
   bool TakeStep(const NewLab& newLab);
 
   std::filesystem::path directory_;

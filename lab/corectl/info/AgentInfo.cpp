@@ -2,22 +2,17 @@
 
 #include "corectl/info/LabInfo.h"
 #include "corectl/rules/Addresses.h"
+#include "corectl/rules/CanonicalUuid.h"
 #include "corectl/rules/Refuse.h"
-#include "platform/corectl/DovraUtil.h"
 #include "store/Uuids.h"
 
 namespace Lab {
 
-using CoreCtl::Dovra::DovraUtil;
 using HostCtl::Dovra::DovraIpAddress;
 
 namespace {
 
 constexpr std::size_t kMaxAgents = 64;  // the hosts of the largest cluster
-
-std::string Canonical(const std::string& uuid) {
-  return DovraUtil::DovraUuidToString(DovraUtil::StringToDovraUuid(uuid));
-}
 
 bool IsAt(const AgentRow& agent, const DovraIpAddress& address, std::int64_t port) {
   return agent.port == port && IsSame(ToAddress(agent.address), address);
@@ -30,7 +25,7 @@ void LabInfo::AddUnicastAgent(const std::string& nodeUuid, bool isWitness, bool 
                               bool hasBoundInterface, const std::string& boundInterface,
                               const std::string&) {
   host_.Change("AddUnicastAgent", [&](Store& store, const HostRow& host) {
-    const AgentRow agent = {0,         host.id,         Canonical(nodeUuid),
+    const AgentRow agent = {0,         host.id,         CanonicalUuid(nodeUuid),
                             isWitness, supportsUnicast, address.GetStringAddress(),
                             port,      boundInterface};
     if (agent.nodeUuid == kNilUuid && !isWitness) Refuse("A node's UUID cannot be the nil UUID.");
@@ -38,7 +33,7 @@ void LabInfo::AddUnicastAgent(const std::string& nodeUuid, bool isWitness, bool 
       Refuse("The address " + agent.address + " is not one of a single host.");
     }
     RequirePort("port", port);
-    if (hasBoundInterface) RequireInterface(store, host, boundInterface);
+    if (hasBoundInterface) RequireInterface(host, boundInterface);
     const auto agents = store.List<AgentRow>(host.id);
     if (agents.size() >= kMaxAgents) {
       Refuse("There can be at most " + std::to_string(kMaxAgents) + " unicast agents.");
@@ -62,7 +57,7 @@ void LabInfo::AddUnicastAgent(const std::string& nodeUuid, bool isWitness, bool 
 bool LabInfo::RemoveUnicastAgent(const std::string& nodeUuid, const DovraIpAddress& address,
                                  std::int32_t port) {
   return host_.Change("RemoveUnicastAgent", [&](Store& store, const HostRow& host) {
-    const std::string uuid = Canonical(nodeUuid);
+    const std::string uuid = CanonicalUuid(nodeUuid);
     const bool isAny = uuid == kNilUuid;
     for (const AgentRow& agent : store.List<AgentRow>(host.id)) {
       if (!IsAt(agent, address, port) || (!isAny && agent.nodeUuid != uuid)) continue;

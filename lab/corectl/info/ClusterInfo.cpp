@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "corectl/info/LabInfo.h"
+#include "corectl/rules/CanonicalUuid.h"
 #include "corectl/rules/Partitions.h"
 #include "corectl/rules/Refuse.h"
 #include "platform/corectl/DovraUtil.h"
@@ -87,9 +88,8 @@ DovraConfigGeneration LabInfo::GetConfigGeneration() {
 }
 
 void LabInfo::CreateCluster(const std::string& uuid, bool, bool) {
-  host_.Change("CreateCluster", [&](Store& store, const HostRow& host) {
-    Found(store, host, DovraUtil::DovraUuidToString(DovraUtil::StringToDovraUuid(uuid)));
-  });
+  host_.Change("CreateCluster",
+               [&](Store& store, const HostRow& host) { Found(store, host, CanonicalUuid(uuid)); });
 }
 
 // In the lab a host has joined when the call returns, so there is nothing to wait for.

@@ -1,6 +1,7 @@
 // A cluster's datastores.
 
 #include "corectl/info/LabInfo.h"
+#include "corectl/rules/CanonicalUuid.h"
 #include "corectl/rules/Partitions.h"
 #include "corectl/rules/Refuse.h"
 #include "platform/corectl/DovraUtil.h"
@@ -17,8 +18,7 @@ constexpr std::size_t kMaxName = 128;  // characters
 
 /// An empty UUID stands for the default datastore.
 DatastoreRow RequireDatastore(Store& store, const HostRow& host, const std::string& uuid) {
-  const std::string canonical =
-      uuid.empty() ? "" : DovraUtil::DovraUuidToString(DovraUtil::StringToDovraUuid(uuid));
+  const std::string canonical = uuid.empty() ? "" : CanonicalUuid(uuid);
   for (DatastoreRow& datastore :
        store.List<DatastoreRow>(RequireRunningMember(store, host).cluster)) {
     if (canonical.empty() ? datastore.isDefault : datastore.uuid == canonical) {
@@ -74,8 +74,7 @@ void LabInfo::SetDatastoreName(const std::string& uuid, const std::string& name)
 
 void LabInfo::AddDatastore(const DovraDatastore& datastore) {
   host_.Change("AddDatastore", [&](Store& store, const HostRow& host) {
-    const std::string uuid =
-        DovraUtil::DovraUuidToString(DovraUtil::StringToDovraUuid(datastore.GetUuid()));
+    const std::string uuid = CanonicalUuid(datastore.GetUuid());
     const std::string cluster = RequireRunningMember(store, host).cluster;
     if (uuid == kNilUuid) Refuse("The nil UUID names no datastore.");
     RequireQuorum(store, host, cluster);

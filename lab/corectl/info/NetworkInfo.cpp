@@ -1,8 +1,10 @@
 // The storage network's interfaces.
 
+#include "baselibs/Strings.h"
 #include "corectl/info/LabInfo.h"
 #include "corectl/rules/Addresses.h"
 #include "corectl/rules/Refuse.h"
+#include "corectl/values/TrafficTypes.h"
 #include "store/Uuids.h"
 
 namespace Lab {
@@ -20,9 +22,10 @@ void RequireMulticast(const char* what, const DovraIpAddress& address) {
 }
 
 bool& Traffic(KnicRow& knic, const std::string& type) {
-  if (type == "dovra") return knic.dovra;
-  if (type == "witness") return knic.witness;
-  Refuse("Unknown traffic type \"" + type + "\"; the types are dovra and witness.");
+  if (type == kDovraTraffic) return knic.dovra;
+  if (type == kWitnessTraffic) return knic.witness;
+  Refuse("Unknown traffic type \"" + type + "\"; the types are " +
+         BaseLibs::Join(kTrafficTypes, " and ") + ".");
 }
 
 }  // namespace
@@ -30,7 +33,7 @@ bool& Traffic(KnicRow& knic, const std::string& type) {
 void LabInfo2::ConfigureKnic(const DovraKnicConfig2& config) {
   host_.Change("ConfigureKnic", [&](Store& store, const HostRow& host) {
     const std::string& name = config.GetKnicName();
-    RequireInterface(store, host, name);
+    RequireInterface(host, name);
     RequireMulticast("agent group's IPv4", config.GetAgentMulticastGroup());
     RequireMulticast("agent group's IPv6", config.GetAgentV6MulticastGroup());
     RequireMulticast("master group's IPv4", config.GetMasterMulticastGroup());
@@ -87,7 +90,7 @@ void LabInfo::RemoveKnic(const std::string& name, bool force, const std::string&
     if (!knic) {
       // General traffic is taken off first: by the time it is the witness's turn, the interface may
       // have gone with it, and that is as good.
-      if (force || trafficType == "witness") return;
+      if (force || trafficType == kWitnessTraffic) return;
       Refuse("Interface \"" + name + "\" is not in the Dovra network configuration.");
     }
     Traffic(*knic, trafficType) = false;

@@ -20,7 +20,9 @@ bool IsSame(const HostCtl::Dovra::DovraIpAddress& one, const HostCtl::Dovra::Dov
 /// Refuses a number outside its range; `what` says in the message what it is.
 void RequireRange(const char* what, std::int64_t value, std::int64_t least, std::int64_t most);
 void RequirePort(const char* what, std::int64_t port);
+/// The interfaces of every host.
+inline constexpr const char* kInterfaces[] = {"knic0", "knic1"};
 /// Refuses an interface that the host does not have.
-void RequireInterface(Store& store, const HostRow& host, const std::string& name);
+void RequireInterface(const HostRow& host, const std::string& name);
 
 }  // namespace Lab

@@ -4,13 +4,11 @@
 #include <map>
 #include <set>
 
+#include "corectl/rules/CanonicalUuid.h"
 #include "corectl/rules/Refuse.h"
-#include "platform/corectl/DovraUtil.h"
 #include "store/Uuids.h"
 
 namespace Lab {
-
-using CoreCtl::Dovra::DovraUtil;
 
 namespace {
 
@@ -165,7 +163,7 @@ DiskRow RequireGroupDisk(Store& store, const HostRow& host, const std::string& s
 }
 
 DiskRow RequireDiskByUuid(Store& store, const HostRow& host, const std::string& uuid) {
-  const std::string canonical = DovraUtil::DovraUuidToString(DovraUtil::StringToDovraUuid(uuid));
+  const std::string canonical = CanonicalUuid(uuid);
   auto disk = store.FindDisk(canonical);
   if (!disk || disk->host != host.id) {
     Refuse("Host " + host.name + " has no disk with UUID " + canonical + ".");

@@ -11,8 +11,6 @@ namespace Lab {
 
 namespace {
 
-constexpr const char* kInterfaces[] = {"knic0", "knic1"};
-
 constexpr struct {
   const char* device;
   bool flash;
@@ -48,7 +46,6 @@ void AddHost(Store& store, const std::string& name, const std::filesystem::path&
   host.uuid = NewUuid();
   store.Save(host);
   host = *store.FindHost(name);
-  for (const char* const interface : kInterfaces) store.Save(InterfaceRow{host.id, interface});
   for (const auto& [device, flash] : kDisks) {
     DiskRow disk;
     disk.host = host.id;

@@ -1,5 +1,6 @@
 #include <utility>
 
+#include "corectl/values/TrafficTypes.h"
 #include "platform/hostctl/DovraCtlException.h"
 #include "platform/hostctl/DovraRecords.h"
 
@@ -45,8 +46,8 @@ DovraKnicConfig2::~DovraKnicConfig2() = default;
 
 void DovraKnicConfig2::GetTrafficTypes(std::vector<std::string>& types) const {
   types.clear();
-  if (carriesDovra) types.emplace_back("dovra");
-  if (carriesWitness) types.emplace_back("witness");
+  if (carriesDovra) types.emplace_back(Lab::kDovraTraffic);
+  if (carriesWitness) types.emplace_back(Lab::kWitnessTraffic);
 }
 
 }  // namespace HostCtl::Dovra
