@@ -8,6 +8,7 @@
 #include <map>
 #include <optional>
 #include <set>
+#include <sstream>
 #include <system_error>
 #include <utility>
 
@@ -23,14 +24,10 @@ using BaseLibs::HostError;
 
 namespace {
 
-/// The file that tells a root that the lab made from other directories beside it.
+/// The file that marks a root that the lab made. It holds the lab's UUID, the host's UUID and name.
 constexpr const char* kMark = ".autocli-host";
 /// Between a file's name and the id of the process that writes its replacement.
 constexpr const char* kDraftInfix = ".new-";
-
-std::string MarkOf(const std::string& lab, const HostRow& host) {
-  return lab + ' ' + host.uuid + ' ' + host.name + '\n';
-}
 
 bool IsRealDirectory(const fs::path& path) {
   std::error_code ignored;
@@ -46,16 +43,13 @@ std::optional<HostRow> OwnerOf(const std::string& lab, const fs::path& root) {
   if (access(file.c_str(), R_OK) != 0) {
     throw fs::filesystem_error("cannot read", file, {errno, std::generic_category()});
   }
-  const std::string mark = BaseLibs::ReadFile(file);
-  const std::size_t uuid = lab.size() + 1, name = uuid + lab.size() + 1;
-  if (mark.size() <= name) return {};
+  std::istringstream mark(BaseLibs::ReadFile(file));
+  std::string itsLab;
   HostRow host;
-  host.uuid = mark.substr(uuid, lab.size());
-  host.name = mark.substr(name, mark.size() - name - 1);
-  const std::string called = root.filename();
-  const bool isItsName =
-      called == host.name || called == '.' + host.name || called == '.' + host.uuid;
-  if (!isItsName || mark != MarkOf(lab, host)) return {};
+  mark >> itsLab >> host.uuid >> host.name;
+  const std::string name = root.filename();
+  const bool isItsName = name == host.name || name == '.' + host.name || name == '.' + host.uuid;
+  if (!mark || itsLab != lab || !isItsName) return {};
   return host;
 }
 
@@ -64,9 +58,9 @@ fs::path HiddenRootOf(const fs::path& hosts, const HostRow& host) {
   return hosts / ("." + host.uuid);
 }
 
-/// Deletes the root of a removed host. Its name goes first: a program of the host that is still
-/// running finds no directory to write to. The mark goes last: what a killed process or a loss of
-/// power leaves of the root is still known as the lab's.
+/// Deletes the root of a removed host. It is renamed first, so that a running program of the host
+/// finds no directory to write to. The mark goes last, so that the rest of an interrupted deletion
+/// is known as the lab's.
 void DeleteRoot(const fs::path& root, const HostRow& host) {
   RequireOwn(root);
   const fs::path gone = HiddenRootOf(root.parent_path(), host);
@@ -94,8 +88,8 @@ std::string Reason(const fs::filesystem_error& error) {
   return "\"" + error.path1().string() + "\": " + error.code().message();
 }
 
-/// Deletes a directory if it is what a killed process left of a root before it wrote the mark, or
-/// after it deleted the mark: empty, or with an empty mark, and called as a root is then.
+/// Deletes what a killed process left of a root before it wrote the mark, or after it deleted the
+/// mark: a directory with a root's hidden name that is empty but for an empty mark.
 void ClearUnmarked(const fs::path& path) {
   const std::string name = path.filename().string().substr(1);
   if (!IsRealDirectory(path) || !(IsUuid(name) || IsHostName(name))) return;
@@ -172,7 +166,7 @@ void MakeRoot(Store& store, const HostRow& host, const fs::path& files) {
     if (!OwnerOf(lab, root)) RequireFree(root);
     const fs::path draft = HiddenRootOf(hosts, host);
     fs::create_directory(draft);
-    WriteNewFile(draft / kMark, MarkOf(lab, host), 0666, false);
+    WriteNewFile(draft / kMark, lab + ' ' + host.uuid + ' ' + host.name + '\n', 0666, false);
     CopyFiles(files, draft);
     SyncAll(draft);
   } catch (const fs::filesystem_error& error) {

@@ -1,4 +1,7 @@
 // The directories that are "/" to the lab's hosts.
+//
+// A root is complete before its host is committed, and gets its name afterwards: no host ever lacks
+// a root, or has that of an earlier host of its name.
 #pragma once
 
 #include <filesystem>
@@ -8,9 +11,6 @@
 #include "store/Store.h"
 
 namespace Lab {
-
-// A root is made, complete, before its host's row is committed, and gets its name only afterwards:
-// at no moment does an existing host lack a root, or have that of an earlier host of its name.
 
 /// The state file of the stand-in trace daemon, relative to the root.
 inline constexpr const char* kTraceState = "var/run/dovratraced.json";
@@ -23,14 +23,14 @@ std::filesystem::path RootOf(const std::filesystem::path& lab, const HostRow& ho
 std::filesystem::path HostFile(const std::filesystem::path& root,
                                const std::filesystem::path& name);
 
-/// Makes the root of a new host out of the files in `files`. Requires a write transaction. Throws
+/// Makes the root of a new host, a copy of `files`. Requires a write transaction. Throws
 /// `HostError`, also when something is in the way that the lab did not make.
 void MakeRoot(Store& store, const HostRow& host, const std::filesystem::path& files);
 
-/// Gives new hosts' roots their names, deletes the roots of removed hosts, and clears what killed
-/// processes left; touches nothing that the lab did not make. Requires a write transaction, after
-/// the one that added or removed hosts: until then it could still have been undone. Returns a line
-/// for each root that could not be settled; the next call tries again.
+/// Gives new roots their names, deletes the roots of removed hosts and what killed processes left,
+/// and touches nothing that the lab did not make. Requires a write transaction, begun after the
+/// change of hosts was committed. Returns an error message for each root that failed; the next call
+/// tries again.
 std::vector<std::string> SettleRoots(Store& store);
 
 /// Replaces the file below the root, so that its readers see the old or the new content. Makes the

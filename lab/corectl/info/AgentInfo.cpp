@@ -1,4 +1,4 @@
-// The peers reached by unicast.
+// Unicast agents.
 
 #include "corectl/info/LabInfo.h"
 #include "corectl/rules/Addresses.h"
@@ -29,7 +29,7 @@ void LabInfo::AddUnicastAgent(const std::string& nodeUuid, bool isWitness, bool 
                             isWitness, supportsUnicast, address.GetStringAddress(),
                             port,      boundInterface};
     if (agent.nodeUuid == kNilUuid && !isWitness) Refuse("A node's UUID cannot be the nil UUID.");
-    if (!IsOfOneHost(address)) {
+    if (!IsUnicast(address)) {
       Refuse("The address " + agent.address + " is not one of a single host.");
     }
     RequirePort("port", port);
@@ -62,14 +62,14 @@ bool LabInfo::RemoveUnicastAgent(const std::string& nodeUuid, const DovraIpAddre
     for (const AgentRow& agent : store.List<AgentRow>(host.id)) {
       if (!IsAt(agent, address, port) || (!isAny && agent.nodeUuid != uuid)) continue;
       store.Remove<AgentRow>(agent.id);
-      return agent.witness;  // a data node's peers have to be told
+      return agent.witness;  // false asks the caller to refresh the agents
     }
     Refuse("There is no unicast agent " + (isAny ? "" : uuid + " ") + "at " +
            address.GetStringAddress() + " port " + std::to_string(port) + ".");
   });
 }
 
-// Every process of the lab reads the agents anew, so none holds an old list that this would renew.
+// Nothing to refresh: every command of the lab reads the agents from the store.
 void LabInfo::RefreshUnicastAgents() {
   host_.Read("RefreshUnicastAgents", [](Store&, const HostRow&) {});
 }

@@ -20,7 +20,7 @@ namespace {
 
 constexpr const char* kDefaultDatastoreName = "dovraDatastore";
 
-/// The host is free to take part in another cluster: one that it has not restored is given up.
+/// Refuses when the host is in a cluster. A membership that was not restored is given up.
 void RequireOutside(Store& store, const HostRow& host) {
   const auto member = store.Find<MemberRow>(host.id);
   if (!member) return;
@@ -28,22 +28,18 @@ void RequireOutside(Store& store, const HostRow& host) {
   RemoveMember(store, host, member->cluster);
 }
 
-/// Makes the cluster, with its default datastore and this host.
+/// Makes the cluster with this host and the default datastore.
 void Found(Store& store, const HostRow& host, const std::string& uuid) {
   if (uuid == kNilUuid) Refuse("The nil UUID names no cluster.");
   if (store.Find<ClusterRow>(uuid)) Refuse("Cluster " + uuid + " exists already.");
   RequireOutside(store, host);
-  ClusterRow cluster;
-  cluster.uuid = uuid;
-  store.Save(cluster);
+  store.Save(ClusterRow{.uuid = uuid});
   store.Save(DatastoreRow{
       .uuid = NewUuid(), .cluster = uuid, .name = kDefaultDatastoreName, .isDefault = true});
-  MemberRow member;
-  member.cluster = uuid;
-  AddMember(store, host, member);
+  AddMember(store, host, MemberRow{.cluster = uuid});
 }
 
-/// Refuses to join a cluster of which the host reaches no part that may take it in.
+/// Refuses when the host reaches no partition that it may join.
 void RequireReachable(Store& store, const HostRow& host, const std::string& cluster) {
   if (PartitionOf(store, host, cluster).votes == 0 &&
       std::ranges::any_of(store.List<MemberRow>(cluster), &MemberRow::running)) {
@@ -52,14 +48,14 @@ void RequireReachable(Store& store, const HostRow& host, const std::string& clus
   RequireQuorum(store, host, cluster);
 }
 
-/// Refuses a fault domain that is none of the stretched cluster's two data sites.
+/// Refuses a fault domain that is not one of the two data sites.
 void RequireSite(const std::vector<std::string>& sites, const std::string& name) {
   if (std::ranges::find(sites, name) != sites.end()) return;
   Refuse("\"" + name + "\" is not a fault domain of a data site; these are \"" + sites.front() +
          "\" and \"" + sites.back() + "\".");
 }
 
-/// Puts the host into the fault domain, or into none if it has no name.
+/// Puts the host into the fault domain; into none if the name is empty.
 void MoveToFaultDomain(Store& store, HostRow& host, const std::string& name) {
   host.faultDomain = name;
   store.Save(host);
@@ -92,7 +88,7 @@ void LabInfo::CreateCluster(const std::string& uuid, bool, bool) {
                [&](Store& store, const HostRow& host) { Found(store, host, CanonicalUuid(uuid)); });
 }
 
-// In the lab a host has joined when the call returns, so there is nothing to wait for.
+// A host of the lab has joined when the call returns: there is nothing to wait for.
 void LabInfo::JoinCluster(const Uuid& cluster, bool asWitness,
                           const std::string& preferredFaultDomain, bool, bool) {
   host_.Change("JoinCluster", [&](Store& store, const HostRow& host) {
@@ -103,7 +99,7 @@ void LabInfo::JoinCluster(const Uuid& cluster, bool asWitness,
     }
     const auto own = store.Find<MemberRow>(host.id);
     if (own && own->cluster == uuid && !own->running) {
-      // Joins anew what it has not restored: its old place must not end the cluster.
+      // Joins again without a restore. RemoveMember would end a cluster without other members.
       store.Remove<MemberRow>(host.id);
     } else {
       RequireOutside(store, host);
@@ -111,12 +107,11 @@ void LabInfo::JoinCluster(const Uuid& cluster, bool asWitness,
     if (asWitness && std::ranges::any_of(store.List<MemberRow>(uuid), &MemberRow::witness)) {
       Refuse("Cluster " + uuid + " has a witness already.");
     }
-    MemberRow member;
-    member.cluster = uuid;
-    member.witness = asWitness;
-    member.preferredFaultDomain = preferredFaultDomain;
     RequireReachable(store, host, uuid);
-    AddMember(store, host, member);
+    AddMember(
+        store, host,
+        MemberRow{
+            .cluster = uuid, .witness = asWitness, .preferredFaultDomain = preferredFaultDomain});
     const auto sites = SitesOf(ListMembers(store, uuid));
     if (asWitness && !sites.empty()) RequireSite(sites, preferredFaultDomain);
   });
@@ -136,7 +131,7 @@ void LabInfo::RestoreClusterConfig(bool boot) {
   host_.Change("RestoreClusterConfig", [&](Store& store, const HostRow& host) {
     const auto member = store.Find<MemberRow>(host.id);
     if (!member) {
-      if (boot) return;  // a host that is in no cluster boots as well
+      if (boot) return;  // hosts outside any cluster boot, too
       Refuse("This host has no persisted Dovra cluster configuration.");
     }
     if (!member->running) AddMember(store, host, *member);

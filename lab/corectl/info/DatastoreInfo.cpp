@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::size_t kMaxName = 128;  // characters
 
-/// An empty UUID stands for the default datastore.
+/// Returns the datastore, or for an empty UUID the default one. Refuses when there is none.
 DatastoreRow RequireDatastore(Store& store, const HostRow& host, const std::string& uuid) {
   const std::string canonical = uuid.empty() ? "" : CanonicalUuid(uuid);
   for (DatastoreRow& datastore :

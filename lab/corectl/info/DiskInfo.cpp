@@ -8,8 +8,8 @@
 #include "corectl/rules/Refuse.h"
 #include "platform/corectl/DovraUtil.h"
 
-// A listing asks three times: which disks are there, which are heard of, and for each of thousands
-// what it is. All answers are of the moment of the first question, since its answer holds the view.
+// A listing calls GetDovraDisks, GetDiskUuids, and GetDiskInfo for each disk. The result of the
+// first call holds the view, so that all results are of one moment.
 
 void HostCtl::Dovra::DovraInfo::GetDovraDisks(DiskLuns& luns) {
   auto& host = Lab::Session::Current();
@@ -66,7 +66,7 @@ void LabInfo::AddDisks(const std::string& ssd, const std::vector<std::string>& d
 
 namespace {
 
-/// The empty mode is the default.
+/// Refuses an unknown mode; an empty one is the default.
 void CheckEvacuationMode(const std::string& mode) {
   if (mode.empty() || std::ranges::count(kEvacuationModes, mode) != 0) return;
   Refuse("Unknown evacuation mode \"" + mode + "\"; the modes are " +

@@ -1,4 +1,4 @@
-// The utilities that tell of the host, or act on it.
+// The utilities that read or change the host.
 
 #include <algorithm>
 #include <ctime>
@@ -39,7 +39,7 @@ void DovraUtil::GetInfoFromTavdir(std::vector<DovraMemberInfo>& members,
                          : partition.HasQuorum() ? "HEALTHY (network split, majority)"
                                                  : "UNHEALTHY (network split, no majority)";
   membershipEntryRevision = static_cast<std::uint64_t>(view.cluster.revision);
-  // Each partition of a split has a membership of its own.
+  // Each partition has its own membership.
   membershipUuid = view.cluster.membershipUuid;
   if (partition.isSplit) membershipUuid = Lab::UuidOfName(membershipUuid + members.front().uuid);
   masterUuid = membership.masterUuid;
@@ -71,7 +71,7 @@ bool DovraUtil::IsInStretchedCluster() {
 
 std::string DovraUtil::GetFaultDomainId() {
   const HostRow& host = Session::Current().GetClusterView("GetFaultDomainId").host;
-  // A host in none is one of its own.
+  // A host without a fault domain is its own.
   return host.faultDomain.empty() ? host.uuid : Lab::FaultDomainId(host.faultDomain);
 }
 
@@ -94,8 +94,7 @@ void DovraUtil::DecomCancel() {
 
 int DovraUtil::DovraExec(const std::string& command, const std::string& argument, bool, bool,
                          bool) {
-  if (Session::Current().TakeFault("DovraExec")) return -1;  // it has no other way to fail
-  // What the program says is for its log; the caller judges by its status.
+  if (Session::Current().TakeFault("DovraExec")) return -1;  // DovraExec does not throw
   return BaseLibs::RunProgram({command, argument}).status;
 }
 

@@ -1,5 +1,5 @@
 // The control library's information objects over the lab's store. Each operation is one
-// transaction; what it may do is decided by the rules that it calls.
+// transaction.
 #pragma once
 
 #include <cstdint>
@@ -83,7 +83,7 @@ class LabInfo : public virtual HostCtl::Dovra::DovraInfo {
               void (*rule)(Store&, const HostRow&, const DiskRow&));
 
   HostCtl::Dovra::DovraClusterConfig config_;
-  std::shared_ptr<DiskView> diskView_;  // of the listing that goes on
+  std::shared_ptr<DiskView> diskView_;  // of the current listing
 };
 
 class LabInfo2 final : public LabInfo, public HostCtl::Dovra::DovraInfo2 {

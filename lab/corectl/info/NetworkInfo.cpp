@@ -83,13 +83,12 @@ bool LabInfo::IsKnicInUse(const std::string& name, const std::string& trafficTyp
   });
 }
 
-// Takes the traffic off the interface, and the interface out when it carries no other.
+// Removes the traffic from the interface, and an interface without traffic.
 void LabInfo::RemoveKnic(const std::string& name, bool force, const std::string& trafficType) {
   host_.Change("RemoveKnic", [&](Store& store, const HostRow& host) {
     auto knic = store.Find<KnicRow>(host.id, name);
     if (!knic) {
-      // General traffic is taken off first: by the time it is the witness's turn, the interface may
-      // have gone with it, and that is as good.
+      // Commands remove the data hosts' traffic first, which may have removed the interface.
       if (force || trafficType == kWitnessTraffic) return;
       Refuse("Interface \"" + name + "\" is not in the Dovra network configuration.");
     }

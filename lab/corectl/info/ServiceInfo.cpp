@@ -1,4 +1,4 @@
-// What a host's storage service is set to: default policies and resync.
+// Default policies and resync.
 
 #include <algorithm>
 
@@ -14,7 +14,7 @@ using CoreCtl::Dovra::DovraUtil;
 
 namespace {
 
-/// Policies are the cluster's, on a host that is in one.
+/// The policies of a member are the cluster's.
 void RequireQuorumIfMember(Store& store, const HostRow& host) {
   if (const auto member = FindRunningMember(store, host)) {
     RequireQuorum(store, host, member->cluster);

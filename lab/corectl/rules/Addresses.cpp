@@ -15,15 +15,17 @@ using HostCtl::Network::Ipv6Address;
 
 namespace {
 
-/// The IPv4 address that an IPv6 address stands for, if it does; otherwise the address.
-DovraIpAddress Unmapped(const DovraIpAddress& address) {
-  in6_addr v6{};
-  if (!address.isIpv6 || inet_pton(AF_INET6, address.GetStringAddress().c_str(), &v6) != 1 ||
-      !IN6_IS_ADDR_V4MAPPED(&v6)) {
-    return address;
-  }
-  char text[INET_ADDRSTRLEN];
-  return DovraIpAddress(Ipv4Address(inet_ntop(AF_INET, &v6.s6_addr[12], text, sizeof text)));
+/// Returns the address in binary; an IPv4 address mapped to IPv6.
+in6_addr Binary(const DovraIpAddress& address) {
+  in6_addr binary{};
+  const std::string text = (address.isIpv6 ? "" : "::ffff:") + address.GetStringAddress();
+  inet_pton(AF_INET6, text.c_str(), &binary);
+  return binary;
+}
+
+/// Returns the IPv4 address, in host byte order, of one that is mapped to IPv6.
+in_addr_t MappedIpv4(const in6_addr& address) {
+  return ntohl(address.s6_addr32[3]);
 }
 
 }  // namespace
@@ -34,23 +36,22 @@ DovraIpAddress ToAddress(const std::string& text) {
 }
 
 bool IsMulticast(const DovraIpAddress& address) {
-  const std::string text = address.GetStringAddress();
-  in6_addr v6{};
-  in_addr v4{};
-  if (address.isIpv6)
-    return inet_pton(AF_INET6, text.c_str(), &v6) == 1 && IN6_IS_ADDR_MULTICAST(&v6);
-  return inet_pton(AF_INET, text.c_str(), &v4) == 1 && IN_MULTICAST(ntohl(v4.s_addr));
+  const in6_addr binary = Binary(address);
+  return address.isIpv6 ? IN6_IS_ADDR_MULTICAST(&binary) : IN_MULTICAST(MappedIpv4(binary));
 }
 
-bool IsOfOneHost(const DovraIpAddress& address) {
-  const DovraIpAddress plain = Unmapped(address);
-  const std::string text = plain.GetStringAddress();
-  return !IsMulticast(plain) && text != "0.0.0.0" && text != "255.255.255.255" &&
-         !(plain == ToAddress("::"));
+bool IsUnicast(const DovraIpAddress& address) {
+  const in6_addr binary = Binary(address);
+  if (!IN6_IS_ADDR_V4MAPPED(&binary)) {
+    return !IN6_IS_ADDR_MULTICAST(&binary) && !IN6_IS_ADDR_UNSPECIFIED(&binary);
+  }
+  const in_addr_t ipv4 = MappedIpv4(binary);
+  return ipv4 != INADDR_ANY && ipv4 != INADDR_BROADCAST && !IN_MULTICAST(ipv4);
 }
 
 bool IsSame(const DovraIpAddress& one, const DovraIpAddress& other) {
-  return Unmapped(one) == Unmapped(other);
+  const in6_addr first = Binary(one), second = Binary(other);
+  return IN6_ARE_ADDR_EQUAL(&first, &second);
 }
 
 void RequireRange(const char* what, std::int64_t value, std::int64_t least, std::int64_t most) {

@@ -1,4 +1,4 @@
-// Rules of addresses and ports.
+// Rules of interfaces, addresses and ports.
 #pragma once
 
 #include <cstdint>
@@ -9,15 +9,15 @@
 
 namespace Lab {
 
-/// Throws `DovraCtlException` when the text is an address of neither family.
+/// Parses an address of either family. Throws `DovraCtlException` when it is none.
 HostCtl::Dovra::DovraIpAddress ToAddress(const std::string& text);
 bool IsMulticast(const HostCtl::Dovra::DovraIpAddress& address);
-/// Whether a host can have the address for itself.
-bool IsOfOneHost(const HostCtl::Dovra::DovraIpAddress& address);
-/// Whether both lead to the same host, be it that one of them is spelt as the other family's.
+/// Whether the address is one of a single host.
+bool IsUnicast(const HostCtl::Dovra::DovraIpAddress& address);
+/// Whether both are the same address, also when one is an IPv4 address mapped to IPv6.
 bool IsSame(const HostCtl::Dovra::DovraIpAddress& one, const HostCtl::Dovra::DovraIpAddress& other);
 
-/// Refuses a number outside its range; `what` says in the message what it is.
+/// Refuses a number outside its range. `what` names it in the message.
 void RequireRange(const char* what, std::int64_t value, std::int64_t least, std::int64_t most);
 void RequirePort(const char* what, std::int64_t port);
 /// The interfaces of every host.

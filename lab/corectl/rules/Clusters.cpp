@@ -12,14 +12,12 @@ namespace Lab {
 
 namespace {
 
-/// A clock that stands before the epoch shows none of its times.
 std::int64_t MillisecondsNow() {
   using namespace std::chrono;
-  return std::max<std::int64_t>(
-      0, duration_cast<milliseconds>(system_clock::now().time_since_epoch()).count());
+  return duration_cast<milliseconds>(system_clock::now().time_since_epoch()).count();
 }
 
-/// The rows with their hosts, one of whom may be known.
+/// Adds its host to each row. `known` spares reading that host.
 std::vector<Member> WithHosts(Store& store, std::vector<MemberRow> rows, const HostRow& known) {
   std::vector<Member> members;
   for (MemberRow& row : rows) {
@@ -30,7 +28,6 @@ std::vector<Member> WithHosts(Store& store, std::vector<MemberRow> rows, const H
   return members;
 }
 
-/// Moves a count on that no lab can have exhausted.
 void Increment(Store& store, std::int64_t& count) {
   if (count == std::numeric_limits<std::int64_t>::max()) {
     store.FailDamaged("a cluster's count is " + std::to_string(count));
@@ -72,7 +69,7 @@ ClusterRow RequireCluster(Store& store, const std::string& uuid) {
 Membership MembershipOf(std::vector<Member> running) {
   Membership membership{std::move(running), kNilUuid, kNilUuid};
   auto& members = membership.members;
-  // The two oldest data hosts lead; everybody else keeps the order behind them.
+  // The two oldest data hosts lead; the others follow in order.
   auto position = members.begin();
   for (std::string* const leader : {&membership.masterUuid, &membership.backupUuid}) {
     const auto next = std::find_if(position, members.end(),

@@ -51,14 +51,12 @@ void Claim(DiskRow& disk, const std::string& group, const std::string& groupName
 }
 
 void Release(Store& store, const DiskRow& disk) {
-  DiskRow empty;
-  empty.host = disk.host;
-  empty.device = disk.device;
-  empty.flash = disk.flash;
-  empty.capacityTag = disk.capacityTag;
-  empty.failed = disk.failed;
-  empty.unplugged = disk.unplugged;
-  store.Save(empty);
+  store.Save(DiskRow{.host = disk.host,
+                     .device = disk.device,
+                     .flash = disk.flash,
+                     .capacityTag = disk.capacityTag,
+                     .failed = disk.failed,
+                     .unplugged = disk.unplugged});
 }
 
 void RequireEmpty(const DiskRow& disk) {
@@ -233,11 +231,7 @@ void PlugIn(Store& store, const HostRow& host, const std::string& device, bool f
   if (store.Find<DiskRow>(host.id, device)) {
     Refuse("Host " + host.name + " has a disk " + Quoted(device) + " already.");
   }
-  DiskRow disk;
-  disk.host = host.id;
-  disk.device = device;
-  disk.flash = flash;
-  store.Save(disk);
+  store.Save(DiskRow{.host = host.id, .device = device, .flash = flash});
   if (host.autoClaim) AutoClaim(store, host);
 }
 
@@ -291,9 +285,7 @@ void Generate(Store& store, const HostRow& host, std::int64_t count) {
   while (store.Find<DiskRow>(host.id, DeviceName(adapter, 0))) ++adapter;
   DiskRow cacheDevice;
   for (std::int64_t target = 0; target < count; ++target) {
-    DiskRow disk;
-    disk.host = host.id;
-    disk.device = DeviceName(adapter, target);
+    DiskRow disk{.host = host.id, .device = DeviceName(adapter, target)};
     disk.flash = target % static_cast<std::int64_t>(kMaxGroupDisks + 1) == 0;
     if (disk.flash) cacheDevice = DiskRow();
     Claim(disk, cacheDevice.uuid, disk.flash ? disk.device : cacheDevice.device);

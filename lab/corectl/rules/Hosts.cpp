@@ -41,17 +41,10 @@ void ResetLab(Store& store, const std::filesystem::path& files) {
 }
 
 void AddHost(Store& store, const std::string& name, const std::filesystem::path& files) {
-  HostRow host;
-  host.name = name;
-  host.uuid = NewUuid();
-  store.Save(host);
-  host = *store.FindHost(name);
+  store.Save(HostRow{.name = name, .uuid = NewUuid()});
+  const HostRow host = *store.FindHost(name);
   for (const auto& [device, flash] : kDisks) {
-    DiskRow disk;
-    disk.host = host.id;
-    disk.device = device;
-    disk.flash = flash;
-    store.Save(disk);
+    store.Save(DiskRow{.host = host.id, .device = device, .flash = flash});
   }
   MakeRoot(store, host, files);
 }

@@ -1,5 +1,5 @@
-// The lab's hosts as such: how one comes, restarts and goes. Each function works within its
-// caller's transaction and refuses with `DovraCtlException`.
+// Rules of hosts. Each function works within its caller's transaction, and throws
+// `DovraCtlException` when it refuses.
 #pragma once
 
 #include <filesystem>
@@ -12,23 +12,24 @@ namespace Lab {
 /// The host of a new lab.
 inline constexpr const char* kFirstHost = "host1";
 
-/// Explains that the lab has no host of that name.
+/// Returns the message that the lab has no host of that name.
 std::string UnknownHostMessage(Store& store, const std::string& name);
-/// Refuses a name that no host has.
+/// Returns the host of that name. Refuses when there is none.
 HostRow RequireHost(Store& store, const std::string& name);
 
-/// Adds a host with interfaces, empty disks, and a root that holds a copy of `files`.
+/// Adds a host with empty disks and a root that holds a copy of `files`.
 void AddHost(Store& store, const std::string& name, const std::filesystem::path& files);
-/// Makes the lab as it was when new. `files` is for its host's root.
+/// Makes the lab as it was when new; its host's root holds a copy of `files`.
 void ResetLab(Store& store, const std::filesystem::path& files);
-/// Takes the host out of the lab, and out of its cluster as if it had died.
+/// Removes the host from the lab, and from its cluster as if it had died.
 void RemoveHost(Store& store, const HostRow& host);
-/// What a host's restart takes away: its membership as others see it, its storage network, a
-/// maintenance operation in progress. What is persisted stays.
+/// Ends what does not survive a reboot: the running membership, running interfaces, a maintenance
+/// operation. What is persisted stays.
 void Reboot(Store& store, HostRow& host);
 
-/// Lets the host begin to enter maintenance mode, or gives that up.
+/// Begins to enter maintenance mode.
 void StartMaintenance(Store& store, HostRow& host);
+/// Cancels the maintenance operation in progress.
 void CancelMaintenance(Store& store, HostRow& host);
 
 }  // namespace Lab

@@ -15,7 +15,7 @@ bool IsRunningData(const Member& member) {
   return member.row.running && !member.row.witness;
 }
 
-/// Whether each group has running data hosts of one site at most.
+/// Whether no group has running data hosts of both sites.
 bool IsSplitBetweenSites(const std::vector<Member>& members) {
   std::map<std::int64_t, std::set<std::string>> sites;
   for (const Member& member : members) {
@@ -24,7 +24,7 @@ bool IsSplitBetweenSites(const std::vector<Member>& members) {
   return std::ranges::all_of(sites, [](const auto& group) { return group.second.size() == 1; });
 }
 
-/// The network group in which the witness has its say.
+/// Returns the network group whose partition the witness belongs to.
 std::int64_t GroupOfWitness(const std::vector<Member>& members, const Member& witness) {
   const std::int64_t own = witness.host.networkGroup;
   const auto isNextToIt = [&](const Member& member) {
@@ -34,7 +34,7 @@ std::int64_t GroupOfWitness(const std::vector<Member>& members, const Member& wi
       std::ranges::none_of(members, isNextToIt)) {
     return own;
   }
-  // The largest part of the preferred site; of several, the one with the oldest host.
+  // The largest part of the preferred site; of equals, the one with the oldest host.
   std::map<std::int64_t, int> sizes;
   std::int64_t largest = own;
   for (const Member& member : members) {
@@ -46,7 +46,7 @@ std::int64_t GroupOfWitness(const std::vector<Member>& members, const Member& wi
   return largest;
 }
 
-/// Notes that the members of every cluster reach others than before.
+/// Records in every cluster that the partitions changed.
 void BumpMemberships(Store& store) {
   std::set<std::string> clusters;
   for (const HostRow& host : store.List<HostRow>()) {

@@ -4,8 +4,8 @@
 
 namespace Lab {
 
-/// Refuses a policy that the storage service could not apply. A policy is a list of
-/// "attribute=value", separated by commas or blanks.
+/// Refuses an invalid policy. A policy is a list of "attribute=value", separated by commas or
+/// blanks.
 void CheckPolicy(const std::string& policy);
 
 }  // namespace Lab

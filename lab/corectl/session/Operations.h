@@ -1,4 +1,4 @@
-// The control library's operations, on which faults can be set.
+// The operations of the control library, which faults can strike.
 #pragma once
 
 #include <algorithm>
@@ -8,7 +8,7 @@
 
 namespace Lab {
 
-/// An operation, and the commands below `dovra` that call it.
+/// An operation and the commands below `dovra` that call it.
 struct OperationRow {
   std::string_view name;
   std::string_view callers;
@@ -16,12 +16,11 @@ struct OperationRow {
   constexpr bool IsCalledBy(std::string_view command) const;
 };
 
-/// Joined by this where there are several.
 inline constexpr std::string_view kCallerSeparator = "; ";
-/// What all begins with: the others call it.
+/// Before the commands that do not call an operation that all others call.
 inline constexpr std::string_view kAllBut = "all but ";
 
-/// In the order of the library's interface.
+// In the order of the library's interface.
 inline constexpr OperationRow kOperations[] = {
     {"GetDovraPlugin", "all but maintenancemode cancel; trace get; trace set"},
     {"GetDovraInfo", "all but maintenancemode cancel; trace get; trace set"},
@@ -104,8 +103,7 @@ constexpr bool OperationRow::IsCalledBy(std::string_view command) const {
   return isNegated;
 }
 
-/// One of them, written as its name. A name that is none does not compile, so that no fault can be
-/// waited for in vain.
+/// An operation by its name. An unknown name does not compile.
 class Operation {
  public:
   template <std::size_t size>

@@ -23,12 +23,11 @@ namespace {
 struct State {
   Selection selection;
   std::optional<Store> store;
-  bool isChecked = false;          // store is what this selection leads to
-  std::optional<Session> session;  // after store, to which it refers
+  bool isChecked = false;          // the store is the one that was selected
+  std::optional<Session> session;  // declared after the store that it uses
 };
 
-/// It is not destroyed: the process ends with it, and closing the store takes longer than reading
-/// a few rows of it.
+/// Never destroyed: the process ends, and closing the store costs more than a short command.
 State& CurrentState() {
   static auto& state = *new State;
   return state;

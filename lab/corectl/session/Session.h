@@ -1,4 +1,4 @@
-// The stand-in host on which this process works at a time.
+// The lab and the stand-in host on which this process works. Not thread-safe.
 #pragma once
 
 #include <filesystem>
@@ -7,37 +7,34 @@
 #include <utility>
 #include <vector>
 
-#include "corectl/session/ClusterView.h"
-#include "corectl/session/DiskView.h"
 #include "corectl/session/Operations.h"
+#include "corectl/session/Views.h"
 #include "platform/hostctl/DovraCtlException.h"
 #include "store/Store.h"
 
 namespace Lab {
 
-/// Which lab and which of its hosts the process works on, from one selection to the next.
 struct Selection {
   std::filesystem::path directory;
   std::string host;
-  std::filesystem::path hostFiles;  ///< what a new host's root directory is filled with
-  bool namesHost = false;           ///< the host was chosen for this command, not for all
+  std::filesystem::path hostFiles;  ///< copied into the root of a new host
+  bool namesHost = false;           ///< the command line names the host
 };
 
-/// Says so. Nothing is opened or made until something is asked of the lab. References to what was
-/// opened for an earlier selection end. A store that stays the same is kept open, since its
-/// statements are compiled; but whatever happened to the lab since, every selection sees it as a
-/// new process would.
+/// Selects the lab and the host to work on, and invalidates references to the earlier ones. Opens
+/// and makes nothing yet. A store that is selected again stays open with its compiled statements,
+/// but its contents are read anew.
 void Select(Selection selection);
 
 const Selection& Selected();
 
-/// Whether the selected lab is there already.
+/// Whether the selected lab exists.
 bool IsMade();
 
-/// The selected lab's store, opened on first use. Throws `HostError`.
+/// Returns the selected lab's store, which is opened, and made, on first use. Throws `HostError`.
 Store& OpenStore();
 
-/// Runs `work(store)` on the selected lab as a whole, as one transaction.
+/// Runs `work(store)` on the selected lab as one transaction.
 template <class Work>
 void ChangeLab(Work&& work) {
   Store& store = OpenStore();
@@ -48,28 +45,28 @@ void ChangeLab(Work&& work) {
 
 class Session {
  public:
-  /// The selected host, until the next selection. Throws `HostError` when the lab cannot be used or
-  /// has no such host.
+  /// Returns the selected host, until the next selection. Throws `HostError` when the lab cannot be
+  /// used or has no such host.
   static Session& Current();
 
   explicit Session(Store& store, const HostRow& host);
 
-  /// Runs one operation of the control library as one transaction that only reads, and returns
-  /// what `work(store, host)` does. Throws `DovraCtlException` when the operation is to fail.
+  /// Runs an operation of the control library as one transaction that only reads, and returns the
+  /// result of `work(store, host)`. Throws `DovraCtlException` when a fault strikes.
   template <class Work>
   auto Read(Operation operation, Work&& work) {
     InjectFault(operation);
     return Read(std::forward<Work>(work));
   }
 
-  /// The same for an operation that changes something. A refusal undoes all of it.
+  /// The same for an operation that writes. An exception rolls it back.
   template <class Work>
   auto Change(Operation operation, Work&& work) {
     InjectFault(operation);
     return Change(std::forward<Work>(work));
   }
 
-  /// The same for what is no operation of the control library.
+  // The same for work that is no operation of the control library.
   template <class Work>
   auto Read(Work&& work) {
     return Run(Store::Transaction::Kind::kRead, std::forward<Work>(work));
@@ -82,21 +79,21 @@ class Session {
   }
 
   /// Counts a call of the operation on each of its injected faults. Returns the message of the
-  /// first fault that is due, and uses that one up.
+  /// first fault that is due, and counts that fault down.
   std::optional<std::string> TakeFault(Operation operation);
-  /// Throws it.
+  /// Throws that message as `DovraCtlException`.
   void InjectFault(Operation operation);
 
   const std::string& GetName() const { return name_; }
   /// As of the selection.
   std::int64_t GetApiVersion() const { return apiVersion_; }
-  /// What the host knows of its cluster, for an operation that reads of it. All operations of a
-  /// selection are of one moment, up to the host's next change.
+  /// Returns what the host knows of its cluster, for a reading operation: as of one moment for the
+  /// whole selection, until the host changes something.
   const ClusterView& GetClusterView(Operation operation);
-  /// The disks that the host knows of, for as long as whoever asked holds the view all of one
-  /// moment, unless this host changes something.
+  /// Returns the disks that the host knows: the same view as long as a caller holds it, until the
+  /// host changes something.
   std::shared_ptr<DiskView> GetDiskView();
-  /// The directory that is "/" to the host.
+  /// Returns the directory that is "/" to the host.
   std::filesystem::path GetRoot();
 
  private:
@@ -122,7 +119,7 @@ class Session {
   std::int64_t apiVersion_;
   std::optional<ClusterView> clusterView_;
   std::weak_ptr<DiskView> diskView_;
-  bool hasFaults_;  // as of the selection; mostly none
+  bool hasFaults_;  // as of the selection
 };
 
 }  // namespace Lab

@@ -1,4 +1,4 @@
-// The utilities that need no host: texts to values and back.
+// The stateless utilities: strings to values and back.
 
 #include <uuid/uuid.h>
 
@@ -26,16 +26,16 @@ constexpr std::array<std::pair<DovraPolicyClass, const char*>, 5> kPolicyClasses
     {DovraPolicyClass::kVmem, "vmem"},
 }};
 
-/// How many bytes the first character has. A byte that is part of none counts as one of its own, or
-/// a text of such bytes would be of any length.
+/// Returns the length of the first character in bytes. A byte of invalid UTF-8 counts as a
+/// character.
 std::size_t LengthOfCharacter(std::string_view text) {
   const auto first = static_cast<unsigned char>(text.front());
   const std::size_t length = first < 0xC0 ? 1 : first < 0xE0 ? 2 : first < 0xF0 ? 3 : 4;
   const auto rest = text.substr(1, length - 1);
-  const bool isWhole = rest.size() == length - 1 && std::ranges::all_of(rest, [](char c) {
-                         return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
-                       });
-  return isWhole ? length : 1;
+  const bool isComplete = rest.size() == length - 1 && std::ranges::all_of(rest, [](char c) {
+                            return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
+                          });
+  return isComplete ? length : 1;
 }
 
 }  // namespace

@@ -10,9 +10,9 @@ using Lib::Dovra::DovraCtlException;
 
 namespace {
 
-/// Whether `text` spells an address of `family`; `address` then holds it.
+/// Parses an address of `family` into `address`. False when the string is none.
 bool Parse(int family, const std::string& text, void* address) {
-  // A text that goes on behind a zero byte is not the address before it.
+  // inet_pton would stop at a NUL byte.
   return text.find('\0') == std::string::npos && inet_pton(family, text.c_str(), address) == 1;
 }
 

@@ -1,17 +1,37 @@
-#include "corectl/session/DiskView.h"
+#include "corectl/session/Views.h"
 
 #include <algorithm>
 #include <set>
 
 #include "corectl/rules/Partitions.h"
+#include "corectl/rules/Refuse.h"
 #include "platform/corectl/DovraUtil.h"
 
 namespace Lab {
 
 using CoreCtl::Dovra::DovraUtil;
 
-DiskView::Disk::Disk(DiskRow disk, bool isThere)
-    : uuid(DovraUtil::StringToDovraUuid(disk.uuid)), row(std::move(disk)), isAttached(isThere) {}
+const MemberRow& ClusterView::RequireMember() const {
+  if (!member) Refuse(kNoMember);
+  return *member;
+}
+
+ClusterView ReadClusterView(Store& store, const HostRow& host) {
+  ClusterView view;
+  view.host = host;
+  view.usesUnicast = store.Has<AgentRow>(host.id);
+  auto members = ListMembers(store, host);
+  const auto own =
+      std::ranges::find(members, host.id, [](const Member& member) { return member.row.host; });
+  if (own == members.end() || !own->row.running) return view;
+  view.member = own->row;
+  view.cluster = RequireCluster(store, own->row.cluster);
+  view.members = std::move(members);
+  return view;
+}
+
+DiskView::Disk::Disk(DiskRow disk, bool attached)
+    : uuid(DovraUtil::StringToDovraUuid(disk.uuid)), row(std::move(disk)), isAttached(attached) {}
 
 const DiskView::Disk* DiskView::Find(const HostCtl::Dovra::Uuid& uuid) const {
   const auto found = std::ranges::lower_bound(disks, uuid, {}, &Disk::uuid);
