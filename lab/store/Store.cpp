@@ -134,12 +134,11 @@ void Store::Clear() {
 }
 
 std::optional<HostRow> Store::FindHost(std::string_view name) {
-  return SelectOne<HostRow>(*database_, " WHERE name = ?", name);
+  return SelectOne<HostRow>(" WHERE name = ?", name);
 }
 
 std::vector<MemberRow> Store::ListPeers(std::int64_t host) {
   return Select<MemberRow>(
-      *database_,
       " WHERE cluster = (SELECT cluster FROM members WHERE host = ?) ORDER BY join_order", host);
 }
 
@@ -148,16 +147,15 @@ void Store::SetKnicsRunning(std::int64_t host, bool running) {
 }
 
 std::vector<DiskRow> Store::ListClaimedDisks() {
-  return Select<DiskRow>(*database_, " WHERE uuid IS NOT NULL ORDER BY uuid");
+  return Select<DiskRow>(" WHERE uuid IS NOT NULL ORDER BY uuid");
 }
 
 std::vector<DiskRow> Store::ListGroup(std::int64_t host, std::string_view group) {
-  return Select<DiskRow>(*database_, " WHERE host = ? AND disk_group = ? ORDER BY rowid", host,
-                         group);
+  return Select<DiskRow>(" WHERE host = ? AND disk_group = ? ORDER BY rowid", host, group);
 }
 
 std::optional<DiskRow> Store::FindDisk(std::string_view uuid) {
-  return SelectOne<DiskRow>(*database_, " WHERE uuid = ?", uuid);
+  return SelectOne<DiskRow>(" WHERE uuid = ?", uuid);
 }
 
 Store::Transaction::Transaction(Store& store, Kind kind) : database_(*store.database_) {

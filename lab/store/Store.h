@@ -8,11 +8,11 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "store/Schema.h"
 #include "store/Sqlite.h"
-#include "store/Table.h"
 
 namespace Lab {
 
@@ -41,32 +41,55 @@ class Store {
   /// Replaces the row with this key, or adds the row. An id of 0 is replaced by a new one.
   template <class Row>
   void Save(const Row& row) {
-    Lab::Save(*database_, row);
+    static const std::string kSave = SaveStatement<Row>();
+    Query query = database_->Prepare(kSave);
+    Row::Visit(row,
+               [&](const char*, const auto& member, Presence = kRequired) { query.Bind(member); });
+    query.Step();
   }
-  /// Returns the row with this key: a value for each column of `Table<Row>::kKey`.
+
+  /// Returns the row with this key: a value for each column of `Row::kTable.key`.
   template <class Row, class... Key>
   std::optional<Row> Find(const Key&... key) {
-    return Lab::Find<Row>(*database_, key...);
+    static const std::string kWhere = WhereEqual(Row::kTable.key, sizeof...(key));
+    return SelectOne<Row>(kWhere, key...);
   }
-  /// Returns the rows of one owner, or all rows, in the order of `Table<Row>::kOrder`.
-  template <class Row, class... Owner>
-  std::vector<Row> List(const Owner&... owner) {
-    return Lab::List<Row>(*database_, owner...);
+
+  /// Returns all rows, in the order of `Row::kTable.order`.
+  template <class Row>
+  std::vector<Row> List() {
+    static const std::string kOrder = std::string(" ORDER BY ") + Row::kTable.order;
+    return Select<Row>(kOrder);
   }
+
+  /// Returns the rows of one owner, in the same order.
+  template <class Row, class Owner>
+  std::vector<Row> List(const Owner& owner) {
+    static const std::string kClauses =
+        WhereEqual(Row::kTable.owner) + " ORDER BY " + Row::kTable.order;
+    return Select<Row>(kClauses, owner);
+  }
+
   /// Whether the owner has any such row.
   template <class Row, class Owner>
   bool Has(const Owner& owner) {
-    return Lab::Has<Row>(*database_, owner);
+    static const std::string kSelect = SelectFrom<Row>("1") + WhereEqual(Row::kTable.owner);
+    return database_->Prepare(kSelect, owner).Step();
   }
+
   /// Removes the row with this key, and the rows that belong to it.
   template <class Row, class... Key>
   void Remove(const Key&... key) {
-    Lab::Remove<Row>(*database_, key...);
+    static const std::string kDelete =
+        DeleteFrom<Row>() + WhereEqual(Row::kTable.key, sizeof...(key));
+    database_->Run(kDelete, key...);
   }
+
   /// Removes all rows of one owner.
   template <class Row, class Owner>
   void RemoveAll(const Owner& owner) {
-    Lab::RemoveAll<Row>(*database_, owner);
+    static const std::string kDelete = DeleteFrom<Row>() + WhereEqual(Row::kTable.owner);
+    database_->Run(kDelete, owner);
   }
 
   /// Returns the UUID that the lab shares with its copies.
@@ -100,6 +123,32 @@ class Store {
   };
 
  private:
+  /// Returns the rows that the clauses choose. Throws `HostError` when one is damaged.
+  template <class Row, class... Values>
+  std::vector<Row> Select(const std::string& clauses, const Values&... values) {
+    static const std::string kSelect = SelectFrom<Row>(ColumnNames<Row>());
+    Query query = database_->Prepare(kSelect + clauses, values...);
+    std::vector<Row> rows;
+    while (query.Step()) {
+      int index = 0;
+      Row& row = rows.emplace_back();
+      Row::Visit(row, [&](const char*, auto& member, Presence = kRequired) {
+        query.Read(index++, member);
+      });
+      if constexpr (requires { row.GetDamage(); }) {
+        if (const std::string damage = row.GetDamage(); !damage.empty()) FailDamaged(damage);
+      }
+    }
+    return rows;
+  }
+
+  template <class Row, class... Values>
+  std::optional<Row> SelectOne(const std::string& clauses, const Values&... values) {
+    auto rows = Select<Row>(clauses, values...);
+    if (rows.empty()) return std::nullopt;
+    return std::move(rows.front());
+  }
+
   std::filesystem::path GetFile() const;
   void RequireTrust() const;
   /// Throws `HostError` when the open file is not a usable store.

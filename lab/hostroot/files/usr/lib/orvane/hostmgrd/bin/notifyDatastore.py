@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
-"""Tells the stand-in host's management daemon what becomes of datastores.
+"""Notifies the stand-in host's management daemon about datastores.
 
 notifyDatastore.py -t EVENT -d DATASTORES
 
-There is no daemon to tell; what it would have been told is appended to
-var/log/notifyDatastore.log below the host's root, one JSON object a line.
+There is no such daemon: notifications are appended to var/log/notifyDatastore.log below the host's
+root, one JSON object a line.
 """
 import json
 import os
@@ -18,7 +18,7 @@ EVENTS = ("PreUnmount", "FailedUnmount")
 
 
 def main(arguments):
-    # Read by place, not by name: a datastore's name may look like an option.
+    # Not argparse: a datastore's name may look like an option.
     if len(arguments) not in (3, 4) or arguments[0] != "-t" or arguments[2] != "-d":
         sys.exit("usage: notifyDatastore.py -t EVENT -d DATASTORES")
     event = arguments[1]
