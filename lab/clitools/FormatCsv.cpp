@@ -12,9 +12,9 @@ std::string Cell(std::string_view text) {
   for (std::size_t at = 0; (at = valid.find('\0', at)) != std::string::npos;) {
     valid.replace(at, 1, kReplacement);
   }
-  const bool isPlain = valid.find_first_of("\",\n\r") == std::string::npos &&
-                       !valid.starts_with(' ') && !valid.ends_with(' ');
-  if (isPlain) return valid;
+  const bool needsQuotes = valid.find_first_of("\",\n\r") != std::string::npos ||
+                           valid.starts_with(' ') || valid.ends_with(' ');
+  if (!needsQuotes) return valid;
   std::string quoted = "\"";
   for (const char c : valid) {
     if (c == '"') quoted += '"';

@@ -117,9 +117,9 @@ std::string OutputHelp(Command& command, std::size_t width) {
 std::string DescriptionOf(const ParameterSpec& parameter) {
   constexpr std::string_view kPlaceholder = "%ENUM%";
   std::string text = parameter.GetDescription();
-  const std::size_t place = text.find(kPlaceholder);
-  if (!parameter.GetConstraint() || place == std::string::npos) return text;
-  return text.replace(place, kPlaceholder.size(), AllowedValues(*parameter.GetConstraint()));
+  const std::size_t begin = text.find(kPlaceholder);
+  if (!parameter.GetConstraint() || begin == std::string::npos) return text;
+  return text.replace(begin, kPlaceholder.size(), AllowedValues(*parameter.GetConstraint()));
 }
 
 std::vector<std::string> UsageItems(Command& command) {

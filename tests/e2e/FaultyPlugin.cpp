@@ -68,6 +68,7 @@ class Raw final : public CliTools::AutoCli::Command {
   Raw() {
     SetDescription(kRaw);
     SetMetaDataField("confirm", kRaw);
+    SetMetaDataField("examples", "# " + kRaw + "\n" + kRaw);
     SetDefaultOutputFormatter("table");
     SetDefaultOutputParameter("header:" + kRaw, kRaw);
     SetDefaultOutputParameter("units:" + kRaw + "." + kRaw, kRaw);

@@ -17,6 +17,7 @@ load common
     wrong 'dovra trace get: --plugin-dir goes before the command' dovra trace get --plugin-dir x
     wrong 'Unknown option "--bogus"; *' dovra cluster --bogus
     wrong 'there is no "diskgroup"; did you mean "dovra storage diskgroup"? *' diskgroup
+    wrong 'Invalid value "nonsense" for --reference: expected one of markdown' --reference nonsense
     wrong 'Invalid value "ksh" for --completion: expected one of bash, zsh, fish' --completion ksh
     wrong '--batch and --list do not go together' --list --batch x
     wrong 'dovra cluster get: --echo goes with --batch' dovra cluster get --echo

@@ -1,5 +1,5 @@
-// Any words, each ended by a zero byte, for a command's parameters: what is accepted is allowed,
-// and is the same when it is written out and read again; what is refused is so in one line.
+// Parses any words, separated by zero bytes. Accepted values must be allowed and survive being
+// written out and parsed again; errors must be one line.
 
 #include "clitools/CommandLine.h"
 
@@ -8,6 +8,7 @@
 
 #include "../unit/lab/Parameters.h"
 #include "Fuzz.h"
+#include "baselibs/Strings.h"
 
 using namespace CliTools;
 
@@ -31,12 +32,9 @@ void CheckAllowed(const Input& input) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   static const std::shared_ptr<InputSpec> kSpec = MakeSpec();
-  std::vector<std::string> words;
-  for (const std::uint8_t* const end = data + size; data < end;) {
-    const auto zero = std::find(data, end, 0);
-    words.emplace_back(data, zero);
-    data = zero + (zero == end ? 0 : 1);
-  }
+  const std::string text(data, data + size);
+  const auto parts = BaseLibs::Split(text, '\0');
+  const std::vector<std::string> words(parts.begin(), parts.end() - (parts.back().empty() ? 1 : 0));
   try {
     const auto input = ParseParameters(*kSpec, words);
     CheckAllowed(*input);

@@ -1,5 +1,5 @@
-// Formats any result: every document is UTF-8, and another parser reads the JSON back as the
-// result.
+// Formats any result. Every document must be UTF-8, and another parser must read the result from
+// its JSON.
 
 #include <fuzzer/FuzzedDataProvider.h>
 
@@ -24,7 +24,7 @@ Json MakeJson(FuzzedDataProvider& data, int depth) {
   }
   if (kind == 3) return record;
   Json list = Json::array();
-  if (kind == 4) list.push_back(record);  // decides which fields are shown of the others
+  if (kind == 4) list.push_back(record);  // its fields are those that are shown
   while (data.ConsumeBool()) {
     if (kind == 4 && data.ConsumeBool() && !record.empty()) record.erase(record.begin());
     list.push_back(kind == 4 ? record : Json(data.ConsumeRandomLengthString()));
@@ -59,7 +59,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
   constexpr int kDepth = 4;
   FuzzedDataProvider data(bytes, size);
   const Json json = MakeJson(data, kDepth);
-  // With U+FFFD for bytes that are not UTF-8.
+  // With U+FFFD in place of bytes that are not UTF-8.
   const Json readable = Json::parse(json.dump(-1, ' ', false, Json::error_handler_t::replace));
   const auto result = Make(json);
   for (const std::string& formatter : CliTools::FormatterNames()) {

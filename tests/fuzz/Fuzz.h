@@ -1,4 +1,3 @@
-// What the fuzz targets share.
 #pragma once
 
 #include <cstdint>
@@ -6,7 +5,7 @@
 #include <iostream>
 #include <string>
 
-/// Ends the run if it does not hold; the fuzzer keeps the input.
+/// Aborts unless the condition holds; the fuzzer keeps the input.
 inline void Require(const char* what, bool holds) {
   if (holds) return;
   std::cerr << "does not hold: " << what << std::endl;

@@ -10,7 +10,7 @@ using namespace CliTools;
 
 using Words = std::vector<std::string>;
 
-/// What was read, or what was refused.
+/// Returns the parsed values or the error message.
 std::string Parse(const InputSpec& spec, const Words& words) try {
   return BaseLibs::Join(WriteOut(spec, *ParseParameters(spec, words)), " ");
 } catch (const UsageError& error) {
@@ -22,7 +22,8 @@ TEST(CommandLine, TakesOptionsAsAdministratorsTypeThem) {
   const std::vector<std::pair<Words, std::string>> cases = {
       {{"--uuid", "X"}, "--uuid=X"},
       {{"--uuid=X=Y"}, "--uuid=X=Y"},
-      {{"-u", "a", "--uuid-file", "b"}, "--uuid=a --uuid-file=b"},  // one begins like the other
+      {{"-u", "a", "--uuid-file", "b"},
+       "--uuid=a --uuid-file=b"},  // one name is a prefix of the other
       {{"-wbuX", "-?", "-w"}, "--uuid=X --uuid-file=-w --wait --boot"},
       {{"-w", "-w", "-uX", "--"}, "--uuid=X --wait"},
       {{"-u", "--"}, "--uuid=--"},

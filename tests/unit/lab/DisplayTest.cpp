@@ -13,10 +13,10 @@ TEST(Display, ReplacesWhatIsNotUtf8) {
   const std::vector<std::pair<std::string, std::string>> cases = {
       {"a\xC3\xA9\xE6\xBC\xA2\xF0\x9F\x98\x80", "aé漢😀"},
       {"\x80|\xF5\x80\x80\x80|\xC3", "\uFFFD|\uFFFD\uFFFD\uFFFD\uFFFD|\uFFFD"},
-      {"\xE6\xBC|x", "\uFFFD|x"},              // cut short: one character lost, not the rest
-      {"\xC0\xAF", "\uFFFD\uFFFD"},            // overlong
-      {"\xE0\x80\x80", "\uFFFD\uFFFD\uFFFD"},  // overlong
-      {"\xED\xA0\x80", "\uFFFD\uFFFD\uFFFD"},  // surrogate
+      {"\xE6\xBC|x", "\uFFFD|x"},                        // truncated: the rest stays
+      {"\xC0\xAF", "\uFFFD\uFFFD"},                      // overlong
+      {"\xE0\x80\x80", "\uFFFD\uFFFD\uFFFD"},            // overlong
+      {"\xED\xA0\x80", "\uFFFD\uFFFD\uFFFD"},            // surrogate
       {"\xF4\x90\x80\x80", "\uFFFD\uFFFD\uFFFD\uFFFD"},  // above U+10FFFF
       {"\xF0\x8F\xBF\xBF", "\uFFFD\uFFFD\uFFFD\uFFFD"},  // overlong
       {"\xEF\xBF\xBF\xF4\x8F\xBF\xBF", "\uFFFF\U0010FFFF"},

@@ -35,7 +35,7 @@ std::shared_ptr<MetaList> MakeDisks(const std::vector<std::shared_ptr<MetaStruct
   return list;
 }
 
-/// Texts that try to break out of where they are shown.
+/// Strings with characters that the formats have to escape.
 const Names kHostile = {"a,\"b;c'`",
                         " blanks ",
                         "line\nfeed\r\n",
@@ -79,12 +79,12 @@ TEST(Format, ShowsEverythingThatIsNoRecord) {
   texts->Add("b\n");
   const std::vector<std::tuple<std::shared_ptr<MetaObject>, std::string, std::string>> cases = {
       {MetaBool::New(true), "", "true\n"},
-      {MetaBool::New(false), "table", "false\n"},  // a failed command's result is not lost
+      {MetaBool::New(false), "table", "false\n"},  // as a failed command may return
       {MetaInt::New(INT64_MIN), "json", "-9223372036854775808\n"},
       {texts, "", "a\nb\n\n"},
       {texts, "simple", "a\nb\\n\n"},
       {texts, "json", "[\n  \"a\",\n  \"b\\n\"\n]\n"},
-      // Long enough for an escape to be behind what is searched a block at a time.
+      // Longer than the blocks in which a vectorised search looks for characters to escape.
       {MetaString::New(std::string(40, 'x') + '\x1f'), "json",
        '"' + std::string(40, 'x') + "\\u001F\"\n"},
       {MakeDisks({}), "simple", ""},

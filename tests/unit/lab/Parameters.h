@@ -1,4 +1,4 @@
-// The parameters of a command that has one of each kind.
+// Parameters of every type, for tests.
 #pragma once
 
 #include <string>
@@ -41,8 +41,7 @@ inline std::shared_ptr<InputSpec> MakeSpec() {
   return spec;
 }
 
-/// The words that give these values, in the parameters' order and the spelling that leaves no
-/// doubt.
+/// Returns words that give these values, in the order of the parameters, as "--name=value".
 inline std::vector<std::string> WriteOut(const InputSpec& spec, const Input& input) {
   std::vector<std::string> words;
   for (const auto& parameter : spec.GetParameters()) {

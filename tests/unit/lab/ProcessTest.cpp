@@ -9,7 +9,7 @@
 namespace BaseLibs {
 namespace {
 
-TEST(ProcessTest, TellsHowTheProgramEndedAndWhatItSaid) {
+TEST(ProcessTest, ReturnsStatusAndOutput) {
   const std::tuple<const char*, int, std::string> cases[] = {
       {"echo said; echo complained >&2; exit 7", 7, "said\ncomplained\n"},
       {"read -r one; read -r two; echo \"$two\"; read -r three", 1, "b\n"},
@@ -17,7 +17,7 @@ TEST(ProcessTest, TellsHowTheProgramEndedAndWhatItSaid) {
       {"kill -PIPE $$", 128 + SIGPIPE, ""},
       {"head -c 100000 /dev/zero | tr '\\0' x", 0, std::string(100000, 'x')},
   };
-  for (const auto callers : {SIG_DFL, SIG_IGN}) {  // a shell may have left SIGCHLD ignored
+  for (const auto callers : {SIG_DFL, SIG_IGN}) {  // inherited from the shell
     signal(SIGCHLD, callers);
     signal(SIGPIPE, callers);
     for (const auto& [line, status, output] : cases) {
@@ -32,7 +32,7 @@ TEST(ProcessTest, TellsHowTheProgramEndedAndWhatItSaid) {
 
 TEST(ProcessTest, WaitsForTheProgramAndNotForWhatItLeavesRunning) {
   const Outcome outcome = RunProgram({"/bin/sh", "-c", "sleep 1000 & echo $!"});
-  EXPECT_EQ(kill(std::stoi(outcome.output), SIGKILL), 0);  // else it had run to its end
+  EXPECT_EQ(kill(std::stoi(outcome.output), SIGKILL), 0);  // fails if RunProgram waited for it
 }
 
 }  // namespace
