@@ -1,7 +1,6 @@
 // The formatters for people: bare values, "simple" and "table".
 #include <algorithm>
 #include <numeric>
-#include <ranges>
 #include <span>
 
 #include "baselibs/Strings.h"
@@ -58,7 +57,7 @@ Widths LargestCells(const std::vector<Row>& rows, Measure&& measure) {
 }
 
 std::size_t WidestWord(std::string_view cell) {
-  return std::ranges::max(BaseLibs::Split(cell, ' ') | std::views::transform(DisplayWidth));
+  return DisplayWidth(std::ranges::max(BaseLibs::Split(cell, ' '), {}, DisplayWidth));
 }
 
 std::size_t LineWidth(const Widths& widths) {
