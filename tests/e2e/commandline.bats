@@ -3,14 +3,12 @@ load common
 
 @test "a wrong command line is refused in words that name what is allowed" {
     wrong 'a command is missing; known here: dovra, lab (more: autocli --help)'
-    wrong 'dovra: there is no "clutser"; did you mean "cluster"? (known here: *' dovra clutser get
     wrong 'a command is missing; *' --host host1
     wrong 'dovra: a command is missing; *' dovra --host host1
     wrong 'dovra faultdomain: a command is missing; known here: set, get, reset (more: autocli dovra faultdomain --help)' dovra faultdomain
     wrong '*"yaml"*simple, table, json, csv*' --formatter yaml dovra cluster get
     wrong "dovra cluster new: --formatter: \"csv\" cannot show this command's result; allowed: simple, json" --formatter csv dovra cluster new
     wrong '*--hots*--host*' --hots host2 dovra cluster get
-    wrong '*did you mean "LeaveCluster"*' lab fault add --operation LeaveClutser --message x
     wrong '*did you mean "AddDisks", "AddUnicastAgent" or "AddCapacityFlashTag"?*' lab fault add --operation Add --message x
     wrong 'dovra cluster get: --batch goes without a command' dovra cluster get --batch x
     wrong '--version goes without a command; "dovra" is one too many' --version dovra

@@ -123,7 +123,6 @@ as_user() {
     new_cluster
     store=$AUTOCLI_LAB/lab.db
     cp "$store" "$BATS_TEST_TMPDIR/good"
-    unusable 'no host "nope" in this lab; its hosts are: host1' --host nope dovra cluster get
     coproc batch { autocli --keep-going --batch - 2>&1; } # which has used it before it was damaged
     enabled='--formatter csv --no-header --fields Enabled dovra cluster get'
     ask() { echo "$1" >&"${batch[1]}" && read -r told <&"${batch[0]}"; }

@@ -107,7 +107,6 @@ knics() { autocli --formatter json dovra network list | jq -c 'map([."KNic Name"
     succeed dovra network restore
     same "$both" "$(knics)"
     succeed dovra network ip remove -i knic0
-    expect 1 false 'Interface "knic0" is not in the Dovra network configuration.' dovra network remove -i knic0
     succeed dovra network remove -i knic0 --force
     succeed dovra network clear
     succeed dovra network restore

@@ -18,7 +18,6 @@ mounted() { autocli --formatter json dovra storage list | jq -c 'map(."Is Mounte
     before=$(claimed)
     add='dovra storage add -s'
     prefix='Unable to add device: '
-    refuse "${prefix}Host host1 has no disk \"none\"." $add $ssd2 -d "$(hdd 2)" -d none
     refuse "${prefix}Disk \"$(hdd 2)\" is not a flash disk." $add "$(hdd 2)" -d "$(hdd 3)"
     refuse "${prefix}Disk \"$(hdd 0)\" is in use by disk group \"$ssd\"." $add $ssd2 -d "$(hdd 0)"
     refuse "${prefix}Disk \"$ssd2\" is a flash disk; to hold data it must be tagged capacityFlash." $add $ssd -d $ssd2
@@ -53,7 +52,6 @@ mounted() { autocli --formatter json dovra storage list | jq -c 'map(."Is Mounte
     succeed $group unmount -s $ssd
     same '[false]' "$(mounted)"
     refuse "Unable to unmount: Disk \"$ssd\" is not mounted." $group unmount -s $ssd
-    refuse "Unable to mount: Disk group \"$ssd\" is not mounted; *" $group mount -d $ssd2
     succeed $group mount -u "$(uuid_of $ssd)"
     same '[true]' "$(mounted)"
     succeed $group unmount -d $ssd2
@@ -99,7 +97,6 @@ mounted() { autocli --formatter json dovra storage list | jq -c 'map(."Is Mounte
 }
 
 @test "datastores: unique names, a default that stays" {
-    refuse 'Unable to add datastore: This host is not in a Dovra cluster.' dovra datastore add -n one
     expect 0 '' '' dovra datastore list
     new_cluster
     id=12345678-1234-1234-1234-1234567890AB
@@ -128,7 +125,6 @@ mounted() { autocli --formatter json dovra storage list | jq -c 'map(."Is Mounte
     succeed $set 'hostFailuresToTolerate=2, stripeWidth=12 replicaPreference=RAID-5/6'
     spoiled() { expect 1 false "$1" $set "$2"; }
     spoiled 'Unknown policy attribute "width"; the attributes are cacheReservation, *' width=1
-    spoiled 'The policy attribute stripeWidth cannot be "13"; it is a whole number from 1 to 12.' stripeWidth=13
     spoiled 'The policy attribute stripeWidth cannot be "0"; *' stripeWidth=0
     spoiled 'The policy attribute hostFailuresToTolerate cannot be "4"; it is a whole number from 0 to 3.' hostFailuresToTolerate=4
     spoiled 'The policy attribute cacheReservation cannot be "1000001"; *' cacheReservation=1000001
