@@ -67,7 +67,7 @@ std::size_t LineWidth(const Widths& widths) {
 /// Returns the columns' widths, with the widest columns narrowed so far that a line fits the page.
 /// Empty when words would have to be broken.
 Widths FitWidths(const std::vector<Row>& rows, std::size_t page) {
-  const Widths natural = LargestCells(rows, DisplayWidth);
+  Widths natural = LargestCells(rows, DisplayWidth);
   if (page == 0) return natural;
   const Widths least = LargestCells(rows, WidestWord);
   if (LineWidth(least) > page) return {};

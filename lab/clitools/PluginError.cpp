@@ -79,7 +79,7 @@ PluginError ThrownBy(const Command& command) {
 }
 
 std::shared_ptr<CallSpec::InputSpec> InputOf(Command& command) {
-  const auto input = Ask(command, [&command] { return command.GetInputSpec(); });
+  auto input = Ask(command, [&command] { return command.GetInputSpec(); });
   if (input == nullptr || std::ranges::count(input->GetParameters(), nullptr) > 0) {
     throw PluginError(command, "does not declare its parameters");
   }

@@ -90,9 +90,8 @@ void RequireOwn(const fs::path& path) {
                       "; a lab is for its owner alone: copy the lab to have your own");
     }
     if (!S_ISLNK(found.st_mode) && (found.st_mode & (S_IWGRP | S_IWOTH)) != 0) {
-      throw HostError(name +
-                      " can be written by other users; a lab is for its owner alone: chmod go-w " +
-                      name);
+      std::string message = name + " can be written by other users; ";
+      throw HostError(message += "a lab is for its owner alone: chmod go-w " + name);
     }
   }
 }
