@@ -4,10 +4,13 @@
 
 #include <string>
 
-#include "Run.h"
+#include "RecordingLibrary.h"
+#include "platform/corectl/DovraUtil.h"
 
 namespace {
 
+using CoreCtl::Dovra::DovraUtil;
+using HostCtl::Dovra::DovraDatastore;
 using HostCtl::Dovra::DovraIpAddress;
 using HostCtl::Dovra::DovraKnicConfig2;
 using HostCtl::Network::Ipv4Address;
@@ -26,20 +29,24 @@ void AddAgents(RecordingLibrary& library, std::int64_t count) {
 }
 
 void AddDatastores(RecordingLibrary& library, std::int64_t count) {
-  for (std::int64_t i = 0; i < count; ++i) library.datastores.emplace_back(Uuid(i), "name", false);
+  for (std::int64_t i = 0; i < count; ++i) {
+    library.datastores.push_back(std::make_shared<DovraDatastore>(Uuid(i), "name", false));
+  }
 }
 
 void AddKnics(RecordingLibrary& library, std::int64_t count) {
   const DovraIpAddress v4(Ipv4Address("224.1.2.3"));
   const DovraIpAddress v6(Ipv6Address("ff19::1"));
   for (std::int64_t i = 0; i < count; ++i) {
-    library.knics.emplace_back("knic" + std::to_string(i), v4, v6, v4, v6, 1, 2, 3, 4, true, true,
-                               Uuid(i));
+    library.knics.push_back(std::make_shared<DovraKnicConfig2>(
+        "knic" + std::to_string(i), v4, v6, v4, v6, 1, 2, 3, 4, true, true, Uuid(i)));
   }
 }
 
 void AddDisks(RecordingLibrary& library, std::int64_t count) {
-  for (std::int64_t i = 0; i < count; ++i) library.serviceDisks.push_back(Uuid(i));
+  for (std::int64_t i = 0; i < count; ++i) {
+    library.serviceDisks.push_back(DovraUtil::StringToDovraUuid(Uuid(i)));
+  }
 }
 
 void Run(benchmark::State& state, const std::string& path,

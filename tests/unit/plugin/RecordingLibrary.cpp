@@ -1,11 +1,18 @@
 #include "RecordingLibrary.h"
 
-#include <dlfcn.h>
 #include <gtest/gtest.h>
 
-#include <type_traits>
+#include <concepts>
+#include <cstring>
+#include <stdexcept>
+#include <tuple>
 
 #include "baselibs/Strings.h"
+#include "clitools/CommandLine.h"
+#include "clitools/Nodes.h"
+#include "clitools/Records.h"
+#include "clitools/Words.h"
+#include "frame/HostFile.h"
 #include "platform/baselibs/Uuid.h"
 #include "platform/clitools/AutoCli.h"
 #include "platform/corectl/DovraUtil.h"
@@ -16,64 +23,50 @@ namespace Testing {
 namespace {
 
 using namespace HostCtl::Dovra;
+using namespace CliTools::AutoCli;
 using CoreCtl::Dovra::DovraUtil;
-using Strings = std::vector<std::string>;
 using Word = const std::string&;
 
-RecordingLibrary* living = nullptr;
+RecordingLibrary*& living = RecordingLibrary::living;
 
-template <class Value>
-std::string Text(const Value& value) {
-  if constexpr (std::is_same_v<Value, bool>)
-    return value ? "true" : "false";
-  else if constexpr (std::is_integral_v<Value>)
-    return std::to_string(value);
-  else if constexpr (std::is_same_v<Value, Uuid>)
-    return DovraUtil::DovraUuidToString(value);
-  else if constexpr (std::is_same_v<Value, Strings>)
-    return "[" + BaseLibs::Join(value, ", ") + "]";
-  else if constexpr (std::is_same_v<Value, DovraIpAddress>)
-    return (value.isIpv6 ? "v6 " : "v4 ") + value.GetStringAddress();
-  else
-    return value;
-}
+/// An argument as it is recorded.
+struct Text : std::string {
+  Text(const std::string& value) : std::string(value) {}
+  Text(const char* value) : std::string(value) {}
+  Text(bool value) : std::string(value ? "true" : "false") {}
+  Text(std::integral auto value) : std::string(std::to_string(value)) {}
+  Text(const Uuid& value) : std::string(DovraUtil::DovraUuidToString(value)) {}
+  Text(const Strings& values) : std::string("[" + BaseLibs::Join(values, ", ") + "]") {}
+  Text(const DovraIpAddress& value)
+      : std::string((value.isIpv6 ? "v6 " : "v4 ") + value.GetStringAddress()) {}
+};
 
-/// Notes the call, then fails if the test said so.
+/// Records the call, then throws if the test says so.
 template <class... Arguments>
 RecordingLibrary& Record(const std::string& operation, const Arguments&... arguments) {
-  living->calls.push_back(operation + "(" + BaseLibs::Join(Strings{Text(arguments)...}, ", ") +
-                          ")");
-  living->order += operation + ' ';
+  const std::vector<Text> texts = {arguments...};
+  living->calls.push_back(operation + "(" + BaseLibs::Join(texts, ", ") + ")");
   const auto exception = living->exceptions.find(living->calls.size() - 1);
   if (exception != living->exceptions.end()) std::rethrow_exception(exception->second);
   return *living;
 }
 
-template <class Handles>
-void AddNulls(Handles& handles) {
-  if (!living->hasNulls) return;
-  handles.emplace(handles.begin(), nullptr);
-  handles.emplace_back(nullptr);
+/// Returns the first of the answers, and removes it unless it is the last.
+int Next(std::vector<int>& answers) {
+  const int answer = answers.front();
+  if (answers.size() > 1) answers.erase(answers.begin());
+  return answer;
 }
 
-/// Something that a command owns; the library counts them.
-template <int RecordingLibrary::*kCount>
-struct Counted {
-  Counted() { ++(living->*kCount); }
-  ~Counted() { --(living->*kCount); }
-  Counted(const Counted&) = delete;
-  Counted& operator=(const Counted&) = delete;
-};
-
-class RecordingInfo : public virtual DovraInfo, Counted<&RecordingLibrary::liveObjects> {
+class RecordingInfo : public virtual DovraInfo {
  public:
   ~RecordingInfo() override {
-    EXPECT_EQ(living->livePlugins, 1) << "the information object outlived its plug-in object";
+    EXPECT_TRUE(living->pluginLives) << "the information object outlived its plug-in object";
   }
 
   void GetDiskInfo(const Uuid& disk, const DiskLuns& luns, DovraDiskInfo& info) override {
     const auto& known = Record(__func__, disk, luns.size()).diskInfos;
-    if (const auto found = known.find(Text(disk)); found != known.end()) info = found->second;
+    if (const auto found = known.find(disk); found != known.end()) info = found->second;
   }
   void AddDisks(Word ssd, const Strings& disks) override { Record(__func__, ssd, disks); }
   void MountDiskGroup(Word ssd) override { Record(__func__, ssd); }
@@ -90,16 +83,14 @@ class RecordingInfo : public virtual DovraInfo, Counted<&RecordingLibrary::liveO
   void SetPreferredFaultDomain(Word name) override { Record(__func__, name); }
   bool IsLocalNodeWitness() override { return Record(__func__).isWitness; }
   DovraConfigGeneration GetConfigGeneration() override { return Record(__func__).generation; }
-  void RemoveKnic(Word name, bool force, Word traffic) override {
-    Record(__func__, name, force, traffic);
-  }
+  void RemoveKnic(Word nic, bool force, Word type) override { Record(__func__, nic, force, type); }
   void RefreshUnicastAgents() override { Record(__func__); }
   void AddUnicastAgent(Word uuid, bool witness, bool unicast, const DovraIpAddress& address,
                        std::int32_t port, bool hasInterface, Word interface, Word extra) override {
     Record(__func__, uuid, witness, unicast, address, port, hasInterface, interface, extra);
   }
   bool RemoveUnicastAgent(Word uuid, const DovraIpAddress& address, std::int32_t port) override {
-    return Record(__func__, uuid, address, port).removeUnicastAgentResult;
+    return Next(Record(__func__, uuid, address, port).removeUnicastAgentResults) != 0;
   }
   void GetUnicastAgents(Strings& entries) override { entries = Record(__func__).unicastAgents; }
   void GetUnicastWitnesses(Strings& texts) override { texts = Record(__func__).unicastWitnesses; }
@@ -107,13 +98,10 @@ class RecordingInfo : public virtual DovraInfo, Counted<&RecordingLibrary::liveO
   void RestoreClusterConfig(bool boot) override { Record(__func__, boot); }
   void ClearNetworkConfig() override { Record(__func__); }
   void ClearDatastores() override { Record(__func__); }
-  void JoinCluster(const Uuid& cluster, bool witness, Word preferred, bool wait,
-                   bool reserved) override {
-    Record(__func__, cluster, witness, preferred, wait, reserved);
+  void JoinCluster(const Uuid& uuid, bool witness, Word site, bool wait, bool rest) override {
+    Record(__func__, uuid, witness, site, wait, rest);
   }
-  void CreateCluster(Word uuid, bool enable, bool reserved) override {
-    Record(__func__, uuid, enable, reserved);
-  }
+  void CreateCluster(Word uuid, bool on, bool rest) override { Record(__func__, uuid, on, rest); }
   void LeaveCluster(bool reserved) override { Record(__func__, reserved); }
   const DovraClusterConfig& GetClusterConfig() override { return Record(__func__).config; }
   void SetFaultDomain(Word name) override { Record(__func__, name); }
@@ -122,38 +110,22 @@ class RecordingInfo : public virtual DovraInfo, Counted<&RecordingLibrary::liveO
   void AddCapacityFlashTag(Word disk) override { Record(__func__, disk); }
   void RemoveCapacityFlashTag(Word disk) override { Record(__func__, disk); }
   void ClearPolicyDefaults() override { Record(__func__); }
-  std::string GetDatastoreName(Word uuid) override {
-    return Record(__func__, uuid).datastoreNames[uuid];
-  }
+  std::string GetDatastoreName(Word uuid) override { return Record(__func__, uuid).names[uuid]; }
   void SetDatastoreName(Word uuid, Word name) override { Record(__func__, uuid, name); }
   void AddDatastore(const DovraDatastore& datastore) override {
     Record(__func__, datastore.GetUuid(), datastore.GetName(), datastore.IsDefault());
   }
   void RemoveDatastore(Word uuid, bool reserved) override { Record(__func__, uuid, reserved); }
-  void GetDatastores(Datastores& datastores) override {
-    for (const auto& datastore : Record(__func__).datastores) {
-      datastores.push_back(std::make_shared<DovraDatastore>(datastore));
-    }
-    AddNulls(datastores);
-  }
+  void GetDatastores(Datastores& handles) override { handles = Record(__func__).datastores; }
   bool IsKnicInUse(Word name, Word traffic) override {
-    const auto& library = Record(__func__, name, traffic);
-    return traffic == "dovra" ? library.knicInUseForDovra : library.knicInUseForWitness;
+    return Record(__func__, name, traffic).trafficInUse.contains(traffic);
   }
-  void GetDiskUuids(std::vector<Uuid>& disks) override {
-    for (const auto& text : Record(__func__).serviceDisks) {
-      disks.push_back(DovraUtil::StringToDovraUuid(text));
-    }
-  }
-  void SetPolicyDefault(Word policyClass, Word policy) override {
-    Record(__func__, policyClass, policy);
-  }
-  std::string GetPolicyDefault(Word policyClass) override {
-    return Record(__func__, policyClass).policies[policyClass];
-  }
-  std::int64_t GetResyncThrottle() override { return Record(__func__).throttle; }
+  void GetDiskUuids(std::vector<Uuid>& disks) override { disks = Record(__func__).serviceDisks; }
+  void SetPolicyDefault(Word name, Word policy) override { Record(__func__, name, policy); }
+  std::string GetPolicyDefault(Word name) override { return Record(__func__, name).names[name]; }
+  std::int64_t GetResyncThrottle() override { return Record(__func__).resync; }
   void SetResyncThrottle(std::int64_t level) override { Record(__func__, level); }
-  std::int64_t GetResyncBandwidth() override { return Record(__func__).bandwidth; }
+  std::int64_t GetResyncBandwidth() override { return Record(__func__).resync; }
 };
 
 class RecordingInfo2 final : public RecordingInfo, public DovraInfo2 {
@@ -170,15 +142,16 @@ class RecordingInfo2 final : public RecordingInfo, public DovraInfo2 {
   std::vector<std::unique_ptr<DovraKnicConfig2>> GetKnicConfigs() override {
     std::vector<std::unique_ptr<DovraKnicConfig2>> configs;
     for (const auto& knic : Record(__func__).knics) {
-      configs.push_back(std::make_unique<DovraKnicConfig2>(knic));
+      configs.push_back(knic ? std::make_unique<DovraKnicConfig2>(*knic) : nullptr);
     }
-    AddNulls(configs);
     return configs;
   }
 };
 
-class RecordingPlugin final : public HostCtl::DovraPlugin, Counted<&RecordingLibrary::livePlugins> {
+class RecordingPlugin final : public HostCtl::DovraPlugin {
  public:
+  RecordingPlugin() { living->pluginLives = true; }
+  ~RecordingPlugin() override { living->pluginLives = false; }
   std::unique_ptr<DovraInfo> GetDovraInfo() override {
     const auto& library = Record(__func__);
     if (!library.hasInfo) return nullptr;
@@ -187,77 +160,65 @@ class RecordingPlugin final : public HostCtl::DovraPlugin, Counted<&RecordingLib
   }
 };
 
-class RecordingLun final : public DovraDiskLun, Counted<&RecordingLibrary::liveObjects> {
- public:
-  RecordingLun(std::string device, const std::string& uuid)
-      : device_(std::move(device)), uuid_(DovraUtil::StringToDovraUuid(uuid)) {}
-  Uuid GetUuid() const override { return uuid_; }
-  std::string GetDeviceName() const override { return device_; }
-
- private:
-  std::string device_;
-  Uuid uuid_;
-};
-
-void NoteRead(const std::string& parameter) {
-  if (living) living->order += parameter + ' ';
-}
-
-/// The base library's own function of that name.
-template <class Function>
-Function* Original(const char* name) {
-  return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
-}
-
 }  // namespace
 
-RecordingLibrary::RecordingLibrary() {
-  living = this;
+std::string traceConfiguration = "/nowhere/dovratraced.conf";
+
+std::shared_ptr<Namespace> Registered(std::shared_ptr<Namespace> root) {
+  AutoCli_RegisterNamespaces(root);
+  return root;
 }
-RecordingLibrary::~RecordingLibrary() {
-  EXPECT_EQ(liveObjects + livePlugins, 0) << "an object of the control library was not released";
-  living = nullptr;
+
+std::pair<Command&, std::string> Find(const std::string& line) {
+  static const auto root = Registered();
+  for (const auto& command : CliTools::CommandsBelow(*root)) {
+    const std::string path = CliTools::PathOf(*command).substr(std::size("dovra")) + ' ';
+    if ((line + ' ').starts_with(path)) return {*command, (line + ' ').substr(path.size())};
+  }
+  throw std::invalid_argument("no command begins \"" + line + "\"");
+}
+
+Outcome Execute(const std::string& line) {
+  const auto& [command, rest] = Find(line);
+  const auto output = CliTools::CallSpec::Output::New();
+  command.Execute(CliTools::ParseParameters(*command.GetInputSpec(), CliTools::SplitWords(rest)),
+                  output);
+  const auto& root = output->GetRootObject();
+  Outcome outcome = root ? CliTools::PlainText(root.get(), ", ") : "none";
+  for (const auto& error : output->GetErrorMessages()) outcome = Failed(error, outcome);
+  return outcome;
+}
+
+void Check(const std::string& line, const SetUp& setUp, const Strings& calls,
+           const Outcome& outcome, const char* file, int number) {
+  const testing::ScopedTrace trace(file, number, line);
+  RecordingLibrary library;
+  if (setUp) setUp(library);
+  EXPECT_EQ(Execute(line), outcome);
+  EXPECT_EQ(library.calls, calls);
 }
 
 }  // namespace Testing
 
 using namespace Testing;
 
+// A UUID is a number, and its long form has a prefix.
+
 extern "C" char* UUID_CreateRandom() {
-  const bool fails = living && living->uuids == RecordingLibrary::Uuids::kNone;
-  return fails ? nullptr : Original<char*()>("UUID_CreateRandom")();
+  const std::string number = std::to_string(++living->createdUuids);
+  return living->createsUuids ? strdup(("long:" + number).c_str()) : nullptr;
 }
 
 extern "C" char* UUID_PackText(const char* source, char* destination, std::size_t length) {
-  if (living && living->uuids == RecordingLibrary::Uuids::kUnreadable) return nullptr;
-  return Original<decltype(UUID_PackText)>("UUID_PackText")(source, destination, length);
+  if (!living->packsUuids || length != std::strlen(source)) return nullptr;
+  return static_cast<char*>(std::memmove(destination, source + 5, length - 4));
 }
 
-namespace CliTools::CallSpec {
-
-std::string Input::GetParameter(const std::string& name) const {
-  NoteRead(name);
-  return HasParameter(name) ? std::get<std::string>(values_.at(name)) : "";
-}
-bool Input::GetParameterBool(const std::string& name) const {
-  NoteRead(name);
-  return std::get<bool>(values_.at(name));
-}
-std::int64_t Input::GetParameterInt(const std::string& name) const {
-  NoteRead(name);
-  return std::get<std::int64_t>(values_.at(name));
-}
-void Input::GetParameterList(const std::string& name, Strings& values) const {
-  NoteRead(name);
-  values = std::get<Strings>(values_.at(name));
-}
-
-}  // namespace CliTools::CallSpec
-
+// The command fails, which must make no difference.
 int CliTools::AutoCli::AutoCli_ShellCmd(const std::string& command, std::string& output,
                                         const std::string& input) {
-  Record(__func__, command, output, input);
-  return 0;
+  Record(__func__, command, std::exchange(output, "failed"), input);
+  return 1;
 }
 
 void OrvaneCli::DovraNamespace::PauseBeforeRestart() {
@@ -269,7 +230,7 @@ namespace HostCtl {
 DovraPlugin::~DovraPlugin() = default;
 
 std::unique_ptr<DovraPlugin> DovraPluginFactory::GetDovraPlugin() {
-  Record(__func__);
+  if (!Record(__func__).hasPlugin) return nullptr;
   return std::make_unique<RecordingPlugin>();
 }
 
@@ -279,10 +240,7 @@ DovraInfo::~DovraInfo() = default;
 DovraInfo2::~DovraInfo2() = default;
 
 void DovraInfo::GetDovraDisks(DiskLuns& luns) {
-  for (const auto& [device, uuid] : Record(__func__).luns) {
-    luns.push_back(std::make_shared<RecordingLun>(device, uuid));
-  }
-  AddNulls(luns);
+  luns = Record(__func__).luns;
 }
 
 }  // namespace Dovra
@@ -296,14 +254,9 @@ void DovraUtil::GetInfoFromTavdir(std::vector<HostCtl::Dovra::DovraMemberInfo>& 
                                   std::string& masterUuid, std::string& backupUuid,
                                   std::string& maintenanceState) {
   for (const auto& member : Record(__func__).members) members.push_back({member});
-  state = "state";
-  uuid = "local";
-  health = "health";
-  revision = (std::uint64_t{1} << 32) + 9;
-  membershipUuid = "membership";
-  masterUuid = "master";
-  backupUuid = "backup";
-  maintenanceState = "maintenance";
+  std::tie(state, uuid, health, membershipUuid, masterUuid, backupUuid, maintenanceState) =
+      std::tuple("state", "local", "health", "membership", "master", "backup", "maintenance");
+  revision = INT64_MAX;
 }
 
 void DovraUtil::GetUnicastMode(bool& enabled) {
@@ -311,8 +264,7 @@ void DovraUtil::GetUnicastMode(bool& enabled) {
 }
 
 std::string DovraUtil::GetFormattedSystemDateTime() {
-  Record(__func__);
-  return "now";
+  return Record(__func__), "now";
 }
 
 bool DovraUtil::IsWitnessNode() {
@@ -324,8 +276,7 @@ bool DovraUtil::IsInStretchedCluster() {
 }
 
 std::string DovraUtil::GetFaultDomainId() {
-  Record(__func__);
-  return "fault-domain-id";
+  return Record(__func__), "fault-domain-id";
 }
 
 void DovraUtil::GetPreferredFaultDomainInfo(std::string& id, std::string& name) {
@@ -340,12 +291,12 @@ void DovraUtil::DecomCancel() {
 
 int DovraUtil::DovraExec(const std::string& command, const std::string& argument, bool reserved1,
                          bool reserved2, bool reserved3) {
-  auto& statuses =
-      Record(__func__, command, argument, reserved1, reserved2, reserved3).execStatuses;
-  if (statuses.empty()) return 0;
-  const int status = statuses.front();
-  if (statuses.size() > 1) statuses.erase(statuses.begin());
-  return status;
+  return Next(Record(__func__, command, argument, reserved1, reserved2, reserved3).execStatuses);
 }
 
 }  // namespace CoreCtl::Dovra
+
+std::string OrvaneCli::DovraNamespace::HostFile(const char* path) {
+  const bool isConfiguration = path == std::string("/etc/orvane/dovra/dovratraced.conf");
+  return isConfiguration ? Testing::traceConfiguration : std::string("/the host's") + path;
+}

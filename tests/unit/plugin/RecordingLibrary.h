@@ -1,73 +1,106 @@
-// The control library that the commands under test meet: it records every operation, answers with
-// what the test set, and throws where the test said so.
+// Runs a command as the framework does, against a control library that records what is asked of it,
+// and checks what was asked, exactly and in order, and what the command leaves.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <exception>
+#include <functional>
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "platform/clitools/AutoCli.h"
 #include "platform/hostctl/DovraPluginFactory.h"
 
 namespace Testing {
 
-/// There is one at a time; the linked operations use it.
+using Strings = std::vector<std::string>;
+
+/// The control library: it records every operation, answers with what the test set, and throws
+/// where the test says. There is one at a time; the linked operations use it.
 struct RecordingLibrary {
-  /// "Operation(argument, ...)" for each call, in order. Texts stand as they are, truth values as
-  /// true and false, lists in brackets. `GetDovraPlugin` and `GetDovraInfo` are recorded too, the
-  /// shell's commands, and the pauses between restarts of the trace daemon.
-  std::vector<std::string> calls;
-  /// The names of the operations and, before them, of the parameters that the command read.
-  std::string order;
-  /// By a call's place in `calls`: what it throws after it was recorded.
+  /// "Operation(argument, ...)" for each call, in order. Strings are unquoted, lists in brackets.
+  /// `GetDovraPlugin` and `GetDovraInfo` are recorded too, the shell's commands, and the pauses
+  /// between restarts of the trace daemon.
+  Strings calls;
+  /// By a call's position in `calls`: what it throws after it was recorded.
   std::map<std::size_t, std::exception_ptr> exceptions;
 
-  // Objects handed out and not released yet.
-  int livePlugins = 0;
-  int liveObjects = 0;
+  bool pluginLives = false;  ///< the plug-in object is not released yet
 
-  // What the operations answer.
-  bool hasInfo = true;    ///< `GetDovraInfo` yields an object
-  bool hasInfo2 = true;   ///< ... and it has the newer operations
-  bool hasNulls = false;  ///< lists of handles begin and end with a null one
+  // What the operations return. In a list of answers each call takes the first one; the last stays.
+  bool hasPlugin = true;
+  bool hasInfo = true;
+  bool hasInfo2 = true;  ///< the information object has the newer operations
   HostCtl::Dovra::DovraClusterConfig config{true, "c0000000-0000-0000-0000-000000000001"};
   HostCtl::Dovra::DovraConfigGeneration generation;
   bool isWitness = false;
-  std::vector<std::string> members;
+  Strings members;
   bool unicastMode = false;
   bool stretched = true;
   bool autoClaim = false;
-  bool knicInUseForDovra = false;
-  bool knicInUseForWitness = false;
-  std::vector<HostCtl::Dovra::DovraKnicConfig2> knics;
-  std::vector<HostCtl::Dovra::DovraDatastore> datastores;
-  std::vector<std::string> unicastAgents;
-  std::vector<std::string> unicastWitnesses;
-  bool removeUnicastAgentResult = true;
-  /// Local devices: device name and UUID text.
-  std::vector<std::pair<std::string, std::string>> luns;
-  std::vector<std::string> serviceDisks;  ///< UUID texts
-  /// By UUID text: what `GetDiskInfo` fills in; an unknown disk leaves the record empty.
-  std::map<std::string, HostCtl::Dovra::DovraDiskInfo> diskInfos;
-  /// By what was asked (policy class, datastore UUID); others yield the empty text.
-  std::map<std::string, std::string> policies;
-  std::map<std::string, std::string> datastoreNames;
-  std::int64_t throttle = 0;
-  std::int64_t bandwidth = 0;
+  std::set<std::string> trafficInUse;
+  std::vector<std::shared_ptr<HostCtl::Dovra::DovraKnicConfig2>> knics;
+  HostCtl::Dovra::DovraInfo::Datastores datastores;
+  Strings unicastAgents;
+  Strings unicastWitnesses;
+  std::vector<int> removeUnicastAgentResults = {true};
+  HostCtl::Dovra::DovraInfo::DiskLuns luns;
+  std::vector<HostCtl::Dovra::Uuid> serviceDisks;
+  std::map<HostCtl::Dovra::Uuid, HostCtl::Dovra::DovraDiskInfo> diskInfos;  ///< else left empty
+  std::map<std::string, std::string> names;  ///< policies by class, datastores' names by UUID
   std::string faultDomainName = "site-a";
-  /// Exit statuses of `DovraExec`, in order; the last one repeats. 0 if there is none.
-  std::vector<int> execStatuses;
+  std::int64_t resync = 0;  ///< throttle and bandwidth
+  std::vector<int> execStatuses = {0};
+  static inline int createdUuids = 0;  ///< over all libraries: each UUID is the next number
+  bool createsUuids = true;
+  bool packsUuids = true;
 
-  /// What the base library has of new UUIDs: those of its own, none, or one that it cannot read.
-  enum class Uuids { kOwn, kNone, kUnreadable } uuids = Uuids::kOwn;
-
-  RecordingLibrary();
-  ~RecordingLibrary();
+  static inline RecordingLibrary* living = nullptr;
+  RecordingLibrary() { living = this; }
+  ~RecordingLibrary() { living = nullptr; }
   RecordingLibrary(const RecordingLibrary&) = delete;
   RecordingLibrary& operator=(const RecordingLibrary&) = delete;
 };
+
+using SetUp = std::function<void(RecordingLibrary&)>;
+
+inline const SetUp kNotEnabled = [](auto& library) { library.config.enabled = false; };
+inline const SetUp kOnWitness = [](auto& library) { library.isWitness = true; };
+
+/// What a call left: its result as "value", "Field: value, ..." or "element, ...", "none" without
+/// one, and " ! " before each error message.
+using Outcome = std::string;
+inline Outcome Failed(const std::string& message, const std::string& root = "none") {
+  return root + " ! " + message;
+}
+
+/// The calls that open the control library.
+inline const Strings kOpen = {"GetDovraPlugin()", "GetDovraInfo()"};
+inline Strings operator+(Strings calls, const std::string& next) {
+  calls.push_back(next);
+  return calls;
+}
+
+/// A tree in which the plug-in's entry point has registered its commands.
+std::shared_ptr<CliTools::AutoCli::Namespace> Registered(
+    std::shared_ptr<CliTools::AutoCli::Namespace> root = CliTools::AutoCli::Namespace::New());
+
+/// Returns the command whose path below `dovra` begins the line, and the rest of the line.
+std::pair<CliTools::AutoCli::Command&, std::string> Find(const std::string& line);
+
+/// Runs a command as it is typed behind `dovra`, in words as a shell takes them.
+Outcome Execute(const std::string& line);
+
+/// Expects these calls and this outcome of the line, with a library that `setUp` has prepared.
+void Check(const std::string& line, const SetUp& setUp, const Strings& calls,
+           const Outcome& outcome, const char* file = __builtin_FILE(),
+           int number = __builtin_LINE());
+
+/// The host's file, set by the test.
+extern std::string traceConfiguration;
 
 }  // namespace Testing

@@ -1,81 +1,19 @@
-// How the tree is hung below the root. What its nodes say of themselves is compared in the
-// reference.
+// How the tree is registered below the root. What its nodes declare is compared in the reference.
 
 #include <gmock/gmock.h>
 
 #include <cstring>
 
-#include "Run.h"
+#include "RecordingLibrary.h"
+#include "clitools/Nodes.h"
 #include "frame/Frame.h"
-
-namespace OrvaneCli::DovraNamespace {
-class MaintenanceModeCancel;
-}
 
 namespace {
 
 using namespace CliTools::AutoCli;
 using namespace OrvaneCli::DovraNamespace;
-using Testing::Below;
 using Testing::Registered;
-std::string PathsBelow(const NamespaceNode& node) {
-  std::string paths;
-  for (const auto& [path, below] : Below(node)) paths += path + '\n';
-  return paths;
-}
-
-TEST(CommandTree, GrowsOnTheNamespaceThatIsThere) {
-  const auto root = Namespace::New();
-  const auto dovra = Namespace::New();
-  dovra->RegisterNamespaceNode(Namespace::New(), "neighbour");
-  root->RegisterNamespaceNode(dovra, "dovra");
-  std::string paths = PathsBelow(*Registered());
-  paths.insert(paths.find('\n') + 1, "dovra neighbour\n");
-  EXPECT_EQ(PathsBelow(*Registered(root)), paths);
-  EXPECT_EQ(root->GetNamespaceNode("dovra"), dovra);
-}
-
-TEST(CommandTree, TakesTheNameFromWhatIsNoNamespace) {
-  const auto root = Namespace::New();
-  root->RegisterNamespaceNode(MakeCommand<MaintenanceModeCancel>(), "dovra");
-  EXPECT_EQ(PathsBelow(*Registered(root)), PathsBelow(*Registered()));
-}
-
-TEST(CommandTree, KeepsTheBlanksThatNoPageShows) {
-  const auto parameter = [](const char* path, std::size_t place) {
-    return Testing::Find(path).first.GetInputSpec()->GetParameters().at(place)->GetDescription();
-  };
-  EXPECT_EQ(Testing::Find("storage automode get").first.GetDescription().front(), ' ');
-  EXPECT_EQ(parameter("policy setdefault", 1).back(), '\n');
-  EXPECT_THAT(parameter("storage remove", 3),
-              testing::ContainsRegex("are:\n    ensure[^\n]+\n    evacuate[^\n]+\n    noAction"));
-}
-
-TEST(CommandTree, CompletesANamespaceBeforeItsParentLearnsOfIt) {
-  static Namespace* top;
-  const auto root = Namespace::New();
-  top = root.get();
-  const auto make = +[]() -> CommandPtr {
-    EXPECT_EQ(PathsBelow(*top), "first\n");
-    return MakeCommand<MaintenanceModeCancel>();
-  };
-  const Node nodes[] = {
-      {"first", ""}, {"outer", ""}, {"outer inner", ""}, {"outer leaf", make}, {"outermost", ""}};
-  Register(nodes, *root, "");
-  EXPECT_EQ(PathsBelow(*root), "first\nouter\nouter inner\nouter leaf\noutermost\n");
-}
-
-TEST(CommandTree, RefusesARowThatDoesNotFollowItsNamespace) {
-  for (const char* const stray : {"dvora b", "dovra x b", "dovrab", "dovra"}) {
-    const Node nodes[] = {{"dovra a", ""}, {stray, ""}, {"dovra c", ""}};
-    try {
-      Register(nodes, *Namespace::New(), "dovra");
-      ADD_FAILURE() << stray << " was registered";
-    } catch (const std::logic_error& error) {
-      EXPECT_EQ(error.what(), "the tree has no namespace for \"" + std::string(stray) + '"');
-    }
-  }
-}
+using Testing::Strings;
 
 /// The position of a virtual function in its class's table, where the destructor has the first two.
 template <class Method>
@@ -86,16 +24,67 @@ std::size_t SlotOf(Method method) {
 }
 
 struct AnyCommand : SuccessCommand<AnyCommand> {
-  static void CheckSlots() {
-    EXPECT_EQ(SlotOf(&AnyCommand::GetInputSpecInternal), 2U);
-    EXPECT_EQ(SlotOf(&AnyCommand::GetOutputSpecInternal), 3U);
-    EXPECT_EQ(SlotOf(&AnyCommand::ExecuteInternal), 4U);
+  static std::vector<std::size_t> Slots() {
+    return {SlotOf(&AnyCommand::GetInputSpecInternal), SlotOf(&AnyCommand::GetOutputSpecInternal),
+            SlotOf(&AnyCommand::ExecuteInternal)};
   }
   void ExecuteInternal(const InputPtr&, const OutputPtr&) override {}
 };
 
+Strings CommandPaths(const Namespace& root) {
+  Strings paths;
+  for (const auto& command : CliTools::CommandsBelow(root)) {
+    paths.push_back(CliTools::PathOf(*command));
+  }
+  return paths;
+}
+
+Strings ChildNames(const Namespace& space) {
+  Strings names;
+  for (const auto& child : space.GetChildren()) names.push_back(child->GetName());
+  return names;
+}
+
+TEST(CommandTree, GrowsOnTheNamespaceThatIsThereButOnNoOtherNode) {
+  const auto root = Namespace::New(), dovra = Namespace::New();
+  dovra->RegisterNamespaceNode(AnyCommand::New(), "neighbour");
+  root->RegisterNamespaceNode(dovra, "dovra");
+  Strings paths = CommandPaths(*Registered());
+  paths.insert(paths.begin(), "dovra neighbour");
+  EXPECT_EQ(CommandPaths(*Registered(root)), paths);
+  EXPECT_EQ(root->GetNamespaceNode("dovra"), dovra);
+
+  const auto taken = Namespace::New();
+  taken->RegisterNamespaceNode(AnyCommand::New(), "dovra");
+  EXPECT_EQ(CommandPaths(*Registered(taken)), CommandPaths(*Registered()));
+}
+
+TEST(CommandTree, CompletesANamespaceBeforeItsParentLearnsOfIt) {
+  static const Namespace* top;
+  const auto root = Namespace::New();
+  top = root.get();
+  const auto make = +[]() -> CommandPtr {
+    EXPECT_EQ(ChildNames(*top), Strings{"first"});
+    return AnyCommand::New();
+  };
+  const Node nodes[] = {
+      {"first", ""}, {"outer", ""}, {"outer inner", ""}, {"outer leaf", make}, {"outermost", ""}};
+  Register(nodes, *root, "");
+  EXPECT_EQ(ChildNames(*root), (Strings{"first", "outer", "outermost"}));
+  EXPECT_EQ(CommandPaths(*root), Strings{"outer leaf"});
+}
+
+TEST(CommandTree, RefusesARowThatDoesNotFollowItsNamespace) {
+  for (const std::string stray : {"dvora b", "dovra x b", "dovrab", "dovra"}) {
+    const Node nodes[] = {{"dovra a", ""}, {stray, ""}, {"dovra c", ""}};
+    EXPECT_THAT(
+        [&] { Register(nodes, *Namespace::New(), "dovra"); },
+        testing::ThrowsMessage<std::logic_error>("the tree has no namespace for \"" + stray + '"'));
+  }
+}
+
 TEST(Command, HasItsVirtualFunctionsInOrder) {
-  AnyCommand::CheckSlots();
+  EXPECT_EQ(AnyCommand::Slots(), (std::vector<std::size_t>{2, 3, 4}));
 }
 
 }  // namespace
