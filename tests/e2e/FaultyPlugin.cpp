@@ -9,6 +9,7 @@
 namespace {
 
 using namespace OrvaneCli::DovraNamespace;
+using namespace std::string_literals;
 using CliTools::AutoCli::Namespace;
 
 std::string Fault() {
@@ -60,48 +61,32 @@ class Odd final : public CliTools::AutoCli::Command {
 };
 
 /// Escape sequences of seven and of eight bits, a carriage return, and a byte that is not UTF-8.
-const std::string kRaw = "odd\x1b[2J\u009b2J\r\xff";
+constexpr const char* kRaw = "odd\x1b[2J\u009b2J\r\xff";
 
 /// Declares and returns nothing but such strings.
-class Raw final : public CliTools::AutoCli::Command {
+class Raw final : public ListCommand<Raw> {
  public:
+  static inline const Record kRecord = {
+      kRaw, {{kRaw, MetaType::kString, kRaw}}, "table", kRaw, ","};
+
   Raw() {
     SetDescription(kRaw);
     SetMetaDataField("confirm", kRaw);
-    SetMetaDataField("examples", "# " + kRaw + "\n" + kRaw);
-    SetDefaultOutputFormatter("table");
-    SetDefaultOutputParameter("header:" + kRaw, kRaw);
-    SetDefaultOutputParameter("units:" + kRaw + "." + kRaw, kRaw);
+    SetMetaDataField("examples", "# "s + kRaw + "\n" + kRaw);
   }
 
  private:
-  static StructPtr MakeRecord() {
-    const auto record = MetaStruct::New(kRaw);
-    record->SetField(kRaw, kRaw);
-    return record;
-  }
-
   InputSpecPtr GetInputSpecInternal() override {
-    using namespace CliTools::CallSpec;
-    const auto values = ParameterConstraint::New(ParameterConstraintType::kStringEnum);
-    values->AddStringEnum(kRaw, kRaw);
-    const auto parameter = ParameterSpec::New(kRaw, ParameterType::kString);
-    parameter->SetShortName("\x1b");
-    parameter->SetDescription(kRaw);
-    parameter->SetConstraint(values);
-    const auto spec = InputSpec::New();
-    spec->AddParameter(parameter);
-    spec->AddParameter(ParameterSpec::New("force", ParameterType::kFlag));
-    return spec;
-  }
-
-  OutputSpecPtr GetOutputSpecInternal() override {
-    return MakeOutputSpec(MetaList::New(MetaType::kStruct, MakeRecord()));
+    return MakeInputSpec(
+        {{kRaw, "\x1b", ParameterType::kString, Need::kOptional, kRaw, OneOf({{kRaw, kRaw}})},
+         {"force", "", ParameterType::kFlag, Need::kOptional, ""}});
   }
 
   void ExecuteInternal(const InputPtr&, const OutputPtr& output) override {
-    const auto list = MetaList::New(MetaType::kStruct, MakeRecord());
-    list->Add(MakeRecord());
+    const auto record = GetOutputStructure();
+    record->SetField(kRaw, kRaw);
+    const auto list = MakeList();
+    for (int i = 0; i < 2; ++i) list->Add(record);
     output->SetRootObject(list);
     output->AddErrorMessage(kRaw);
   }

@@ -50,8 +50,11 @@ refuse() { expect 1 '' "$@"; }
 wrong() { expect 2 '' "autocli: $1" "${@:2}"; }
 unusable() { expect 3 '' "autocli: $1" "${@:2}"; }
 
+# json FILTER WORDS...: runs autocli, and prints what jq's FILTER selects of the result.
+json() { autocli --formatter json "${@:2}" | jq -rc "$1"; }
+
 # cluster_field NAME [HOST]: prints one field of `dovra cluster get`.
-cluster_field() { autocli --host "${2:-host1}" --formatter json dovra cluster get | jq -r --arg n "$1" '.[$n]'; }
+cluster_field() { json ".[\"$1\"]" --host "${2:-host1}" dovra cluster get; }
 
 # new_cluster HOST...: makes a cluster of host1 and new hosts, and sets $cluster to its UUID.
 new_cluster() {
@@ -78,9 +81,12 @@ select.select([sys.stdin], [], [], float(sys.argv[2]))' "$AUTOCLI_LAB/lab.db" "$
 release() { eval "exec ${held[1]}>&-"; }
 
 # tamper SQL: changes the store without autocli.
-tamper() { python3 -c 'import sqlite3, sys; sqlite3.connect(sys.argv[1], isolation_level=None).executescript(sys.argv[2])' "$AUTOCLI_LAB/lab.db" "$1"; }
+tamper() {
+    python3 -c 'import sqlite3, sys
+sqlite3.connect(sys.argv[1], isolation_level=None).executescript(sys.argv[2])' "$AUTOCLI_LAB/lab.db" "$1"
+}
 
 # hosts: prints the names of the lab's hosts.
 hosts() { autocli --formatter csv --no-header --fields Name lab host list | xargs; }
 
-host_uuid() { autocli --formatter json lab host list | jq -r --arg n "$1" '.[] | select(.Name == $n).UUID'; }
+host_uuid() { json ".[] | select(.Name == \"$1\").UUID" lab host list; }

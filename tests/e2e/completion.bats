@@ -26,7 +26,6 @@ shows() {
     same $'--evacuation-mode\tAction the Dovra service must take before the host can enter maintenance mode (default noAction).' "$("$AUTOCLI" --complete 'autocli dovra storage remove --ev')"
     completes 'autocli dovra storage remove -m e' ensureObjectAccessibility evacuateAllData
     completes 'autocli lab fault add --operation Leave' LeaveCluster
-    completes 'autocli dovra storage automode get --fields ' Enabled
     completes 'autocli dovra cluster get --fields=Enabled,Current' '--fields=Enabled,Current Local Time'
     same $'cluster\tCommands for Dovra host cluster configuration' "$("$AUTOCLI" --complete 'autocli dovra clu')"
 }
@@ -40,10 +39,8 @@ shows() {
     completes 'autocli --host=' --host=host1 --host=host2
     completes 'autocli -lHhost' -lHhost1 -lHhost2
     completes 'autocli dovra cluster join -tu ' "$cluster"
-    completes 'autocli lab host remove --name host2' host2
     completes 'autocli --host nope lab host reboot -n ' host1 host2
-    completes 'autocli dovra cluster join -u ' "$cluster"
-    completes 'autocli dovra datastore name get --uuid ' "$(autocli --formatter json dovra datastore list | jq -r '.[].UUID // .[]["Datastore UUID"]')"
+    completes 'autocli dovra datastore name get --uuid ' "$(json '.[]."Datastore UUID"' dovra datastore list)"
     completes 'autocli dovra network ip add -i k' knic0 knic1
     completes 'autocli dovra cluster unicastagent add -u ' "$(host_uuid host1)" "$(host_uuid host2)"
     succeed dovra cluster unicastagent add -a 192.0.2.20
@@ -72,7 +69,7 @@ shows() {
     autocli dovra cluster new
     autocli dovra datastore add --name 'a\b c'
     autocli --lab "$BATS_TEST_TMPDIR/other" lab host add --name elsewhere
-    uuid=$(autocli -f json dovra datastore list | jq -r '.[] | select(.Name == "a\\b c").UUID')
+    uuid=$(json '.[1]."Datastore UUID"' dovra datastore list)
     for shell in bash zsh fish; do
         shows $shell $'autocli dov\tstora\ttag add -t cap\t-d mpx.xhba1:C0:T1\t\n' \
             '<dovra><storage><tag><add><-t><capacityFlash><-d><mpx.xhba1:C0:T1:L0>'

@@ -1,4 +1,4 @@
-# What no plug-in may do.
+# Plug-ins that are broken, missing or none.
 load common
 
 @test "a broken plug-in is named, and what it throws changes nothing" {
@@ -70,12 +70,21 @@ END
     is_shown
 }
 
-@test "a plug-in without its function is named" {
+@test "a plug-in that is missing, none or without its function" {
     cd "$BATS_TEST_TMPDIR"
+    unusable 'the plug-in directory "plugins" cannot be read: No such file or directory' --plugin-dir plugins --list
     mkdir plugins
+    unusable 'there is no plug-in in "plugins"' --plugin-dir plugins --list
+    mkfifo plugins/libfifo.so
+    mkdir plugins/libdir.so
+    for name in fifo dir; do
+        unusable "the plug-in \"plugins/lib$name.so\" cannot be loaded: it is not a regular file" --plugin-dir plugins $name
+    done
     for source in '.globl AutoCli_RegisterNamespaces; .set AutoCli_RegisterNamespaces, 0' \
         '.data; .globl AutoCli_RegisterNamespaces; .type AutoCli_RegisterNamespaces, @object; AutoCli_RegisterNamespaces: .quad 1' ''; do
         echo "$source" | g++ -shared -nostdlib -x assembler - -o plugins/libodd.so
-        expect 3 '' 'autocli: the plug-in "plugins/libodd.so" cannot be loaded: it has no function AutoCli_RegisterNamespaces' --plugin-dir plugins odd
+        unusable 'the plug-in "plugins/libodd.so" cannot be loaded: it has no function AutoCli_RegisterNamespaces' --plugin-dir plugins odd
     done
+    echo none >plugins/libodd.so
+    unusable '*libodd.so*cannot be loaded*' --plugin-dir plugins odd
 }

@@ -1,7 +1,7 @@
-# The lab's folder and its store: what is touched, by whom, and what is refused.
+# The lab's directory and its store: what is changed, by whom, and what is refused.
 load common
 
-# tree FOLDER: all that is in it.
+# tree DIRECTORY: prints what is in it.
 tree() { (cd "$1" && find . -type f -exec sha256sum {} + -o -printf '%y %p %l\n' | sort); }
 
 # as_user: lets autocli run as an ordinary user.
@@ -15,17 +15,18 @@ as_user() {
     autocli() { setpriv --reuid=65534 --regid=65534 --clear-groups "$BATS_TEST_TMPDIR/moved/bin/autocli" "$@"; }
 }
 
-@test "a folder that holds other things is never made a lab" {
+@test "a directory that holds other things is never made a lab" {
     for path in precious hosts/host1/precious .hidden lab.db-journal; do
-        folder=$BATS_TEST_TMPDIR/$RANDOM
-        mkdir -p "$(dirname "$folder/$path")"
-        echo mine >"$folder/$path"
-        before=$(tree "$folder")
-        unusable "the lab's directory \"$folder\" holds other things and no lab; a new lab needs a new or empty directory" --lab "$folder" dovra trace get
-        same "$before" "$(tree "$folder")"
+        precious=$BATS_TEST_TMPDIR/$RANDOM
+        mkdir -p "$(dirname "$precious/$path")"
+        echo mine >"$precious/$path"
+        before=$(tree "$precious")
+        unusable "the lab's directory \"$precious\" holds other things and no lab; a new lab needs a new or empty directory" --lab "$precious" dovra trace get
+        same "$before" "$(tree "$precious")"
     done
-    unusable "the lab's directory \"$folder/$path\" is not a directory" --lab "$folder/$path" dovra trace get
-    unusable "the lab's directory \"$folder/$path/below\" *" --lab "$folder/$path/below" dovra trace get
+    precious+=/$path
+    unusable "the lab's directory \"$precious\" is not a directory" --lab "$precious" dovra trace get
+    unusable "the lab's directory \"$precious/below\" *" --lab "$precious/below" dovra trace get
     mkdir "$AUTOCLI_LAB"
     tamper 'CREATE TABLE mine (x)'
     foreign=$BATS_TEST_TMPDIR/foreign
@@ -46,31 +47,34 @@ as_user() {
 
 @test "only what the lab made is deleted" {
     for host in host2 host3; do succeed lab host add --name $host; done
-    mkdir "$AUTOCLI_LAB/hosts/"{mine,empty}
+    hosts=$AUTOCLI_LAB/hosts
+    cd "$hosts"
+    mkdir mine empty
     succeed lab host add --name empty # nothing is lost with that
     succeed lab host remove --name empty
-    echo mine >"$AUTOCLI_LAB/hosts/mine/file"
-    cp "$AUTOCLI_LAB/hosts/host2/.autocli-host" "$AUTOCLI_LAB/hosts/mine"
-    cp -r "$AUTOCLI_LAB/hosts/host2" "$AUTOCLI_LAB/hosts/host2.saved"
-    cp -r "$AUTOCLI_LAB/hosts/host2" "$AUTOCLI_LAB/hosts/.host1"
-    mv "$AUTOCLI_LAB/hosts/host3" "$AUTOCLI_LAB/hosts/renamed"
-    mv "$AUTOCLI_LAB/hosts/host2" "$BATS_TEST_TMPDIR/moved-root"
-    ln -s "$BATS_TEST_TMPDIR/moved-root" "$AUTOCLI_LAB/hosts/host2"
-    all() { for kept in mine host2.saved .host1 renamed ../../moved-root; do tree "$AUTOCLI_LAB/hosts/$kept"; done; }
+    echo mine >mine/file
+    cp host2/.autocli-host mine
+    cp -r host2 host2.saved
+    cp -r host2 .host1
+    mv host3 renamed
+    mv host2 ../../moved-root
+    ln -s ../../moved-root host2
+    all() { for kept in mine host2.saved .host1 renamed ../../moved-root; do tree "$hosts/$kept"; done; }
     before=$(all)
-    unusable "\"$AUTOCLI_LAB/hosts/mine\" is in the way, and the lab did not make it" lab host add --name mine
     succeed lab host remove --name host2
-    unusable "\"$AUTOCLI_LAB/hosts/host2\" is in the way, and the lab did not make it" lab host add --name host2
-    mv "$AUTOCLI_LAB/hosts" "$BATS_TEST_TMPDIR/elsewhere"
-    ln -s "$BATS_TEST_TMPDIR/elsewhere" "$AUTOCLI_LAB/hosts"
-    elsewhere=$(tree "$BATS_TEST_TMPDIR/elsewhere")
-    unusable "\"$AUTOCLI_LAB/hosts\" is in the way, *" lab reset --force
-    same "$elsewhere" "$(tree "$BATS_TEST_TMPDIR/elsewhere")"
-    rm "$AUTOCLI_LAB/hosts"
-    mv "$BATS_TEST_TMPDIR/elsewhere" "$AUTOCLI_LAB/hosts"
+    for host in mine host2; do
+        unusable "\"$hosts/$host\" is in the way, and the lab did not make it" lab host add --name $host
+    done
+    mv "$hosts" ../../elsewhere
+    ln -s ../elsewhere "$hosts"
+    elsewhere=$(tree .)
+    unusable "\"$hosts\" is in the way, *" lab reset --force
+    same "$elsewhere" "$(tree .)"
+    rm "$hosts"
+    mv "$BATS_TEST_TMPDIR/elsewhere" "$hosts"
     succeed lab reset --force
     same "$before" "$(all)"
-    same '.host1 host1 host2 host2.saved mine renamed' "$(ls -A "$AUTOCLI_LAB/hosts" | xargs)"
+    same '.host1 host1 host2 host2.saved mine renamed' "$(ls -A "$hosts" | xargs)"
 }
 
 @test "a root that cannot be settled is named, and keeps no other from being settled" {
@@ -97,18 +101,18 @@ as_user() {
 }
 
 @test "a new host has files of its own, whoever had its name" {
-    succeed lab host add --name host2
-    succeed --host host2 dovra trace set --path /old
-    succeed dovra trace set --path /old
-    succeed lab reset --force
-    succeed lab host add --name host2
+    for _ in 1 2; do
+        succeed lab reset --force
+        succeed lab host add --name host2
+        for host in host1 host2; do
+            expect 0 '   DOVRA Traces Directory: /var/dovra/traces*' '' --host $host dovra trace get
+            succeed --host $host dovra trace set --path /old
+        done
+    done
     for name in '' -x .x a/b "$(printf 'a%.0s' {1..65})"; do
         refuse "Unable to add host: \"$name\" cannot be a host's name: it has 1 to 64 *" lab host add --name="$name"
     done
-    for host in host1 host2; do
-        expect 0 '   DOVRA Traces Directory: /var/dovra/traces*' '' --host $host dovra trace get
-    done
-    # A kill between a host and its files' names: they are there under another, until somebody writes.
+    # A kill before a host's root got its name: the root keeps its hidden name until a command writes.
     uuid=$(host_uuid host1)
     mv "$AUTOCLI_LAB/hosts/host1" "$AUTOCLI_LAB/hosts/.$uuid"
     cp -r "$AUTOCLI_LAB/hosts/host2" "$AUTOCLI_LAB/hosts/host1"
@@ -125,20 +129,19 @@ as_user() {
     cp "$store" "$BATS_TEST_TMPDIR/good"
     coproc batch { autocli --keep-going --batch - 2>&1; } # which has used it before it was damaged
     enabled='--formatter csv --no-header --fields Enabled dovra cluster get'
-    ask() { echo "$1" >&"${batch[1]}" && read -r told <&"${batch[0]}"; }
+    # ask WANTED LINE: runs LINE in the batch, and compares the first line that it prints.
+    ask() { echo "$2" >&"${batch[1]}" && read -r told <&"${batch[0]}" && same "$1" "$told"; }
     max=9223372036854775807
     while IFS='|' read -r damage error commands; do
         cp --remove-destination "$BATS_TEST_TMPDIR/good" "$store"
-        ask "$enabled"
-        same true "$told"
+        ask true "$enabled"
         eval "$damage"
         before=$(sha256sum <"$store")
         IFS=, read -ra lines <<<"$commands"
         for line in "${lines[@]}"; do
             echo "$damage: $line"
             unusable "$error" $line
-            ask "$line"
-            same "$error" "${told#autocli: standard input:*: }"
+            ask "autocli: standard input:*: $error" "$line"
         done
         same "$before" "$(sha256sum <"$store")"
     done <<EOF
@@ -158,21 +161,9 @@ tamper "UPDATE hosts SET uuid = '/../victim'"|the lab's store "$store" is damage
 tamper "DELETE FROM lab"|the lab's store "$store" is damaged: it has no name|lab host add -n x
 EOF
     cp "$BATS_TEST_TMPDIR/good" "$store"
-    same true "$(cluster_field Enabled)"
-    link="--lab $BATS_TEST_TMPDIR/link $enabled"
-    mkdir "$BATS_TEST_TMPDIR/new"
-    ln -s "$AUTOCLI_LAB" "$BATS_TEST_TMPDIR/link"
-    ask "$link"
-    same true "$told"
-    ln -sfn new "$BATS_TEST_TMPDIR/link"
-    ask "$link"
-    same false "$told"
-    read -r <&"${batch[0]}" # why
-    ask "$enabled"
-    same true "$told"
+    ask true "$enabled"
     rm -r "$AUTOCLI_LAB"
-    ask "$enabled"
-    same false "$told"
+    ask false "$enabled"
 }
 
 @test "paths that SQLite would take for something else, or not at all" {

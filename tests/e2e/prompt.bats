@@ -5,7 +5,6 @@ load common
     new_cluster
     fields='Local Node State , Enabled'
     expect 0 $'Cluster Information\n   Local Node State: MASTER\n   Enabled: true' '' --fields "$fields" dovra cluster get
-    expect 0 $'{\n  "Local Node State": "MASTER",\n  "Enabled": true\n}' '' --fields "$fields" --formatter json dovra cluster get
     expect 0 'dovra policy getdefault*' '' --list --no-header -f table --fields Command
     expect 0 $'Name   Membership  Fault Domain  UUID\n*' '' lab host list
     expect 0 $'Name,UUID,Cluster UUID,Membership,Fault Domain,API Version,Network Group\n*' '' -f csv lab host list
