@@ -13,6 +13,7 @@
 namespace AutoCliProgram {
 
 using BaseLibs::Environment;
+using CliTools::Pairs;
 using CliTools::UsageError;
 using CliTools::CallSpec::Input;
 using CliTools::CallSpec::InputSpec;
@@ -40,14 +41,14 @@ struct Option {
   Use use;
   Member member;
   const char* description;
-  Strings (*allowed)() = nullptr;
+  Pairs (*allowed)() = nullptr;  ///< the allowed values and their descriptions; null: any value
 
   bool IsFlag() const { return std::holds_alternative<bool Options::*>(member); }
 };
 
-Strings Shells() {
-  Strings shells;
-  for (const CompletionScript& script : kCompletionScripts) shells.emplace_back(script.shell);
+Pairs Shells() {
+  Pairs shells;
+  for (const CompletionScript& script : kCompletionScripts) shells.emplace_back(script.shell, "");
   return shells;
 }
 
@@ -58,8 +59,7 @@ constexpr Option kOptions[] = {
     {"host", "H", "NAME", Use::kCall, &Options::host,
      "run the command on this host; default: $AUTOCLI_HOST, else host1"},
     {"formatter", "f", "NAME", Use::kCall, &Options::formatter,
-     "print the result in this format: %ENUM%; default: the command's own",
-     CliTools::FormatterNames},
+     "print the result in this format: %ENUM%; default: the command's own", CliTools::Formatters},
     {"fields", "", "A,B,...", Use::kCall, &Options::fields,
      "print only these fields, in this order"},
     {"no-header", "", "", Use::kCall, &Options::noHeader,
@@ -78,7 +78,10 @@ constexpr Option kOptions[] = {
      "bash)",
      Shells},
     {"reference", "", "FORMAT", Use::kTask, &Options::reference,
-     "print the manual in this format: %ENUM%", [] { return Strings{"markdown"}; }},
+     "print the manual in this format: %ENUM%",
+     [] {
+       return Pairs{{"markdown", ""}};
+     }},
     {"list", "l", "", Use::kTask, &Options::list, "list all commands"},
     {"version", "V", "", Use::kTask, &Options::version, "print the version"},
     {"help", "h", "", Use::kCall, &Options::help,
@@ -95,7 +98,9 @@ std::shared_ptr<InputSpec> MakeSpec(bool withCommand) {
     parameter->SetDescription(option.description);
     if (option.allowed != nullptr) {
       auto constraint = ParameterConstraint::New(ParameterConstraintType::kStringEnum);
-      for (std::string& value : option.allowed()) constraint->AddStringEnum(std::move(value), "");
+      for (const auto& [value, description] : option.allowed()) {
+        constraint->AddStringEnum(value, description);
+      }
       parameter->SetConstraint(std::move(constraint));
     }
     spec->AddParameter(std::move(parameter));
@@ -202,15 +207,8 @@ bool OptionTakesPath(std::string_view name) {
   return value == "DIR" || value == "FILE";
 }
 
-const char* ProgramUsage() {
-  return "autocli [OPTIONS] NAMESPACE... COMMAND [PARAMETERS]\n"
-         "autocli help [NAMESPACE...] [COMMAND]\n"
-         "autocli [OPTIONS] --batch FILE\n"
-         "autocli --list | --version | --completion SHELL | --help";
-}
-
-std::vector<std::pair<std::string, std::string>> OptionRows() {
-  std::vector<std::pair<std::string, std::string>> rows;
+Pairs OptionRows() {
+  Pairs rows;
   for (const auto& parameter : OptionsSpec()->GetParameters()) {
     const Option& option = kOptions[rows.size()];
     rows.emplace_back((*option.letter == '\0' ? "" : std::string("-") + option.letter + ", ") +
@@ -218,20 +216,6 @@ std::vector<std::pair<std::string, std::string>> OptionRows() {
                       CliTools::DescriptionOf(*parameter));
   }
   return rows;
-}
-
-const char* ExitStatusHelp() {
-  return "0 success, 1 the command reported errors, 2 the command line is wrong, 3 the host "
-         "(plug-in, lab) cannot be used, 4 the command ran, but its result could not be written "
-         "(a full disk, a pipe without a reader). A batch's is the highest of its lines'.";
-}
-
-std::string OptionsHelp(const CliTools::Style& style) {
-  constexpr std::size_t kUsageIndent = 7;  // the length of "Usage: "
-  return CliTools::Wrap(ProgramUsage(), kUsageIndent, style.width)
-             .replace(0, kUsageIndent, "Usage: ") +
-         "\nRuns a command on a stand-in host.\n" +
-         CliTools::ColumnsHelp("Options", OptionRows(), style);
 }
 
 }  // namespace AutoCliProgram

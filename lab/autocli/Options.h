@@ -8,7 +8,6 @@
 #include <utility>
 #include <vector>
 
-#include "clitools/Display.h"
 #include "platform/clitools/CallSpec.h"
 
 namespace AutoCliProgram {
@@ -70,15 +69,7 @@ std::shared_ptr<CliTools::CallSpec::InputSpec> CallOptionsSpec();
 /// Returns whether the option's value is a path.
 bool OptionTakesPath(std::string_view name);
 
-/// Returns the forms of a command line, one a line.
-const char* ProgramUsage();
-
 /// Returns the options with their letters and values, and their descriptions.
 std::vector<std::pair<std::string, std::string>> OptionRows();
-
-const char* ExitStatusHelp();
-
-/// Returns the help on the program and its options.
-std::string OptionsHelp(const CliTools::Style& style);
 
 }  // namespace AutoCliProgram

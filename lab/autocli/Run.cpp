@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cstdio>
 
-#include "autocli/CommandNotes.h"
+#include "autocli/Manual.h"
 #include "autocli/Spinner.h"
 #include "autocli/Terminal.h"
 #include "baselibs/HostError.h"
@@ -13,7 +13,6 @@
 #include "clitools/CommandLine.h"
 #include "clitools/Display.h"
 #include "clitools/Format.h"
-#include "clitools/Help.h"
 #include "clitools/Nodes.h"
 #include "clitools/PluginError.h"
 #include "corectl/session/Session.h"
@@ -25,8 +24,6 @@ using namespace CliTools::MetaObj;
 using CliTools::UsageError;
 
 namespace {
-
-constexpr const char* kProgram = "autocli";
 
 /// Returns `parameters` so that only the listed fields, separated by commas, are shown.
 CommandSpec::Pairs SelectFields(const MetaObject* layout, const CommandSpec::Pairs& parameters,
@@ -56,20 +53,6 @@ CliTools::Style StyleFor(const Options& options) {
   style.header = !options.noHeader;
   if (!options.formatter.empty()) style.width = 0;  // a table that is asked for stays a table
   return style;
-}
-
-std::string ProgramHelp(const CommandSpec& root, const CliTools::Style& style) {
-  return OptionsHelp(style) + CliTools::ChildrenHelp(kProgram, root, style) + '\n' +
-         CliTools::Wrap(std::string("Exit status: ") + ExitStatusHelp(), 0, style.width);
-}
-
-std::string Help(CommandSpec& space) {
-  const CliTools::Style style = HelpStyle();
-  if (auto* const command = dynamic_cast<Command*>(&space)) {
-    return CliTools::CommandHelp(kProgram, *command, style) + NotesHelp(*command, style);
-  }
-  return space.GetName().empty() ? ProgramHelp(space, style)
-                                 : CliTools::NamespaceHelp(kProgram, space, style);
 }
 
 /// Returns the formatter's name. Throws `UsageError` when it cannot show a result of this shape.
@@ -211,7 +194,7 @@ ExitStatus RunCommandLine(CommandTree& tree, const Options& options) {
   const bool asksForHelp =
       options.help || CliTools::AsksForHelp(*input, *OptionsSpec(), target.arguments);
   if (asksForHelp && target.unknown.empty()) {
-    Print(Help(*target.node));
+    Print(HelpOf(*target.node, HelpStyle()));
     return kSuccess;
   }
   if (!options.fault.empty()) throw UsageError(options.fault);

@@ -43,13 +43,7 @@ constexpr Formatter kFormatters[] = {
 
 }  // namespace
 
-std::vector<std::string> FormatterNames() {
-  std::vector<std::string> names;
-  for (const Formatter& formatter : kFormatters) names.emplace_back(formatter.name);
-  return names;
-}
-
-Pairs FormatterDescriptions() {
+Pairs Formatters() {
   Pairs descriptions;
   for (const Formatter& formatter : kFormatters) {
     descriptions.emplace_back(formatter.name, formatter.description);

@@ -10,11 +10,8 @@
 
 namespace CliTools {
 
-/// Returns the names of the formatters in the order of help.
-std::vector<std::string> FormatterNames();
-
 /// Returns the names of the formatters, each with a description.
-Pairs FormatterDescriptions();
+Pairs Formatters();
 
 /// Returns the names of the formatters for results of this shape: "table" and "csv" take only
 /// records.

@@ -54,7 +54,7 @@ std::size_t ColumnBehind(const Rows& rows) {
 std::string Columns(const std::string& heading, const Rows& rows, std::size_t column,
                     const Style& style) {
   if (rows.empty()) return {};
-  std::string text = '\n' + Caption(heading + ':', style) + '\n';
+  std::string text = heading.empty() ? "" : '\n' + Caption(heading + ':', style) + '\n';
   for (const auto& [name, description] : rows) {
     const std::string first = std::string(kIndent, ' ') + Printable(name);
     const std::string gap(column - DisplayWidth(first), ' ');
@@ -84,6 +84,7 @@ const char* Placeholder(ParameterType type) {
   }
 }
 
+/// Returns the parameter as it appears in the usage: "--uuid TEXT", "[--wait]".
 std::string UsageItem(const ParameterSpec& parameter) {
   const bool isList = parameter.GetType() == ParameterType::kStringList;
   const std::string item = "--" + parameter.GetName() + Placeholder(parameter.GetType());
@@ -120,15 +121,6 @@ std::string DescriptionOf(const ParameterSpec& parameter) {
   const std::size_t begin = text.find(kPlaceholder);
   if (!parameter.GetConstraint() || begin == std::string::npos) return text;
   return text.replace(begin, kPlaceholder.size(), AllowedValues(*parameter.GetConstraint()));
-}
-
-std::vector<std::string> UsageItems(Command& command) {
-  std::vector<std::string> items;
-  const auto input = InputOf(command);
-  for (const auto& parameter : input->GetParameters()) {
-    items.push_back(UsageItem(*parameter));
-  }
-  return items;
 }
 
 Result ResultOf(Command& command) {
@@ -179,13 +171,15 @@ std::string NamespaceHelp(const std::string& program, const CommandSpec& node, c
 }
 
 std::string CommandHelp(const std::string& program, Command& command, const Style& style) {
+  std::vector<std::string> usage;
   std::string parameters;
   const auto input = InputOf(command);
   for (const auto& parameter : input->GetParameters()) {
+    usage.push_back(UsageItem(*parameter));
     parameters += ParameterHelp(*parameter, style.width);
   }
   if (!parameters.empty()) parameters = '\n' + Caption("Parameters:", style) + '\n' + parameters;
-  return UsageLine(program, command, UsageItems(command), style) +
+  return UsageLine(program, command, std::move(usage), style) +
          Paragraph(command.GetDescription(), style.width) + parameters + '\n' +
          Caption("Output:", style) + ' ' + OutputHelp(command, style.width);
 }

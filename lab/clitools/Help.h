@@ -13,9 +13,6 @@ namespace CliTools {
 /// Returns the parameter's description with "%ENUM%" replaced by the allowed values.
 std::string DescriptionOf(const CallSpec::ParameterSpec& parameter);
 
-/// Returns the command's parameters as they appear in its usage: "--uuid TEXT", "[--wait]".
-std::vector<std::string> UsageItems(AutoCli::Command& command);
-
 /// What a command prints.
 struct Result {
   std::string words;                ///< a description
@@ -23,7 +20,8 @@ struct Result {
 };
 Result ResultOf(AutoCli::Command& command);
 
-/// Returns a heading and the rows, names and descriptions in two columns. Empty without rows.
+/// Returns a heading, unless it is empty, and the rows: names and descriptions in two columns.
+/// Empty without rows.
 std::string ColumnsHelp(const std::string& heading,
                         const std::vector<std::pair<std::string, std::string>>& rows,
                         const Style& style);

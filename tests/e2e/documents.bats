@@ -18,7 +18,7 @@ source=$BATS_TEST_DIRNAME/../..
         MANWIDTH=200 man -E UTF-8 -l "$page" | col -bx >>"$BATS_TEST_TMPDIR/shown"
     done
     autocli --formatter json --list | jq -r '.[].Command' >"$BATS_TEST_TMPDIR/commands"
-    while read -r command; do grep -qE "^ +autocli $command( |$)" "$BATS_TEST_TMPDIR/shown"; done <"$BATS_TEST_TMPDIR/commands"
+    while read -r command; do grep -qE "^ +Usage: autocli $command( |$)" "$BATS_TEST_TMPDIR/shown"; done <"$BATS_TEST_TMPDIR/commands"
 }
 
 @test "the examples of the README and the recipes of docs/lab.md do what they show" {

@@ -61,7 +61,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
   // With U+FFFD in place of bytes that are not UTF-8.
   const Json readable = Json::parse(json.dump(-1, ' ', false, Json::error_handler_t::replace));
   const auto result = Make(json);
-  for (const std::string& formatter : CliTools::FormatterNames()) {
+  for (const auto& [formatter, description] : CliTools::Formatters()) {
     const std::string text = CliTools::Format(*result, formatter, {}, {.width = 40});
     Json(text).dump();  // throws when the string is not UTF-8
     if (formatter == "json" && Json::parse(text) != readable) throw std::logic_error("wrong JSON");
