@@ -122,6 +122,13 @@ bool IsConfirmed(const Command& command, const std::string& consequence) {
   return answer == 'y' || answer == 'Y';
 }
 
+/// Throws `HostError` when the command runs on a host that is powered off.
+void RequirePower(const Command& command) {
+  const bool runsOnHost = command.GetMetaDataField("scope").empty();
+  if (!runsOnHost || !Lab::IsMade() || Lab::Session::Current().IsPoweredOn()) return;
+  throw BaseLibs::HostError("host " + CliTools::Quote(Lab::Selected().host) + " is powered off");
+}
+
 /// Runs the command. Throws `HostError`; any other exception of the command becomes `PluginError`.
 void Execute(Command& command, const Call& call,
              const std::shared_ptr<CliTools::CallSpec::Output>& output) {
@@ -154,6 +161,7 @@ ExitStatus RunCommand(Command& command, const Call& call, const Options& options
     return kCommandFailed;
   }
   SelectLab(call.options);
+  RequirePower(command);
   const bool mayCreateDefaultLab = call.options.lab.empty() && !Lab::IsMade();
   const auto output = CliTools::CallSpec::Output::New();
   Execute(command, call, output);

@@ -1,9 +1,11 @@
 // The lab's plug-in: the `lab` commands.
 
+#include <algorithm>
+#include <map>
+
 #include "corectl/rules/Clusters.h"
 #include "corectl/rules/Disks.h"
 #include "corectl/rules/Hosts.h"
-#include "corectl/rules/Partitions.h"
 #include "corectl/rules/Refuse.h"
 #include "corectl/session/Operations.h"
 #include "hostroot/HostRoot.h"
@@ -28,7 +30,7 @@ HostRow SelectedHost(Store& store) {
   return *store.FindHost(Session::Current().GetName());
 }
 
-void AddNamedHost(Store& store, const InputPtr& input) {
+void AddNamedHost(Store& store, const InputPtr& input, std::string&) {
   const std::string name = input->GetParameter("name");
   if (!IsHostName(name)) {
     Refuse("\"" + name + "\" cannot be a host's name: it has 1 to " + std::to_string(kMaxHostName) +
@@ -38,10 +40,16 @@ void AddNamedHost(Store& store, const InputPtr& input) {
   AddHost(store, name, Selected().hostFiles);
 }
 
-void RebootNamed(Store& store, const InputPtr& input) {
+constexpr ParameterRow kHostOrSelected = {
+    "name",  "n",    kString, kOptional, "Name of the host; default: the host that --host names.",
+    nullptr, "hosts"};
+
+/// Switches the host that the parameter names, or else --host.
+template <auto kSwitch>
+void OnPower(Store& store, const InputPtr& input, std::string&) {
   HostRow host = input->HasParameter("name") ? RequireHost(store, input->GetParameter("name"))
                                              : SelectedHost(store);
-  Reboot(store, host);
+  kSwitch(store, host);
 }
 
 /// Settles the hosts' roots. A failure does not undo the change that was committed.
@@ -67,9 +75,63 @@ std::vector<StructPtr> ListHosts(Store& store) {
   for (const HostRow& host : store.List<HostRow>()) {
     const auto member = store.Find<MemberRow>(host.id);
     const char* const role = !member ? "" : member->witness ? "witness" : "data";
-    const char* const state = member && !member->running ? ", not restored" : "";
+    const char* const state = !member || member->running ? ""
+                              : host.power               ? ", not restored"
+                                                         : ", stopped";
     records.push_back(HostRecord(host, member ? RequireCluster(store, member->cluster).uuid : "",
                                  std::string(role) + state));
+  }
+  return records;
+}
+
+// The whole lab.
+
+/// Returns the first reason why the host does not take part in its cluster. Empty when there is
+/// none.
+const char* ProblemOf(const Member& one, const std::vector<Member>& members,
+                      const Partition& partition, const DiskCount& disks) {
+  if (!one.host.power) return "stopped";
+  if (!members.empty() && !one.row.running) return "not restored";
+  if (one.isIsolated) return "no interface";
+  if (!members.empty() && !partition.HasQuorum()) {
+    const auto all = PartitionsOf(members);
+    return std::ranges::any_of(all, &Partition::HasQuorum) ? "cut off" : "no quorum";
+  }
+  return disks.failed > 0 ? "disk failed" : "";
+}
+
+/// Returns the record of a host, given the members of its cluster if it is in one.
+StructPtr StatusRecord(const Member& one, const std::vector<Member>& members,
+                       const DiskCount& disks) {
+  const Partition partition = PartitionOf(members, one);
+  const char* const role = members.empty()                           ? ""
+                           : one.row.witness                         ? "witness"
+                           : one.host.uuid == partition.GetLeader(0) ? "master"
+                           : one.host.uuid == partition.GetLeader(1) ? "backup"
+                                                                     : "agent";
+  const std::string failed =
+      disks.failed == 0 ? "" : ", " + std::to_string(disks.failed) + " failed";
+  return MakeRecord("LabStatus", {{"Host", one.host.name},
+                                  {"Power", one.host.power ? "on" : "off"},
+                                  {"Cluster", one.row.cluster},
+                                  {"Role", role},
+                                  {"Fault Domain", one.host.faultDomain},
+                                  {"Partition", static_cast<std::int64_t>(partition.number)},
+                                  {"Votes", members.empty() ? "" : partition.GetVotes()},
+                                  {"Quorum", partition.HasQuorum()},
+                                  {"Disks", std::to_string(disks.ok) + " ok" + failed},
+                                  {"Problem", ProblemOf(one, members, partition, disks)}});
+}
+
+std::vector<StructPtr> ListStatus(Store& store) {
+  std::map<std::string, std::vector<Member>> clusters = {{"", {}}};
+  std::vector<StructPtr> records;
+  for (const HostRow& host : store.List<HostRow>()) {
+    const auto row = store.Find<MemberRow>(host.id).value_or(MemberRow());
+    const auto [cluster, isNew] = clusters.try_emplace(row.cluster);
+    if (isNew) cluster->second = ListMembers(store, row.cluster);
+    records.push_back(StatusRecord({row, host, store.IsIsolated(host.id)}, cluster->second,
+                                   store.CountDisks(host.id)));
   }
   return records;
 }
@@ -131,9 +193,11 @@ void AddFault(Store& store, HostRow& host, const InputPtr& input) {
   const std::string message = input->GetParameter("message");
   const bool isBlank = message.find_first_not_of(" \t\r\n") == std::string::npos;
   if (isBlank) Refuse("A fault needs a message.");
-  store.Save(FaultRow{0, host.id, input->GetParameter("operation"), message,
-                      Given<std::int64_t>(input, "after").value_or(0),
-                      Given<std::int64_t>(input, "count").value_or(1)});
+  store.Save(FaultRow{.host = host.id,
+                      .operation = input->GetParameter("operation"),
+                      .message = message,
+                      .passes = Given<std::int64_t>(input, "after").value_or(0),
+                      .remaining = Given<std::int64_t>(input, "count").value_or(1)});
 }
 
 /// Returns the host that --host names, or every host of the lab.
@@ -142,7 +206,7 @@ std::vector<HostRow> HostsMeant(Store& store) {
   return store.List<HostRow>();
 }
 
-void ClearFaults(Store& store, const InputPtr& input) {
+void ClearFaults(Store& store, const InputPtr& input, std::string&) {
   const auto operation = Given<std::string>(input, "operation");
   const auto message = Given<std::string>(input, "message");
   bool matched = !operation && !message;
@@ -207,11 +271,11 @@ constexpr CommandRow kRows[] = {
      "Unable to add host: ",
      SettleHosts},
     {"lab host remove",
-     "Remove a host from the lab and from its cluster, as if it had died.",
-     "# Let a host die.\nautocli lab host remove --name host3",
+     "Remove a host from the lab and from its cluster for good, and say how many votes remain.",
+     "# Replace a host that is gone for good.\nautocli lab host remove --name host3",
      {{"name", "n", kString, kRequired, "Name of the host.", nullptr, "hosts"}},
-     LabChange{[](Store& store, const InputPtr& input) {
-       RemoveHost(store, RequireHost(store, input->GetParameter("name")));
+     LabChange{[](Store& store, const InputPtr& input, std::string& remark) {
+       remark = RemoveHost(store, RequireHost(store, input->GetParameter("name")));
      }},
      "Unable to remove host: ",
      SettleHosts},
@@ -222,14 +286,26 @@ constexpr CommandRow kRows[] = {
      {},
      RecordList{[] { return HostRecord({}, "", ""); }, ListHosts, false,
                 "Name,Membership,Fault Domain,UUID"}},
-    {"lab host reboot",
-     "Reboot a host. What it has configured takes effect again with \"dovra network restore\" and "
+    {"lab host stop",
+     "Power a host off, as if it had died. It keeps its configuration, and its cluster its vote.",
+     "# Let a host die.\nautocli lab host stop --name host1",
+     {kHostOrSelected},
+     LabChange{OnPower<Stop>, true},
+     "Unable to stop host: "},
+    {"lab host start",
+     "Power a host on. What it has configured takes effect again with \"dovra network restore\" "
+     "and "
      "\"dovra cluster restore\".",
+     "# Start a host that was stopped.\nautocli lab host start --name host1",
+     {kHostOrSelected},
+     LabChange{OnPower<Start>, true},
+     "Unable to start host: "},
+    {"lab host reboot",
+     "Stop a host and start it again.",
      "# Reboot a host; \"dovra network restore\" and \"dovra cluster restore\" bring it back.\n"
      "autocli lab host reboot --name host1",
-     {{"name", "n", kString, kOptional, "Name of the host; default: the host that --host names.",
-       nullptr, "hosts"}},
-     LabChange{RebootNamed, true},
+     {kHostOrSelected},
+     LabChange{OnPower<Reboot>, true},
      "Unable to reboot host: "},
 
     {"lab disk", "Commands for a host's disks"},
@@ -289,12 +365,12 @@ constexpr CommandRow kRows[] = {
 
     {"lab network", "Commands for the network between the hosts"},
     {"lab network split",
-     "Cut the named hosts off from all others; the named hosts reach each other. Further splits "
-     "make further partitions.",
+     "Cut the named hosts off from all others; the named hosts reach each other. A witness that is "
+     "not named keeps its link to every partition. Further splits make further partitions.",
      "# Cut two hosts off from all others.\n"
      "autocli lab network split --name host2 --name host3",
      {{"name", "n", kStringList, kRequired, "Name of a host to cut off.", nullptr, "hosts"}},
-     LabChange{[](Store& store, const InputPtr& input) {
+     LabChange{[](Store& store, const InputPtr& input, std::string&) {
        std::vector<std::string> names;
        input->GetParameterList("name", names);
        SplitNetwork(store, names);
@@ -304,7 +380,7 @@ constexpr CommandRow kRows[] = {
      "End all splits of the network.",
      "# Connect all hosts again.\nautocli lab network heal",
      {},
-     LabChange{[](Store& store, const InputPtr&) { HealNetwork(store); }},
+     LabChange{[](Store& store, const InputPtr&, std::string&) { HealNetwork(store); }},
      "Unable to heal the network: "},
 
     {"lab fault", "Commands to make the control library fail"},
@@ -386,11 +462,19 @@ constexpr CommandRow kRows[] = {
      SetTraced,
      "Unable to set the trace daemon: "},
 
+    {"lab status",
+     "Show power, role, partition, votes and first problem of every host of the lab.",
+     "# See why a host is not in its cluster.\nautocli lab status",
+     {},
+     RecordList{[] { return StatusRecord({}, {}, {}); }, ListStatus, false,
+                "Host,Role,Fault Domain,Partition,Votes,Disks,Problem"}},
     {"lab reset",
      "Reset the lab to its initial state: every host and cluster is lost.",
      "# Start again with a new lab.\nautocli lab reset --force",
      {{"force", "", kFlag, kOptional, "Do not ask; required without a terminal."}},
-     LabChange{[](Store& store, const InputPtr&) { ResetLab(store, Selected().hostFiles); }},
+     LabChange{[](Store& store, const InputPtr&, std::string&) {
+       ResetLab(store, Selected().hostFiles);
+     }},
      "Unable to reset the lab: ",
      SettleHosts,
      "Every host and cluster of the lab will be lost."},

@@ -1,5 +1,7 @@
 #include "plugin/LabCommand.h"
 
+#include <cstdio>
+
 namespace Lab {
 
 using CliTools::AutoCli::Command;
@@ -15,7 +17,7 @@ class LabCommand : public Command {
   LabCommand(const CommandRow& row, const char* type, bool takesHost) : row_(row) {
     SetDescription(row.description);
     SetMetaDataField("type", type);
-    if (!takesHost) SetMetaDataField("scope", "lab");
+    SetMetaDataField("scope", takesHost ? "bench" : "lab");
     SetMetaDataField("examples", row.examples);
     std::string values;
     for (const ParameterRow& parameter : row.parameters) {
@@ -53,13 +55,16 @@ class Operation final : public LabCommand {
   OutputSpecPtr GetOutputSpecInternal() override { return MakeOutputSpec(MetaBool::New()); }
 
   void ExecuteInternal(const InputPtr& input, const OutputPtr& output) override {
+    std::string remark;
     try {
       if (const auto* const change = std::get_if<HostChange>(&row_.work)) {
         Session::Current().Change(
             [&](Store& store, HostRow& host) { (*change)(store, host, input); });
       } else {
-        ChangeLab([&](Store& store) { std::get<LabChange>(row_.work).change(store, input); });
+        ChangeLab(
+            [&](Store& store) { std::get<LabChange>(row_.work).change(store, input, remark); });
       }
+      if (!remark.empty()) std::fprintf(stderr, "%s\n", remark.c_str());
       if (row_.afterCommit) row_.afterCommit(output);
       output->SetRootObject(MetaBool::New(true));
     } catch (const DovraCtlException& failure) {

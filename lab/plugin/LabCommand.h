@@ -41,7 +41,8 @@ struct ParameterRow {
 // What a command does. A change is one transaction, and throws `DovraCtlException` for a refusal.
 using HostChange = void (*)(Store&, HostRow&, const InputPtr&);  ///< of the selected host
 struct LabChange {
-  void (*change)(Store&, const InputPtr&);
+  /// May set a remark, which is printed to standard error when the change is committed.
+  void (*change)(Store&, const InputPtr&, std::string& remark);
   bool takesHost = false;  ///< whether autocli's --host is allowed
 };
 struct RecordList {

@@ -49,18 +49,21 @@ struct HostRow {
   std::string name;
   std::string uuid;
   std::int64_t apiVersion = 2;  ///< 1: a control library without `DovraInfo2`
-  std::string faultDomain;      ///< empty if none
+  bool power = true;
+  std::string faultDomain;  ///< empty if none
   bool autoClaim = false;
   bool enteringMaintenance = false;
   std::int64_t resyncThrottle = 0;  ///< Mbps
   std::int64_t resyncDemand = 0;    ///< bandwidth used without a throttle, Mbps
-  std::int64_t networkGroup = 0;    ///< a host reaches only the hosts of its group
+  /// 0 for a host that no split named; each split puts its hosts into a new group.
+  std::int64_t networkGroup = 0;
 
   static void Visit(auto& row, auto&& column) {
     column("id", row.id, kOptional);
     column("name", row.name);
     column("uuid", row.uuid);
     column("api_version", row.apiVersion);
+    column("power", row.power);
     column("fault_domain", row.faultDomain);
     column("auto_claim", row.autoClaim);
     column("entering_maintenance", row.enteringMaintenance);
@@ -95,8 +98,8 @@ struct ClusterRow {
   }
 };
 
-/// A host's membership of a cluster: persisted as long as the row exists, in effect while
-/// `running`.
+/// A host's membership of a cluster: persisted as long as the row exists, in effect while the host
+/// is up and `running`.
 struct MemberRow {
   static constexpr Table kTable = {"members", "host", "cluster", "join_order",
                                    ", FOREIGN KEY (host) REFERENCES hosts ON DELETE CASCADE, "

@@ -142,8 +142,20 @@ std::vector<MemberRow> Store::ListPeers(std::int64_t host) {
       " WHERE cluster = (SELECT cluster FROM members WHERE host = ?) ORDER BY join_order", host);
 }
 
+bool Store::IsIsolated(std::int64_t host) {
+  Query query = database_->Prepare("SELECT max(running) = 0 FROM knics WHERE host = ?", host);
+  return query.Step() && query.Int(0) != 0;  // NULL, read as 0, without interfaces
+}
+
 void Store::SetKnicsRunning(std::int64_t host, bool running) {
   database_->Run("UPDATE knics SET running = ? WHERE host = ?", running, host);
+}
+
+DiskCount Store::CountDisks(std::int64_t host) {
+  Query query = database_->Prepare(
+      "SELECT total(NOT failed), total(failed) FROM disks WHERE host = ? AND NOT unplugged", host);
+  query.Step();
+  return {query.Int(0), query.Int(1)};
 }
 
 std::vector<DiskRow> Store::ListClaimedDisks() {

@@ -24,6 +24,11 @@ struct NewLab {
   std::function<void(Store&)> settle;  ///< runs when the host is committed
 };
 
+struct DiskCount {
+  std::int64_t ok = 0;
+  std::int64_t failed = 0;
+};
+
 class Store {
  public:
   /// Opens the lab in `directory`, and makes it first if it does not exist. Throws `HostError`, and
@@ -100,8 +105,12 @@ class Store {
   std::optional<HostRow> FindHost(std::string_view name);
   /// Returns the members of the cluster that the host is in, itself among them.
   std::vector<MemberRow> ListPeers(std::int64_t host);
+  /// Whether the host has interfaces, but none of them runs.
+  bool IsIsolated(std::int64_t host);
   /// Puts every persisted interface of the host into effect, or out of it.
   void SetKnicsRunning(std::int64_t host, bool running);
+  /// Counts the disks that are plugged into the host.
+  DiskCount CountDisks(std::int64_t host);
   /// Returns the disks of all hosts that are in use, in the order of their UUIDs.
   std::vector<DiskRow> ListClaimedDisks();
   /// Returns the disks of a group, its cache device among them.

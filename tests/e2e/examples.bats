@@ -10,7 +10,7 @@ prepare() {
 
 # succeeds LINE: runs LINE in each lab until it succeeds. eval, because some lines hold quotes.
 succeeds() {
-    for before in '' 'dovra storage diskgroup unmount -s mpx.xhba1:C0:T0:L0' 'lab disk fail -d mpx.xhba2:C0:T1:L0' 'lab disk unplug -d mpx.xhba2:C0:T1:L0' '--host host2 lab fault add -o GetClusterConfig -m "No answer."'; do
+    for before in '' 'lab host stop --name host1' 'dovra storage diskgroup unmount -s mpx.xhba1:C0:T0:L0' 'lab disk fail -d mpx.xhba2:C0:T1:L0' 'lab disk unplug -d mpx.xhba2:C0:T1:L0' '--host host2 lab fault add -o GetClusterConfig -m "No answer."'; do
         for lab in full founded alone new; do
             prepare $lab "$before" && eval "autocli $1" &>"$BATS_TEST_TMPDIR/out" </dev/null && return
         done

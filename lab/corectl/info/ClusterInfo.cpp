@@ -4,7 +4,7 @@
 
 #include "corectl/info/LabInfo.h"
 #include "corectl/rules/CanonicalUuid.h"
-#include "corectl/rules/Partitions.h"
+#include "corectl/rules/Clusters.h"
 #include "corectl/rules/Refuse.h"
 #include "platform/corectl/DovraUtil.h"
 #include "store/Uuids.h"
@@ -37,15 +37,7 @@ void Found(Store& store, const HostRow& host, const std::string& uuid) {
   store.Save(DatastoreRow{
       .uuid = NewUuid(), .cluster = uuid, .name = kDefaultDatastoreName, .isDefault = true});
   AddMember(store, host, MemberRow{.cluster = uuid});
-}
-
-/// Refuses when the host reaches no partition that it may join.
-void RequireReachable(Store& store, const HostRow& host, const std::string& cluster) {
-  if (PartitionOf(store, host, cluster).votes == 0 &&
-      std::ranges::any_of(store.List<MemberRow>(cluster), &MemberRow::running)) {
-    Refuse("The network is split, and this host reaches no host of cluster " + cluster + ".");
-  }
-  RequireQuorum(store, host, cluster);
+  BumpGeneration(store, uuid, host);
 }
 
 /// Refuses a fault domain that is not one of the two data sites.
@@ -57,11 +49,12 @@ void RequireSite(const std::vector<std::string>& sites, const std::string& name)
 
 /// Puts the host into the fault domain; into none if the name is empty.
 void MoveToFaultDomain(Store& store, HostRow& host, const std::string& name) {
+  if (host.faultDomain == name) return;
+  const auto member = store.Find<MemberRow>(host.id);
+  if (member) RequireWhole(store, host, member->cluster);
   host.faultDomain = name;
   store.Save(host);
-  if (const auto member = FindRunningMember(store, host)) {
-    BumpGeneration(store, member->cluster, host);
-  }
+  if (member) BumpGeneration(store, member->cluster, host);
 }
 
 }  // namespace
@@ -98,20 +91,18 @@ void LabInfo::JoinCluster(const Uuid& cluster, bool asWitness,
       return Found(store, host, uuid);
     }
     const auto own = store.Find<MemberRow>(host.id);
-    if (own && own->cluster == uuid && !own->running) {
-      // Joins again without a restore. RemoveMember would end a cluster without other members.
-      store.Remove<MemberRow>(host.id);
-    } else {
-      RequireOutside(store, host);
+    const bool joinsAgain = own && own->cluster == uuid && !own->running;  // without a restore
+    if (!joinsAgain) RequireOutside(store, host);
+    for (const MemberRow& member : store.List<MemberRow>(uuid)) {
+      if (asWitness && member.witness && member.host != host.id) {
+        Refuse("Cluster " + uuid + " has a witness already.");
+      }
     }
-    if (asWitness && std::ranges::any_of(store.List<MemberRow>(uuid), &MemberRow::witness)) {
-      Refuse("Cluster " + uuid + " has a witness already.");
-    }
-    RequireReachable(store, host, uuid);
-    AddMember(
-        store, host,
-        MemberRow{
-            .cluster = uuid, .witness = asWitness, .preferredFaultDomain = preferredFaultDomain});
+    RequireQuorum(store, host, uuid, asWitness);
+    const MemberRow member = {
+        .cluster = uuid, .witness = asWitness, .preferredFaultDomain = preferredFaultDomain};
+    AddMember(store, host, member);
+    BumpGeneration(store, uuid, host);
     const auto sites = SitesOf(ListMembers(store, uuid));
     if (asWitness && !sites.empty()) RequireSite(sites, preferredFaultDomain);
   });
@@ -119,9 +110,7 @@ void LabInfo::JoinCluster(const Uuid& cluster, bool asWitness,
 
 void LabInfo::LeaveCluster(bool) {
   host_.Change("LeaveCluster", [](Store& store, HostRow& host) {
-    const std::string cluster = RequireRunningMember(store, host).cluster;
-    RequireQuorum(store, host, cluster);
-    RemoveMember(store, host, cluster);
+    RemoveMember(store, host, RequireRunningMember(store, host).cluster);
     host.enteringMaintenance = false;
     store.Save(host);
   });
@@ -156,10 +145,11 @@ void LabInfo::SetPreferredFaultDomain(const std::string& name) {
   host_.Change("SetPreferredFaultDomain", [&](Store& store, const HostRow& host) {
     MemberRow member = RequireRunningMember(store, host);
     if (!member.witness) Refuse("This host is not a witness node.");
+    if (member.preferredFaultDomain == name) return;
     const auto sites = SitesOf(ListMembers(store, member.cluster));
     if (sites.empty()) Refuse("The cluster is not stretched over two fault domains.");
     RequireSite(sites, name);
-    RequireQuorum(store, host, member.cluster);
+    RequireWhole(store, host, member.cluster);
     member.preferredFaultDomain = name;
     store.Save(member);
     BumpGeneration(store, member.cluster, host);

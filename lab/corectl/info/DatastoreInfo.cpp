@@ -2,7 +2,7 @@
 
 #include "corectl/info/LabInfo.h"
 #include "corectl/rules/CanonicalUuid.h"
-#include "corectl/rules/Partitions.h"
+#include "corectl/rules/Clusters.h"
 #include "corectl/rules/Refuse.h"
 #include "platform/corectl/DovraUtil.h"
 #include "store/Uuids.h"

@@ -6,7 +6,6 @@
 #include "baselibs/Process.h"
 #include "baselibs/Strings.h"
 #include "corectl/rules/Hosts.h"
-#include "corectl/rules/Partitions.h"
 #include "corectl/rules/Refuse.h"
 #include "corectl/session/Session.h"
 #include "platform/corectl/DovraUtil.h"
@@ -26,24 +25,18 @@ void DovraUtil::GetInfoFromTavdir(std::vector<DovraMemberInfo>& members,
                                   std::string& membershipUuid, std::string& masterUuid,
                                   std::string& backupUuid, std::string& maintenanceModeState) {
   const Lab::ClusterView& view = Session::Current().GetClusterView("GetInfoFromTavdir");
-  view.RequireMember();
-  const Lab::Partition partition = Lab::PartitionOf(view.members, view.host);
-  const Lab::Membership membership = Lab::MembershipOf(partition.members);
+  const auto partition = Lab::PartitionOf(view.members, {view.RequireMember(), view.host});
   members.clear();
-  for (const Lab::Member& member : membership.members) members.push_back({member.host.uuid});
+  for (const Lab::Member* const member : partition.members) members.push_back({member->host.uuid});
+  masterUuid = partition.GetLeader(0);
+  backupUuid = partition.GetLeader(1);
   localNodeUuid = view.host.uuid;
-  localNodeState = localNodeUuid == membership.masterUuid   ? "MASTER"
-                   : localNodeUuid == membership.backupUuid ? "BACKUP"
-                                                            : "AGENT";
-  localNodeHealthState = !partition.isSplit      ? "HEALTHY"
-                         : partition.HasQuorum() ? "HEALTHY (network split, majority)"
-                                                 : "UNHEALTHY (network split, no majority)";
+  localNodeState = localNodeUuid == masterUuid   ? "MASTER"
+                   : localNodeUuid == backupUuid ? "BACKUP"
+                                                 : "AGENT";
+  localNodeHealthState = partition.GetHealth();
   membershipEntryRevision = static_cast<std::uint64_t>(view.cluster.revision);
-  // Each partition has its own membership.
-  membershipUuid = view.cluster.membershipUuid;
-  if (partition.isSplit) membershipUuid = Lab::UuidOfName(membershipUuid + members.front().uuid);
-  masterUuid = membership.masterUuid;
-  backupUuid = membership.backupUuid;
+  membershipUuid = partition.GetMembershipUuid(view.cluster.membershipUuid);
   maintenanceModeState = view.host.enteringMaintenance ? "ENTERING" : "OFF";
 }
 

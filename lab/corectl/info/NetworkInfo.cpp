@@ -3,6 +3,7 @@
 #include "baselibs/Strings.h"
 #include "corectl/info/LabInfo.h"
 #include "corectl/rules/Addresses.h"
+#include "corectl/rules/Clusters.h"
 #include "corectl/rules/Refuse.h"
 #include "corectl/values/TrafficTypes.h"
 #include "store/Uuids.h"
@@ -21,6 +22,18 @@ void RequireMulticast(const char* what, const DovraIpAddress& address) {
   }
 }
 
+/// Runs an operation on the host's interfaces. Where it isolates the host or ends its isolation, it
+/// changes the partitions.
+template <class Work>
+void ChangeKnics(Session& session, Operation operation, Work&& work) {
+  session.Change(operation, [&](Store& store, const HostRow& host) {
+    const bool wasIsolated = store.IsIsolated(host.id);
+    work(store, host);
+    const auto member = FindRunningMember(store, host);
+    if (member && store.IsIsolated(host.id) != wasIsolated) BumpMembership(store, member->cluster);
+  });
+}
+
 bool& Traffic(KnicRow& knic, const std::string& type) {
   if (type == kDovraTraffic) return knic.dovra;
   if (type == kWitnessTraffic) return knic.witness;
@@ -31,7 +44,7 @@ bool& Traffic(KnicRow& knic, const std::string& type) {
 }  // namespace
 
 void LabInfo2::ConfigureKnic(const DovraKnicConfig2& config) {
-  host_.Change("ConfigureKnic", [&](Store& store, const HostRow& host) {
+  ChangeKnics(host_, "ConfigureKnic", [&](Store& store, const HostRow& host) {
     const std::string& name = config.GetKnicName();
     RequireInterface(host, name);
     RequireMulticast("agent group's IPv4", config.GetAgentMulticastGroup());
@@ -85,7 +98,7 @@ bool LabInfo::IsKnicInUse(const std::string& name, const std::string& trafficTyp
 
 // Removes the traffic from the interface, and an interface without traffic.
 void LabInfo::RemoveKnic(const std::string& name, bool force, const std::string& trafficType) {
-  host_.Change("RemoveKnic", [&](Store& store, const HostRow& host) {
+  ChangeKnics(host_, "RemoveKnic", [&](Store& store, const HostRow& host) {
     auto knic = store.Find<KnicRow>(host.id, name);
     if (!knic) {
       // Commands remove the data hosts' traffic first, which may have removed the interface.
@@ -102,13 +115,13 @@ void LabInfo::RemoveKnic(const std::string& name, bool force, const std::string&
 }
 
 void LabInfo::RestoreNetworkConfig() {
-  host_.Change("RestoreNetworkConfig",
-               [](Store& store, const HostRow& host) { store.SetKnicsRunning(host.id, true); });
+  ChangeKnics(host_, "RestoreNetworkConfig",
+              [](Store& store, const HostRow& host) { store.SetKnicsRunning(host.id, true); });
 }
 
 void LabInfo::ClearNetworkConfig() {
-  host_.Change("ClearNetworkConfig",
-               [](Store& store, const HostRow& host) { store.RemoveAll<KnicRow>(host.id); });
+  ChangeKnics(host_, "ClearNetworkConfig",
+              [](Store& store, const HostRow& host) { store.RemoveAll<KnicRow>(host.id); });
 }
 
 }  // namespace Lab

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "corectl/info/LabInfo.h"
-#include "corectl/rules/Partitions.h"
 #include "corectl/rules/Policies.h"
 #include "corectl/rules/Refuse.h"
 #include "platform/corectl/DovraUtil.h"
@@ -12,22 +11,10 @@ namespace Lab {
 
 using CoreCtl::Dovra::DovraUtil;
 
-namespace {
-
-/// The policies of a member are the cluster's.
-void RequireQuorumIfMember(Store& store, const HostRow& host) {
-  if (const auto member = FindRunningMember(store, host)) {
-    RequireQuorum(store, host, member->cluster);
-  }
-}
-
-}  // namespace
-
 void LabInfo::SetPolicyDefault(const std::string& policyClass, const std::string& policy) {
   host_.Change("SetPolicyDefault", [&](Store& store, const HostRow& host) {
     DovraUtil::StringToDovraPolicyClass(policyClass);
     CheckPolicy(policy);
-    RequireQuorumIfMember(store, host);
     store.Save(PolicyRow{host.id, policyClass, policy});
   });
 }
@@ -40,10 +27,8 @@ std::string LabInfo::GetPolicyDefault(const std::string& policyClass) {
 }
 
 void LabInfo::ClearPolicyDefaults() {
-  host_.Change("ClearPolicyDefaults", [](Store& store, const HostRow& host) {
-    RequireQuorumIfMember(store, host);
-    store.RemoveAll<PolicyRow>(host.id);
-  });
+  host_.Change("ClearPolicyDefaults",
+               [](Store& store, const HostRow& host) { store.RemoveAll<PolicyRow>(host.id); });
 }
 
 std::int64_t LabInfo::GetResyncThrottle() {

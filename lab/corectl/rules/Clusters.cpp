@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <chrono>
 #include <limits>
-#include <set>
 
 #include "corectl/rules/Refuse.h"
 #include "store/Uuids.h"
@@ -23,7 +22,8 @@ std::vector<Member> WithHosts(Store& store, std::vector<MemberRow> rows, const H
   for (MemberRow& row : rows) {
     auto host = row.host == known.id ? known : store.Find<HostRow>(row.host);
     if (!host) store.FailDamaged("cluster " + row.cluster + " has a host that is none");
-    members.push_back({std::move(row), *std::move(host)});
+    const bool isIsolated = store.IsIsolated(row.host);
+    members.push_back({std::move(row), *std::move(host), isIsolated});
   }
   return members;
 }
@@ -66,20 +66,26 @@ ClusterRow RequireCluster(Store& store, const std::string& uuid) {
   return *cluster;
 }
 
-Membership MembershipOf(std::vector<Member> running) {
-  Membership membership{std::move(running), kNilUuid, kNilUuid};
-  auto& members = membership.members;
-  // The two oldest data hosts lead; the others follow in order.
-  auto position = members.begin();
-  for (std::string* const leader : {&membership.masterUuid, &membership.backupUuid}) {
-    const auto next = std::find_if(position, members.end(),
-                                   [](const Member& member) { return !member.row.witness; });
-    if (next == members.end()) break;
-    *leader = next->host.uuid;
-    std::rotate(position, next, next + 1);
-    ++position;
-  }
-  return membership;
+std::string RequireQuorum(Store& store, const HostRow& host, const std::string& cluster,
+                          bool asWitness) {
+  auto members = ListMembers(store, cluster);
+  const auto own = std::ranges::find(members, host.id, [](const Member& m) { return m.host.id; });
+  if (own != members.end()) own->row.running = true;
+  const Partition partition = PartitionOf(
+      members, {{.witness = asWitness, .running = true}, host, store.IsIsolated(host.id)});
+  if (partition.HasQuorum()) return partition.GetVotes();
+  Refuse("There is no quorum: this host reaches " + partition.GetVotes() +
+         " votes of the cluster, and joining it or changing what it shares takes more than half "
+         "and a data host.");
+}
+
+void RequireWhole(Store& store, const HostRow& host, const std::string& cluster) {
+  const std::string votes = RequireQuorum(store, host, cluster);
+  const auto members = ListMembers(store, cluster);
+  const auto groupOf = [](const Member& member) { return member.host.networkGroup; };
+  if (std::ranges::count(members, groupOf(members.front()), groupOf) == std::ssize(members)) return;
+  Refuse("The network is split; this host reaches " + votes +
+         " votes of the cluster, but fault domains stay as they are until the split is healed.");
 }
 
 void BumpGeneration(Store& store, const std::string& cluster, const HostRow& host) {
@@ -97,11 +103,6 @@ void BumpMembership(Store& store, const std::string& cluster) {
   store.Save(row);
 }
 
-void BumpMembership(Store& store, const std::string& cluster, const HostRow& host) {
-  BumpMembership(store, cluster);
-  BumpGeneration(store, cluster, host);
-}
-
 void AddMember(Store& store, const HostRow& host, MemberRow member) {
   const auto others = store.List<MemberRow>(member.cluster);
   member.host = host.id;
@@ -109,7 +110,7 @@ void AddMember(Store& store, const HostRow& host, MemberRow member) {
   member.joinOrder = others.empty() ? 0 : others.back().joinOrder;
   Increment(store, member.joinOrder);
   store.Save(member);
-  BumpMembership(store, member.cluster, host);
+  BumpMembership(store, member.cluster);
 }
 
 void RemoveMember(Store& store, const HostRow& host, const std::string& cluster) {
@@ -117,33 +118,13 @@ void RemoveMember(Store& store, const HostRow& host, const std::string& cluster)
   if (store.List<MemberRow>(cluster).empty()) {
     store.Remove<ClusterRow>(cluster);
   } else {
-    BumpMembership(store, cluster, host);
+    BumpMembership(store, cluster);
+    BumpGeneration(store, cluster, host);
   }
 }
 
 std::string FaultDomainId(const std::string& name) {
   return name.empty() ? std::string() : UuidOfName(name);
-}
-
-std::vector<std::string> SitesOf(const std::vector<Member>& members) {
-  std::set<std::string> sites;
-  bool hasWitness = false;
-  for (const Member& member : members) {
-    if (member.row.witness) {
-      hasWitness = true;
-    } else {
-      sites.insert(member.host.faultDomain);
-    }
-  }
-  if (!hasWitness || sites.size() != 2 || sites.contains("")) return {};
-  return {sites.begin(), sites.end()};
-}
-
-std::string PreferredFaultDomain(const std::vector<Member>& members) {
-  for (const Member& member : members) {
-    if (member.row.witness) return member.row.preferredFaultDomain;
-  }
-  return {};
 }
 
 }  // namespace Lab

@@ -6,15 +6,10 @@
 #include <string>
 #include <vector>
 
+#include "corectl/rules/Partitions.h"
 #include "store/Store.h"
 
 namespace Lab {
-
-/// A host in a cluster.
-struct Member {
-  MemberRow row;
-  HostRow host;
-};
 
 /// Returns all members of the cluster, running or not, in join order.
 std::vector<Member> ListMembers(Store& store, const std::string& cluster);
@@ -30,33 +25,26 @@ MemberRow RequireRunningMember(Store& store, const HostRow& host);
 /// Returns the cluster of a member.
 ClusterRow RequireCluster(Store& store, const std::string& uuid);
 
-/// Running members: the master, the backup, then the others in join order. A witness is neither
-/// master nor backup.
-struct Membership {
-  std::vector<Member> members;
-  std::string masterUuid;  ///< the nil UUID when there is none
-  std::string backupUuid;
-};
-Membership MembershipOf(std::vector<Member> running);
+/// Refuses when the host's partition has no quorum. A host that has not restored its membership
+/// counts as running, a host outside the cluster as `asWitness` reaches it. Returns the partition's
+/// votes, as in "2 of 3".
+std::string RequireQuorum(Store& store, const HostRow& host, const std::string& cluster,
+                          bool asWitness = false);
+/// Refuses to change a fault domain without the quorum, and while the network splits the cluster:
+/// the witness would change sides under a running partition.
+void RequireWhole(Store& store, const HostRow& host, const std::string& cluster);
 
 /// Records that `host` changed what the cluster shares.
 void BumpGeneration(Store& store, const std::string& cluster, const HostRow& host);
-/// Records that `host` joined, left, started or stopped.
-void BumpMembership(Store& store, const std::string& cluster, const HostRow& host);
-/// Records that the partitions changed.
+/// Records that members run or stop, or that the partitions changed.
 void BumpMembership(Store& store, const std::string& cluster);
 
-/// Adds the host to `member.cluster`, as its last member.
+/// Lets the host run in `member.cluster`, as its newest member.
 void AddMember(Store& store, const HostRow& host, MemberRow member);
 /// Removes the host from its cluster, and the cluster when no member is left.
 void RemoveMember(Store& store, const HostRow& host, const std::string& cluster);
 
 /// Returns the id of a fault domain: the same on all its hosts. Empty if the name is empty.
 std::string FaultDomainId(const std::string& name);
-/// Returns the two data sites of a stretched cluster: one with a witness whose data hosts are in
-/// exactly two fault domains. Empty for other clusters.
-std::vector<std::string> SitesOf(const std::vector<Member>& members);
-/// Returns the fault domain that the witness prefers. Empty without a witness.
-std::string PreferredFaultDomain(const std::vector<Member>& members);
 
 }  // namespace Lab

@@ -82,33 +82,6 @@ DiskRow TakeCacheDevice(Store& store, const HostRow& host, const std::string& ss
   return disk;
 }
 
-/// Claims every empty disk: makes a group of each flash disk as long as there is a capacity disk
-/// for it, and spreads the other capacity disks over all groups. Skips a group whose cache device
-/// is lost.
-void AutoClaim(Store& store, const HostRow& host) {
-  const std::vector<DiskRow> disks = store.List<DiskRow>(host.id);
-  std::map<std::string, std::size_t> groups;  // number of disks by cache device
-  for (const DiskRow& disk : disks) {
-    if (disk.IsCache() && !disk.IsLost()) groups.emplace(disk.device, 0);
-  }
-  std::vector<std::string> flash, capacity;
-  for (const DiskRow& disk : disks) {
-    if (const auto group = groups.find(disk.groupName); group != groups.end()) ++group->second;
-    if (disk.IsClaimed() || disk.IsLost()) continue;
-    (disk.IsCapacityKind() ? capacity : flash).push_back(disk.device);
-  }
-  auto cacheDevice = flash.begin();
-  for (const std::string& device : capacity) {
-    const auto group =
-        cacheDevice != flash.end()
-            ? groups.emplace(*cacheDevice++, 1).first
-            : std::ranges::min_element(groups, {}, [](const auto& one) { return one.second; });
-    if (group == groups.end() || group->second > kMaxGroupDisks) return;
-    AddDisks(store, host, group->first, {device});
-    ++group->second;
-  }
-}
-
 /// Saves a disk that was lost and unmounts it; with a cache device, its whole group.
 void Lose(Store& store, const DiskRow& lost) {
   store.Save(lost);
@@ -145,6 +118,31 @@ void AddDisks(Store& store, const HostRow& host, const std::string& ssd,
     Claim(disk, cacheDevice.uuid, cacheDevice.device);
     disk.mounted = cacheDevice.mounted;
     store.Save(disk);
+  }
+}
+
+void AutoClaim(Store& store, const HostRow& host) {
+  if (!host.autoClaim || !host.power) return;
+  const std::vector<DiskRow> disks = store.List<DiskRow>(host.id);
+  std::map<std::string, std::size_t> groups;  // number of disks by cache device
+  for (const DiskRow& disk : disks) {
+    if (disk.IsCache() && !disk.IsLost()) groups.emplace(disk.device, 0);
+  }
+  std::vector<std::string> flash, capacity;
+  for (const DiskRow& disk : disks) {
+    if (const auto group = groups.find(disk.groupName); group != groups.end()) ++group->second;
+    if (disk.IsClaimed() || disk.IsLost()) continue;
+    (disk.IsCapacityKind() ? capacity : flash).push_back(disk.device);
+  }
+  auto cacheDevice = flash.begin();
+  for (const std::string& device : capacity) {
+    const auto group =
+        cacheDevice != flash.end()
+            ? groups.emplace(*cacheDevice++, 1).first
+            : std::ranges::min_element(groups, {}, [](const auto& one) { return one.second; });
+    if (group == groups.end() || group->second > kMaxGroupDisks) return;
+    AddDisks(store, host, group->first, {device});
+    ++group->second;
   }
 }
 
@@ -232,7 +230,7 @@ void PlugIn(Store& store, const HostRow& host, const std::string& device, bool f
     Refuse("Host " + host.name + " has a disk " + Quoted(device) + " already.");
   }
   store.Save(DiskRow{.host = host.id, .device = device, .flash = flash});
-  if (host.autoClaim) AutoClaim(store, host);
+  AutoClaim(store, host);
 }
 
 void Fail(Store& store, const HostRow& host, const std::string& device) {
@@ -264,7 +262,7 @@ void Replug(Store& store, const HostRow& host, const std::string& device) {
         disk.IsCache() || store.FindDisk(disk.group).value_or(DiskRow()).mounted;
     if (isGroupMounted) SetMounted(store, host, disk, true);
   }
-  if (host.autoClaim) AutoClaim(store, host);
+  AutoClaim(store, host);
 }
 
 void Replace(Store& store, const HostRow& host, const std::string& device) {
@@ -277,7 +275,7 @@ void Replace(Store& store, const HostRow& host, const std::string& device) {
   }
   disk->failed = disk->unplugged = disk->capacityTag = false;
   store.Save(*disk);
-  if (host.autoClaim) AutoClaim(store, host);
+  AutoClaim(store, host);
 }
 
 void Generate(Store& store, const HostRow& host, std::int64_t count) {

@@ -39,7 +39,12 @@ void SetMounted(Store& store, const HostRow& host, const DiskRow& disk, bool mou
 
 void SetCapacityTag(Store& store, const HostRow& host, const std::string& device, bool tagged);
 
-/// Adds an empty disk to the host. With auto-claim on, all empty disks are claimed then.
+/// With auto claim on and the host up, claims every empty disk: makes a group of each flash disk as
+/// long as there is a capacity disk for it, and spreads the other capacity disks over all groups.
+/// Skips a group whose cache device is lost.
+void AutoClaim(Store& store, const HostRow& host);
+
+/// Adds an empty disk to the host. All empty disks are claimed then, as in `AutoClaim`.
 void PlugIn(Store& store, const HostRow& host, const std::string& device, bool flash);
 
 // Events of a disk. A lost disk (failed or unplugged) is out of use until it is replugged or

@@ -1,7 +1,11 @@
 #include "corectl/rules/Hosts.h"
 
+#include <algorithm>
+#include <set>
+
 #include "baselibs/Strings.h"
 #include "corectl/rules/Clusters.h"
+#include "corectl/rules/Disks.h"
 #include "corectl/rules/Refuse.h"
 #include "hostroot/HostRoot.h"
 #include "store/LabDirectory.h"
@@ -18,6 +22,19 @@ constexpr struct {
     {"mpx.xhba1:C0:T0:L0", true},  {"mpx.xhba1:C0:T1:L0", true},  {"mpx.xhba2:C0:T0:L0", false},
     {"mpx.xhba2:C0:T1:L0", false}, {"mpx.xhba2:C0:T2:L0", false}, {"mpx.xhba2:C0:T3:L0", false},
 };
+
+void RequirePower(const HostRow& host) {
+  if (!host.power) Refuse("Host " + host.name + " is powered off.");
+}
+
+/// Records in every cluster that the partitions changed.
+void BumpMemberships(Store& store) {
+  std::set<std::string> clusters;
+  for (const HostRow& host : store.List<HostRow>()) {
+    const auto member = store.Find<MemberRow>(host.id);
+    if (member && clusters.insert(member->cluster).second) BumpMembership(store, member->cluster);
+  }
+}
 
 }  // namespace
 
@@ -49,25 +66,70 @@ void AddHost(Store& store, const std::string& name, const std::filesystem::path&
   MakeRoot(store, host, files);
 }
 
-void RemoveHost(Store& store, const HostRow& host) {
+std::string RemoveHost(Store& store, const HostRow& host) {
   RequireOwn(RootOf(store.GetDirectory(), host));
-  if (const auto member = store.Find<MemberRow>(host.id))
-    RemoveMember(store, host, member->cluster);
+  const auto member = store.Find<MemberRow>(host.id);
+  if (member) RemoveMember(store, host, member->cluster);
   store.Remove<HostRow>(host.id);
+  if (!member) return {};
+  const auto members = ListMembers(store, member->cluster);
+  if (members.empty()) return "Cluster " + member->cluster + " has no host left.";
+  const auto partitions = PartitionsOf(members);
+  const auto largest = std::ranges::max_element(partitions, {}, &Partition::votes);
+  const Partition left = largest == partitions.end() ? PartitionOf(members, {}) : *largest;
+  return "Cluster " + member->cluster + ": " + left.GetVotes() + " votes remain" +
+         (left.HasQuorum() ? "." : ", no quorum.");
 }
 
-void Reboot(Store& store, HostRow& host) {
+void Stop(Store& store, HostRow& host) {
+  RequirePower(host);
   if (auto member = FindRunningMember(store, host)) {
     member->running = false;
     store.Save(*member);
-    BumpMembership(store, member->cluster, host);
+    BumpMembership(store, member->cluster);
   }
   store.SetKnicsRunning(host.id, false);
-  host.enteringMaintenance = false;
+  host.enteringMaintenance = host.power = false;
   store.Save(host);
 }
 
+void Start(Store& store, HostRow& host) {
+  if (host.power) Refuse("Host " + host.name + " is powered on already.");
+  host.power = true;
+  store.Save(host);
+  AutoClaim(store, host);
+}
+
+void Reboot(Store& store, HostRow& host) {
+  Stop(store, host);
+  Start(store, host);
+}
+
+void SplitNetwork(Store& store, const std::vector<std::string>& hosts) {
+  const auto all = store.List<HostRow>();
+  std::int64_t group = 1;
+  for (const HostRow& host : all) group = std::max(group, host.networkGroup + 1);
+  for (const std::string& name : hosts) {
+    HostRow host = RequireHost(store, name);
+    host.networkGroup = group;
+    store.Save(host);
+  }
+  if (std::set<std::string>(hosts.begin(), hosts.end()).size() == all.size()) {
+    Refuse("No host is left to be cut off from; name some of the lab's hosts, not all.");
+  }
+  BumpMemberships(store);
+}
+
+void HealNetwork(Store& store) {
+  for (HostRow& host : store.List<HostRow>()) {
+    host.networkGroup = 0;
+    store.Save(host);
+  }
+  BumpMemberships(store);
+}
+
 void StartMaintenance(Store& store, HostRow& host) {
+  RequirePower(host);
   RequireRunningMember(store, host);
   if (host.enteringMaintenance) Refuse("This host is entering maintenance mode already.");
   host.enteringMaintenance = true;

@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include "store/Store.h"
 
@@ -21,11 +22,20 @@ HostRow RequireHost(Store& store, const std::string& name);
 void AddHost(Store& store, const std::string& name, const std::filesystem::path& files);
 /// Makes the lab as it was when new; its host's root holds a copy of `files`.
 void ResetLab(Store& store, const std::filesystem::path& files);
-/// Removes the host from the lab, and from its cluster as if it had died.
-void RemoveHost(Store& store, const HostRow& host);
-/// Ends what does not survive a reboot: the running membership, running interfaces, a maintenance
-/// operation. What is persisted stays.
+/// Removes the host from the lab and from its cluster. Returns a remark on the cluster's votes;
+/// empty for a host outside any cluster.
+std::string RemoveHost(Store& store, const HostRow& host);
+
+/// Powers the host off. What runs is lost: the membership, interfaces, a maintenance operation.
+void Stop(Store& store, HostRow& host);
+/// Powers the host on. With auto claim on, its empty disks are claimed.
+void Start(Store& store, HostRow& host);
 void Reboot(Store& store, HostRow& host);
+
+/// Cuts the named hosts off from all others; they reach each other.
+void SplitNetwork(Store& store, const std::vector<std::string>& hosts);
+/// Ends all splits.
+void HealNetwork(Store& store);
 
 /// Begins to enter maintenance mode.
 void StartMaintenance(Store& store, HostRow& host);

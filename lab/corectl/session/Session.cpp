@@ -97,6 +97,7 @@ Session::Session(Store& store, const HostRow& host)
       name_(host.name),
       id_(host.id),
       apiVersion_(host.apiVersion),
+      power_(host.power),
       hasFaults_(store.Has<FaultRow>(host.id)) {
   RequireOwn(RootOf(store.GetDirectory(), host));
 }

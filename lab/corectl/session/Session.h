@@ -85,8 +85,9 @@ class Session {
   void InjectFault(Operation operation);
 
   const std::string& GetName() const { return name_; }
-  /// As of the selection.
+  // As of the selection.
   std::int64_t GetApiVersion() const { return apiVersion_; }
+  bool IsPoweredOn() const { return power_; }
   /// Returns what the host knows of its cluster, for a reading operation: as of one moment for the
   /// whole selection, until the host changes something.
   const ClusterView& GetClusterView(Operation operation);
@@ -117,6 +118,7 @@ class Session {
   std::string name_;
   std::int64_t id_;
   std::int64_t apiVersion_;
+  bool power_;
   std::optional<ClusterView> clusterView_;
   std::weak_ptr<DiskView> diskView_;
   bool hasFaults_;  // as of the selection

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <set>
 
-#include "corectl/rules/Partitions.h"
 #include "corectl/rules/Refuse.h"
 #include "platform/corectl/DovraUtil.h"
 
@@ -43,8 +42,9 @@ DiskView ReadDiskView(Store& store, const HostRow& host) {
   std::set<std::int64_t> hosts = {host.id};
   if (const auto member = FindRunningMember(store, host)) {
     view.isMember = true;
-    for (const Member& peer : PartitionOf(store, host, member->cluster).members) {
-      hosts.insert(peer.host.id);
+    const auto members = ListMembers(store, member->cluster);
+    for (const Member* const peer : PartitionOf(members, {*member, host}).members) {
+      hosts.insert(peer->host.id);
     }
   }
   auto rows = store.ListClaimedDisks();
