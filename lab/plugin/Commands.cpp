@@ -197,7 +197,8 @@ void AddFault(Store& store, HostRow& host, const InputPtr& input) {
                       .operation = input->GetParameter("operation"),
                       .message = message,
                       .passes = Given<std::int64_t>(input, "after").value_or(0),
-                      .remaining = Given<std::int64_t>(input, "count").value_or(1)});
+                      .remaining = Given<std::int64_t>(input, "count").value_or(1),
+                      .late = input->IsFlagSet("late")});
 }
 
 /// Returns the host that --host names, or every host of the lab.
@@ -231,7 +232,8 @@ StructPtr FaultRecord(const HostRow& host, const FaultRow& fault) {
                                      {"Operation", fault.operation},
                                      {"Message", fault.message},
                                      {"After", fault.passes},
-                                     {"Remaining", fault.remaining}});
+                                     {"Remaining", fault.remaining},
+                                     {"Late", fault.late}});
 }
 
 std::vector<StructPtr> ListFaults(Store& store) {
@@ -391,7 +393,9 @@ constexpr CommandRow kRows[] = {
      "# Let three reads of the configuration fail, on another host.\n"
      "autocli --host host2 lab fault add -o GetClusterConfig -m \"No answer.\" --count 3\n"
      "# Let a listing fail at its third disk.\n"
-     "autocli lab fault add -o GetDiskInfo -m \"I/O error.\" --after 2",
+     "autocli lab fault add -o GetDiskInfo -m \"I/O error.\" --after 2\n"
+     "# Lose the answer to a change.\n"
+     "autocli lab fault add -o AddDatastore -m \"No answer.\" --late",
      {{"operation", "o", kString, kRequired,
        "Operation that fails, e.g. LeaveCluster. The help of a command names the operations that "
        "it calls.",
@@ -400,7 +404,9 @@ constexpr CommandRow kRows[] = {
       {"count", "c", kInt, kOptional, "Number of calls that fail (%ENUM%; default: 1).",
        Range<1, 1000000>},
       {"after", "k", kInt, kOptional, "Number of calls that succeed first (%ENUM%; default: 0).",
-       Range<0, 1000000>}},
+       Range<0, 1000000>},
+      {"late", "", kFlag, kOptional,
+       "Let an operation that changes something take effect, and then fail: its answer is lost."}},
      AddFault,
      "Unable to add fault: "},
     {"lab fault list",

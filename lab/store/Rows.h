@@ -271,6 +271,7 @@ struct FaultRow {
   std::string message;
   std::int64_t passes = 0;     ///< calls that succeed first
   std::int64_t remaining = 0;  ///< calls that then fail
+  bool late = false;           ///< an operation that changes something fails after its change
 
   static void Visit(auto& row, auto&& column) {
     column("id", row.id, kOptional);
@@ -279,6 +280,7 @@ struct FaultRow {
     column("message", row.message);
     column("passes", row.passes);
     column("remaining", row.remaining);
+    column("late", row.late);
   }
 };
 

@@ -1,4 +1,4 @@
-# Power, splits and the quorum.
+# Power, splits, the quorum, and lost answers.
 load common
 
 # status: prints what `lab status` shows of each host, without the columns that only hold a name.
@@ -108,4 +108,20 @@ witness on witness 1 2 of 3 true 6 ok ' "$(status)"
     # The table fits 80 columns.
     succeed lab network split -n host1
     same "$(autocli lab status)" "$(autocli lab status | cut -c-80)"
+}
+
+@test "an answer is lost: the change took effect" {
+    new_cluster
+    fault='lab fault add -m lost --late -o'
+    for operation in AddDatastore GetDatastores; do succeed $fault $operation; done
+    refuse '*lost' dovra datastore list
+    refuse 'Unable to add datastore: The datastore*' dovra datastore add --name=
+    same '[["AddDatastore",1,true]]' "$(autocli -f json lab fault list | jq -c 'map([.Operation, .Remaining, .Late])')"
+    refuse 'Unable to add datastore: lost' dovra datastore add -n one
+    same '[] 2' "$(autocli -f json lab fault list) $(autocli -f json dovra datastore list | jq length)"
+    succeed $fault DovraExec
+    daemon=$AUTOCLI_LAB/hosts/host1/etc/init.d/dovratraced
+    printf '#!/bin/sh\necho "$1" >>"$0.log"\n' >"$daemon"
+    expect 1 '' '*' dovra trace get
+    same status "$(<"$daemon.log")"
 }

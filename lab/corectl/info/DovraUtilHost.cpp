@@ -87,8 +87,10 @@ void DovraUtil::DecomCancel() {
 
 int DovraUtil::DovraExec(const std::string& command, const std::string& argument, bool, bool,
                          bool) {
-  if (Session::Current().TakeFault("DovraExec")) return -1;  // DovraExec does not throw
-  return BaseLibs::RunProgram({command, argument}).status;
+  const auto fault = Session::Current().TakeFault("DovraExec");
+  const bool runs = !fault || fault->late;
+  const int status = runs ? BaseLibs::RunProgram({command, argument}).status : -1;
+  return fault ? -1 : status;  // DovraExec does not throw
 }
 
 }  // namespace CoreCtl::Dovra

@@ -8,7 +8,6 @@
 #include "baselibs/HostError.h"
 #include "baselibs/Strings.h"
 #include "corectl/rules/Hosts.h"
-#include "corectl/rules/Refuse.h"
 #include "hostroot/HostRoot.h"
 #include "store/LabDirectory.h"
 
@@ -102,7 +101,7 @@ Session::Session(Store& store, const HostRow& host)
   RequireOwn(RootOf(store.GetDirectory(), host));
 }
 
-std::optional<std::string> Session::TakeFault(Operation operation) {
+std::optional<FaultRow> Session::TakeFault(Operation operation, LateFaults lateFaults) {
   if (!hasFaults_) return std::nullopt;
   const auto isCounted = [=](const FaultRow& fault) {
     return fault.operation == operation.GetName();
@@ -110,27 +109,34 @@ std::optional<std::string> Session::TakeFault(Operation operation) {
   // Read first: a lab that cannot be written answers as long as no fault counts the call.
   if (std::ranges::none_of(store_.List<FaultRow>(id_), isCounted)) return std::nullopt;
   Store::Transaction transaction(store_, Store::Transaction::Kind::kWrite);
-  std::optional<std::string> message;
+  std::optional<FaultRow> due;
   for (FaultRow& fault : store_.List<FaultRow>(id_)) {
     if (!isCounted(fault)) continue;
     if (fault.passes > 0) {
       --fault.passes;
-    } else if (!message) {
-      message = fault.message;
-      --fault.remaining;
-    }
-    if (fault.remaining > 0) {
       store_.Save(fault);
-    } else {
-      store_.Remove<FaultRow>(fault.id);
+    } else if (!due) {
+      due = fault;
     }
   }
+  if (due && !(due->late && lateFaults == kSpare)) Spend(due->id);
   transaction.Commit();
-  return message;
+  return due;
+}
+
+bool Session::Spend(std::int64_t id) {
+  auto fault = store_.Find<FaultRow>(id);
+  if (!fault) return false;
+  if (--fault->remaining > 0) {
+    store_.Save(*fault);
+  } else {
+    store_.Remove<FaultRow>(id);
+  }
+  return true;
 }
 
 void Session::InjectFault(Operation operation) {
-  if (const auto message = TakeFault(operation)) Refuse(*message);
+  if (const auto fault = TakeFault(operation)) Refuse(fault->message);
 }
 
 const ClusterView& Session::GetClusterView(Operation operation) {

@@ -7,9 +7,9 @@
 #include <utility>
 #include <vector>
 
+#include "corectl/rules/Refuse.h"
 #include "corectl/session/Operations.h"
 #include "corectl/session/Views.h"
-#include "platform/hostctl/DovraCtlException.h"
 #include "store/Store.h"
 
 namespace Lab {
@@ -52,18 +52,20 @@ class Session {
   explicit Session(Store& store, const HostRow& host);
 
   /// Runs an operation of the control library as one transaction that only reads, and returns the
-  /// result of `work(store, host)`. Throws `DovraCtlException` when a fault strikes.
+  /// result of `work(store, host)`. Throws `DovraCtlException` when a fault strikes, late or not.
   template <class Work>
   auto Read(Operation operation, Work&& work) {
     InjectFault(operation);
     return Read(std::forward<Work>(work));
   }
 
-  /// The same for an operation that writes. An exception rolls it back.
+  /// The same for an operation that writes. An exception of `work` rolls it back. A late fault
+  /// strikes after the commit; it is not spent when `work` throws.
   template <class Work>
   auto Change(Operation operation, Work&& work) {
-    InjectFault(operation);
-    return Change(std::forward<Work>(work));
+    const auto fault = TakeFault(operation, kSpare);
+    if (fault && !fault->late) Refuse(fault->message);
+    return Change(std::forward<Work>(work), fault ? &*fault : nullptr);
   }
 
   // The same for work that is no operation of the control library.
@@ -72,16 +74,17 @@ class Session {
     return Run(Store::Transaction::Kind::kRead, std::forward<Work>(work));
   }
   template <class Work>
-  auto Change(Work&& work) {
+  auto Change(Work&& work, const FaultRow* late = nullptr) {
     clusterView_.reset();
     diskView_.reset();
-    return Run(Store::Transaction::Kind::kWrite, std::forward<Work>(work));
+    return Run(Store::Transaction::Kind::kWrite, std::forward<Work>(work), late);
   }
 
-  /// Counts a call of the operation on each of its injected faults. Returns the message of the
-  /// first fault that is due, and counts that fault down.
-  std::optional<std::string> TakeFault(Operation operation);
-  /// Throws that message as `DovraCtlException`.
+  /// Counts a call of the operation on each of its injected faults. Returns the first fault that is
+  /// due, and counts it down, but for a late one if those are spared.
+  enum LateFaults { kSpend, kSpare };
+  std::optional<FaultRow> TakeFault(Operation operation, LateFaults lateFaults = kSpend);
+  /// Throws the message of that fault as `DovraCtlException`.
   void InjectFault(Operation operation);
 
   const std::string& GetName() const { return name_; }
@@ -99,20 +102,27 @@ class Session {
 
  private:
   template <class Work>
-  auto Run(Store::Transaction::Kind kind, Work&& work) {
+  auto Run(Store::Transaction::Kind kind, Work&& work, const FaultRow* late = nullptr) {
     Store::Transaction transaction(store_, kind);
     HostRow host = ReadRow();
+    const auto commit = [&] {
+      const bool strikes = late && Spend(late->id);
+      transaction.Commit();
+      if (strikes) Refuse(late->message);
+    };
     if constexpr (std::is_void_v<decltype(work(store_, host))>) {
       work(store_, host);
-      transaction.Commit();
+      commit();
     } else {
       auto result = work(store_, host);
-      transaction.Commit();
+      commit();
       return result;
     }
   }
 
   HostRow ReadRow();
+  /// Counts the fault down. False when another process has spent it.
+  bool Spend(std::int64_t fault);
 
   Store& store_;
   std::string name_;
