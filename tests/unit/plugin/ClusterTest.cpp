@@ -129,7 +129,7 @@ TEST(ClusterLeave, TellsOfTheDatastores) {
       {{"a"}, {3}, read, Failed("busy")},  // no notification before the names are known
   };
   for (const auto& [datastores, failing, calls, outcome] : cases) {
-    const auto fail = [&](RecordingLibrary& library) {
+    const auto fail = [&datastores = datastores, &failing = failing](RecordingLibrary& library) {
       for (const auto& name : datastores) {
         library.datastores.push_back(std::make_shared<DovraDatastore>("u", name, false));
         library.datastores.push_back(nullptr);
