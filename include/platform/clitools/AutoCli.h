@@ -1,5 +1,9 @@
 // The framework's command tree.
 //
+// A plug-in's file needs these libraries of its host: libclitools.so, libcorectlcore.so,
+// libcorectl.so, libdovracorectl.so and libbaselibs.so. Any of them may define any function of
+// these headers. They and the plug-in share one C++ standard library and its binary interface.
+//
 // As in CallSpec.h, the order of virtual functions is binary interface, and all calls come from one
 // thread.
 #pragma once

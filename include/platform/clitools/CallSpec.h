@@ -89,7 +89,8 @@ class ParameterSpec {
   std::shared_ptr<ParameterConstraint> constraint_;
 };
 
-/// A command's parameters, in the order in which help shows them. Their names differ.
+/// A command's parameters, in the order in which help shows them. Their names differ, and
+/// so do their short names.
 class InputSpec {
  public:
   static std::shared_ptr<InputSpec> New();

@@ -108,6 +108,7 @@ class MetaList : public MetaObject {
 
   void Add(std::string value);
   void Add(std::shared_ptr<MetaStruct> value);
+  /// Announces that the list will have `count` elements; has no other effect.
   void Reserve(std::size_t count);
 
   // For the framework.

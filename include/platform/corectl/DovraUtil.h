@@ -18,7 +18,8 @@ namespace CoreCtl::Dovra {
 class DovraUtil {
  public:
   /// Fills all its arguments from the cluster directory service: the members of this host's
-  /// sub-cluster, in the order in which they are shown, and the host's own state.
+  /// sub-cluster, in the order in which they are shown, and the host's own state. Strings are shown
+  /// as they are.
   static void GetInfoFromTavdir(std::vector<HostCtl::Dovra::DovraMemberInfo>& members,
                                 std::string& localNodeState, std::string& localNodeUuid,
                                 std::string& localNodeHealthState,
@@ -29,7 +30,7 @@ class DovraUtil {
   static void GetUnicastMode(bool& enabled);
   /// Returns this host's local time, formatted.
   static std::string GetFormattedSystemDateTime();
-  /// Returns whether this host is a cluster's witness.
+  /// Returns whether this host is a cluster's witness; false when it is in no cluster.
   static bool IsWitnessNode();
   /// Returns whether this host's cluster spans two sites and a witness.
   static bool IsInStretchedCluster();
@@ -41,8 +42,8 @@ class DovraUtil {
   static void DecomCancel();
 
   /// Runs the program at the path `command` with one argument, not through a shell, and waits.
-  /// Returns its exit status, negative when it could not be run. The flags are reserved; callers
-  /// pass false, true, false.
+  /// Returns its exit status, negative when it could not be run; its output is not shown. The flags
+  /// are reserved; callers pass false, true, false.
   static int DovraExec(const std::string& command, const std::string& argument, bool reserved1,
                        bool reserved2, bool reserved3);
 
@@ -50,7 +51,8 @@ class DovraUtil {
   /// counts as one. Throws nothing.
   static std::size_t UTF8StringCharLength(const std::string& text);
 
-  /// Throws when `text` is not a UUID: 36 characters, hexadecimal digits of either case.
+  /// Throws when `text` is not a UUID: groups of 8, 4, 4, 4 and 12 hexadecimal digits of either
+  /// case, joined by "-".
   static HostCtl::Dovra::Uuid StringToDovraUuid(const std::string& text);
   /// Returns the 36 characters, lower case: one spelling for each UUID. Throws nothing.
   static std::string DovraUuidToString(const HostCtl::Dovra::Uuid& uuid);

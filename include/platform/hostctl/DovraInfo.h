@@ -72,8 +72,9 @@ class DovraInfo {
   /// Sets the fault domain with which the witness sides when the two sites of a stretched cluster
   /// lose each other. The name has 1 to 256 characters.
   virtual void SetPreferredFaultDomain(const std::string& name) = 0;
+  /// Returns whether this host is the cluster's witness. Called only on a host in a cluster.
   virtual bool IsLocalNodeWitness() = 0;
-  /// Returns which configuration of the cluster this host has.
+  /// Returns which configuration of the cluster this host has. Called only on a host in a cluster.
   virtual DovraConfigGeneration GetConfigGeneration() = 0;
 
   // The storage network and the peers reached by unicast.

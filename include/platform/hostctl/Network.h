@@ -10,7 +10,7 @@ namespace HostCtl::Network {
 /// An IPv4 address; 0.0.0.0 by default.
 class Ipv4Address {
  public:
-  /// Returns whether `text` is an address in dotted form with all four parts.
+  /// Returns whether `text` is four decimal numbers joined by ".", as `inet_pton` accepts them.
   static bool IsValidAddress(const std::string& text);
 
   Ipv4Address() = default;
@@ -27,7 +27,7 @@ class Ipv4Address {
 /// An IPv6 address in the spelling in which it was given; "::" by default.
 class Ipv6Address {
  public:
-  /// Returns whether `text` is an address in one of IPv6's spellings.
+  /// Returns whether `text` is a spelling of an address that `inet_pton` accepts.
   static bool IsValidAddress(const std::string& text);
 
   Ipv6Address() = default;
