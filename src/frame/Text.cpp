@@ -37,6 +37,15 @@ std::string GenerateUuid() {
   return buffer.get();
 }
 
+std::string Join(const std::vector<std::string>& texts, std::string_view separator) {
+  std::string joined;
+  for (const std::string& text : texts) {
+    if (&text != &texts.front()) joined += separator;
+    joined += text;
+  }
+  return joined;
+}
+
 std::string ShellWord(const std::string& text) {
   constexpr const char* kPlain =
       "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789._-,:/@+";
@@ -44,7 +53,7 @@ std::string ShellWord(const std::string& text) {
   std::string word = "'";
   for (const char c : text) {
     if (c == '\'') {
-      word += "'\\''";  // end the quotes, one quote by itself, open them again
+      word += "'\\''";  // close the quotes, add one that is escaped, open them again
     } else {
       word += c;
     }

@@ -1,4 +1,4 @@
-// Texts that commands read and make: addresses, numbers, UUIDs, words of a shell.
+// Strings that commands parse and make: addresses, numbers, UUIDs, words of a shell.
 #pragma once
 
 #include <cstdint>
@@ -11,34 +11,28 @@
 
 namespace OrvaneCli::DovraNamespace {
 
-/// The address that `text` spells, tried as IPv4 first; nothing when it is neither.
+/// Parses an address, first as IPv4, then as IPv6; returns nothing when it is neither.
 std::optional<HostCtl::Dovra::DovraIpAddress> ParseAddress(const std::string& text);
 
-/// What a command says when `ParseAddress` yields nothing.
+/// Returns the message for when `ParseAddress` returns nothing.
 std::string InvalidAddressMessage(const std::string& text);
 
-/// The nearest 32-bit number: the control library's ports are that wide, and a number that wraps
-/// round could turn into a port that nobody asked for.
+/// Returns the nearest 32-bit number. The control library's ports are that wide; a number that
+/// wrapped round would name another port.
 std::int32_t ClampToInt32(std::int64_t number);
 
-/// A new random UUID's 36 characters; empty when there is none to be had.
+/// Returns the 36 characters of a new random UUID; empty when none can be generated.
 std::string GenerateUuid();
 
-/// What a command says when `GenerateUuid` yields nothing.
+/// Reported when `GenerateUuid` returns an empty string.
 inline constexpr const char* kNoUuidMessage = "Unable to generate a UUID";
 
-inline std::string Join(const std::vector<std::string>& texts, std::string_view separator) {
-  std::string joined;
-  for (const std::string& text : texts) {
-    if (&text != &texts.front()) joined += separator;
-    joined += text;
-  }
-  return joined;
-}
+/// Returns the strings with `separator` between them.
+std::string Join(const std::vector<std::string>& texts, std::string_view separator);
 
-/// `text` as one word of a shell's command line. Plain characters (letters, digits and
-/// ". _ - , : / @ +") stand as they are; anything else is quoted, so that the shell hands on
-/// exactly `text` and interprets none of it. The empty text is no word: it stays empty.
+/// Returns `text` as one word of a shell's command line. A string of letters, digits and
+/// ". _ - , : / @ +" is returned unchanged, as is the empty string; any other is quoted, so that
+/// the shell interprets none of it.
 std::string ShellWord(const std::string& text);
 
 }  // namespace OrvaneCli::DovraNamespace
