@@ -21,8 +21,8 @@ std::string ReadDatastoreNames(const ControlLibrary& library) {
   return names;
 }
 
-/// Runs the script that tells the host's management daemon what becomes of the datastores. Its exit
-/// status is ignored: a host can leave without the daemon.
+/// Runs the script that notifies the host's management daemon of an event of the datastores. Its
+/// exit status is ignored: a host can leave without the daemon.
 void NotifyDatastores(const char* event, const std::string& names) {
   const std::string script = HostFile("/usr/lib/orvane/hostmgrd/bin/notifyDatastore.py");
   std::string unused;
@@ -54,7 +54,7 @@ class ClusterLeave final : public SuccessCommand<ClusterLeave> {
     if (names.empty()) return;
     try {
       NotifyDatastores("FailedUnmount", names);
-    } catch (const DovraCtlException& failure) {  // of the shell runner, not of the script
+    } catch (const DovraCtlException& failure) {  // thrown by the shell runner
       Report(output, failure);
     }
   }

@@ -1,4 +1,4 @@
-// Texts that more than one cluster command says.
+// Messages of several cluster commands.
 #pragma once
 
 namespace OrvaneCli::DovraNamespace {

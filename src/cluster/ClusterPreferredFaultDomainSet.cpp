@@ -32,7 +32,7 @@ class ClusterPreferredFaultDomainSet final : public SuccessCommand<ClusterPrefer
         const ControlLibrary library;
         library->SetPreferredFaultDomain(name);
       }
-      output->SetRootObject(MetaBool::New(true));  // after these refusals too; the messages tell
+      output->SetRootObject(MetaBool::New(true));  // also after these refusals
     } catch (const DovraCtlException& failure) {
       Report(output, failure, "Unable to set preferred fault domain name: ");
     }

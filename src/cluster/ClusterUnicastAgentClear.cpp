@@ -7,7 +7,7 @@ namespace OrvaneCli::DovraNamespace {
 
 namespace {
 
-/// Unlike the listing, clearing names only the first and the last separator that may be missing.
+/// Returns an error message. Unlike the listing's, it names only a missing first or last separator.
 std::string DescribeFaultForClearing(const UnicastAgentEntry& entry) {
   const auto field = entry.GetBrokenField();
   const bool isNamed = field == UnicastAgentEntry::kNodeUuid || field == UnicastAgentEntry::kPort;
@@ -35,8 +35,8 @@ class ClusterUnicastAgentClear final : public SuccessCommand<ClusterUnicastAgent
       std::vector<std::string> agents;
       library->GetUnicastAgents(agents);
       bool needsRefresh = false;
-      for (const std::string& agent :
-           agents) {  // no rollback: agents before a bad entry stay removed
+      // There is no rollback: agents removed before a malformed entry stay removed.
+      for (const std::string& agent : agents) {
         const UnicastAgentEntry entry(agent);
         if (!entry.IsComplete()) return output->AddErrorMessage(DescribeFaultForClearing(entry));
         const std::string& addressText = entry.GetText(UnicastAgentEntry::kAddress);

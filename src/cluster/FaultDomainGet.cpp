@@ -21,7 +21,7 @@ class FaultDomainGet final : public RecordCommand<FaultDomainGet> {
     try {
       const ControlLibrary library;
       record->SetField("faultDomainName", library->GetFaultDomainName());
-      if (library->GetClusterConfig().enabled) {  // outside a cluster the name has no id
+      if (library->GetClusterConfig().enabled) {  // a fault domain has an id only in a cluster
         record->SetField("faultDomainId", DovraUtil::GetFaultDomainId());
       }
       output->SetRootObject(record);

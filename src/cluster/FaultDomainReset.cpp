@@ -14,7 +14,7 @@ class FaultDomainReset final : public SuccessCommand<FaultDomainReset> {
     } catch (const DovraCtlException&) {
       output->AddErrorMessage("Unable to reset fault domain name");
     }
-    output->SetRootObject(MetaBool::New(true));  // after a failure too; the message tells
+    output->SetRootObject(MetaBool::New(true));  // also after a failure
   }
 };
 

@@ -28,7 +28,7 @@ class FaultDomainSet final : public SuccessCommand<FaultDomainSet> {
     } catch (const DovraCtlException& failure) {
       Report(output, failure, "Unable to set fault domain name: ");
     }
-    output->SetRootObject(MetaBool::New(true));  // after failures too; the messages tell
+    output->SetRootObject(MetaBool::New(true));  // also after failures
   }
 };
 

@@ -27,7 +27,7 @@ class UnicastAgentEntry {
 
   explicit UnicastAgentEntry(const std::string& text);
 
-  /// Whether all fields are there; if not, only `GetBrokenField` and `DescribeFault` apply.
+  /// Returns whether no ";" is missing. If one is, only `GetBrokenField` and `DescribeFault` apply.
   bool IsComplete() const { return brokenField_ == kInterfaceName; }
   /// Returns the first field that lacks its ";"; `kInterfaceName`, which needs none, when complete.
   Field GetBrokenField() const { return brokenField_; }

@@ -1,5 +1,5 @@
-// Included by the source of each command and by nothing else: in the tree's file, which only
-// declares the commands' classes, the definition below would not compile.
+// For the sources of commands only: Registration.cpp declares the commands' classes without
+// defining them, so the definition below would not compile there.
 #pragma once
 
 #include "frame/Frame.h"

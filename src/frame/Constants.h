@@ -1,4 +1,4 @@
-// What several commands share by value.
+// Constants that several commands share.
 #pragma once
 
 #include <cstddef>

@@ -6,14 +6,13 @@
 
 namespace OrvaneCli::DovraNamespace {
 
-/// The control library for the length of a call: the plug-in object and its information object,
-/// owned together and released on every path.
+/// A connection to the control library: owns its plug-in object and its information object.
 class ControlLibrary {
  public:
   /// Throws `DovraCtlException` when the service cannot be reached.
   ControlLibrary();
 
-  /// Throws `DovraCtlException` when the service handed out no information object.
+  /// Throws `DovraCtlException` when the service has no information object.
   HostCtl::Dovra::DovraInfo* operator->() const;
 
   /// The newer operations; null when the host's control library is too old to have them.
@@ -21,10 +20,10 @@ class ControlLibrary {
 
  private:
   std::unique_ptr<HostCtl::DovraPlugin> plugin_;
-  std::unique_ptr<HostCtl::Dovra::DovraInfo> info_;  // after plugin_: it is released first
+  std::unique_ptr<HostCtl::Dovra::DovraInfo> info_;  // declared last, so destroyed before plugin_
 };
 
-/// What commands say that need `GetInfo2` and find none.
+/// Reported when `GetInfo2` returns null.
 inline constexpr const char* kNoInfo2Message = "Could not get DovraInfo2. Plugin version mismatch?";
 
 }  // namespace OrvaneCli::DovraNamespace

@@ -1,5 +1,5 @@
-// The contract that all commands share: how a command is made and described, how it declares what
-// it takes and returns, and how it turns a failure of the control library into a message.
+// What all commands share: how a command is made and described, how it declares its parameters and
+// its result, and how it reports a failure of the control library.
 #pragma once
 
 #include <cstdint>
@@ -38,11 +38,10 @@ using CliTools::MetaObj::MetaType;
 using CoreCtl::Dovra::DovraUtil;
 using HostCtl::Lib::Dovra::DovraCtlException;
 
-// What a command takes.
+// Parameters.
 
 enum class Need { kOptional, kRequired };
 
-/// One parameter.
 struct Parameter {
   const char* name;
   const char* shortName;  ///< null when there is none
@@ -54,12 +53,12 @@ struct Parameter {
 
 InputSpecPtr MakeInputSpec(std::initializer_list<Parameter> parameters);
 
-/// Allows these texts only; each is a value and its description.
+/// Returns a constraint that allows only these strings. The second of each pair is its description.
 ConstraintPtr OneOf(std::initializer_list<std::pair<const char*, const char*>> values);
-/// Allows the numbers from `min` to `max`, both included.
+/// Returns a constraint that allows the numbers from `min` to `max`, both included.
 ConstraintPtr Between(std::int64_t min, std::int64_t max);
 
-/// Returns the parameter's string, number or truth value; nothing when the call does not give it.
+/// Returns the parameter's string, number or truth value; nothing when it is absent.
 template <class Value>
 std::optional<Value> Given(const InputPtr& input, const char* parameter) {
   if (!input->HasParameter(parameter)) return std::nullopt;
@@ -72,43 +71,43 @@ std::optional<Value> Given(const InputPtr& input, const char* parameter) {
   }
 }
 
-// What a command returns.
+// Results.
 
-/// One field of a record: `kString`, `kInt`, `kBool`, or `kList` for a list of texts.
+/// A field of a record. Its type is `kString`, `kInt`, `kBool`, or `kList` for a list of strings.
 struct Field {
   const char* name;
   MetaType type;
-  const char* unit = nullptr;  ///< what the value is counted in
+  const char* unit = nullptr;  ///< shown after the value; null when there is none
 };
 
-/// A record that a command returns, and how it is shown unless the caller chooses otherwise.
+/// The layout of a record that a command returns, and how it is shown by default.
 struct Record {
   const char* name;  ///< of the structure
   std::initializer_list<Field> fields;
   const char* formatter = "simple";
   const char* caption = nullptr;
-  /// What the formatter reads between the names of the fields to show; without it, it is told none
-  /// and shows all as they come.
+  /// Stands between the names in the formatter's parameter "fields:". Without it, the parameter is
+  /// not set, and the formatter shows every field.
   const char* separator = nullptr;
 };
 
-/// A record of this layout, every field empty.
+/// Returns a record of this layout with empty fields.
 StructPtr MakeStructure(const Record& record);
-/// Sets the command's formatter and the formatter's parameters.
+/// Sets the command's default formatter and the formatter's parameters.
 void ShowAs(const Record& record, CliTools::AutoCli::Command& command);
 OutputSpecPtr MakeOutputSpec(std::shared_ptr<CliTools::MetaObj::MetaObject> rootTemplate);
 
-// The commands.
+// Commands.
 
-/// What a command returns: success, which is a truth value, one record, or a list of records.
+/// The type of a command's result; success is a truth value.
 enum class Returns { kSuccess, kRecord, kList };
 
-/// Base of every command: made by `New()`, without parameters unless it says otherwise. The records
-/// it returns are each as `T::kRecord` says.
+/// Base of every command. The records that a command returns have the layout `T::kRecord`. Virtual
+/// inheritance and the order of virtual functions (destructor, input, output, execution) are binary
+/// interface.
 template <class T, Returns kReturns>
 class DovraCommand : public virtual CliTools::AutoCli::Command {
  public:
-  // The order of virtual functions is binary interface: the destructor, input, output, execution.
   ~DovraCommand() override = default;
 
   static std::shared_ptr<T> New() { return std::make_shared<T>(); }
@@ -150,10 +149,10 @@ using RecordCommand = DovraCommand<T, Returns::kRecord>;
 template <class T>
 using ListCommand = DovraCommand<T, Returns::kList>;
 
-// Failures. What a failed command leaves as its result differs from command to command, so each
-// says it where it happens.
+// Failures. The result of a failed command differs from command to command, so each command sets it
+// where it fails.
 
-/// Adds the error message that a failure of the control library becomes.
+/// Adds the error message for a failure of the control library: `prefix` and the failure's message.
 void Report(const OutputPtr& output, const DovraCtlException& failure,
             std::string_view prefix = "");
 

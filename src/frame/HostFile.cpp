@@ -1,6 +1,6 @@
 #include "frame/HostFile.h"
 
-// Alone in its source, so that tests and other hosts can link the commands with paths of their own.
+// Alone in its source, so that tests and stand-in hosts can replace it.
 namespace OrvaneCli::DovraNamespace {
 
 std::string HostFile(const char* path) {

@@ -4,8 +4,8 @@
 
 namespace OrvaneCli::DovraNamespace {
 
-/// Returns where the file is that real hosts have at `path`, which is absolute. Throws what a
-/// replacement of this function throws; the one that ships throws nothing.
+/// Returns the path of the host's file `path`, which is absolute. It is `path` itself on a real
+/// host; a stand-in host's replacement of this function returns another one, and may throw.
 std::string HostFile(const char* path);
 
 }  // namespace OrvaneCli::DovraNamespace

@@ -1,4 +1,4 @@
-// The plug-in's one entry point: the whole `dovra` tree, in the order in which it is registered.
+// The plug-in's entry point and the `dovra` tree, in the order of registration.
 
 #include "frame/Tree.h"
 
@@ -6,7 +6,7 @@ namespace OrvaneCli::DovraNamespace {
 
 using CliTools::AutoCli::Namespace;
 
-// It stands outside of any unnamed namespace: each "class" declares a command's class here.
+// Not in an unnamed namespace, because each "class" declares a command's class in this one.
 constexpr Node kTree[] = {
     {"dovra policy", "Commands for Dovra storage policy configuration"},
     {"dovra policy getdefault", MakeCommand<class PolicyGetDefault>},
@@ -80,7 +80,7 @@ constexpr Node kTree[] = {
 
 namespace {
 
-/// The root's `dovra` namespace: the one that is there, so that loading twice adds to it.
+/// Returns the root's `dovra` namespace; adds one when there is none.
 std::shared_ptr<Namespace> TakeOrAddDovra(Namespace& root) {
   if (root.HasNamespaceNode("dovra")) {
     if (auto dovra = std::dynamic_pointer_cast<Namespace>(root.GetNamespaceNode("dovra"))) {

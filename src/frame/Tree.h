@@ -12,12 +12,12 @@ namespace OrvaneCli::DovraNamespace {
 
 using CommandPtr = std::shared_ptr<CliTools::AutoCli::Command>;
 
-/// Makes a command. Each command's source instantiates it for its own class, so that a tree needs
-/// no more of a command than its name.
+/// Returns a new command. Each command's source instantiates this for its class, so that a tree
+/// needs only the class's name.
 template <class CommandClass>
 CommandPtr MakeCommand();
 
-/// A row of the table. A namespace's rows follow its own, in the order of registration.
+/// A row of the table. A namespace's row precedes its children's, in the order of registration.
 struct Node {
   using Maker = CommandPtr (*)();
 
@@ -25,9 +25,9 @@ struct Node {
   std::variant<const char*, Maker> content;  ///< a namespace's description, or a command's maker
 };
 
-/// Registers the nodes on `parent`, whose path is `path`; the root's is empty. A namespace is
-/// complete before its parent learns of it. Throws `std::logic_error` when a row does not follow
-/// its namespace; what was registered by then stays.
+/// Registers the nodes below `parent`, whose path is `path`; the root's is empty. A namespace is
+/// registered after its children. Throws `std::logic_error` when a row does not follow its
+/// namespace's; nodes registered by then stay.
 void Register(std::span<const Node> nodes, CliTools::AutoCli::Namespace& parent,
               std::string_view path);
 

@@ -4,7 +4,7 @@
 
 namespace OrvaneCli::DovraNamespace {
 
-/// `remove` and `ip remove`, which differ in nothing but their descriptions.
+/// Base of `remove` and `ip remove`, which differ only in their descriptions.
 template <class T>
 class InterfaceRemoval : public SuccessCommand<T> {
   InputSpecPtr GetInputSpecInternal() override {

@@ -15,7 +15,7 @@ using HostCtl::Network::Ipv6Address;
 
 namespace {
 
-/// What is configured of an interface beside its name, at first the defaults of a new one.
+/// An interface's settings, at first the defaults of a new interface.
 struct Settings {
   Ipv4Address agentGroup{kDefaultAgentGroup};
   Ipv6Address agentV6Group{kDefaultAgentV6Group};
@@ -33,18 +33,18 @@ bool IsInUse(DovraInfo2& info, const std::string& name) {
   return info.IsKnicInUse(name, kDovraTraffic) || info.IsKnicInUse(name, kWitnessTraffic);
 }
 
-/// Returns the settings of the interface's entry, or of the last entry when none has its name: the
-/// interface is known to be in use. Nothing when there is no such entry.
+/// Returns the settings of the interface's entry, or of the last entry when none has its name.
+/// Returns nothing when there are no entries or that entry is null.
 std::optional<Settings> ReadSettings(DovraInfo2& info, const std::string& name) {
   const auto entries = info.GetKnicConfigs();
   if (entries.empty()) return std::nullopt;
-  // The search leaves out the last entry, and so ends on it when no other has the name.
+  // The search leaves out the last entry, so it ends there when no other entry has the name.
   const auto named = std::find_if(entries.begin(), entries.end() - 1, [&](const auto& entry) {
     return entry && entry->GetKnicName() == name;
   });
   const DovraKnicConfig2* const entry = named->get();
   if (!entry) return std::nullopt;
-  // A group goes by its text, since a slot may hold an address of the other family.
+  // Converted by way of a string, which rejects an address of the other family in a slot.
   return Settings{
       .agentGroup = Ipv4Address(entry->GetAgentMulticastGroup().GetStringAddress()),
       .agentV6Group = Ipv6Address(entry->GetAgentV6MulticastGroup().GetStringAddress()),
@@ -68,7 +68,7 @@ void OverrideNumber(const InputPtr& input, const char* parameter, std::int32_t& 
   if (const auto given = Given<std::int64_t>(input, parameter)) number = ClampToInt32(*given);
 }
 
-/// The types given replace those that the interface carries.
+/// The types given replace the interface's.
 void OverrideTraffic(const InputPtr& input, Settings& settings) {
   if (!input->HasParameter("traffic-type")) return;
   std::vector<std::string> types;

@@ -4,14 +4,14 @@
 
 namespace OrvaneCli::DovraNamespace {
 
-/// `ip set` has its parameters and its execution from here.
+/// `ip set` uses its parameters and its execution.
 class NetworkIpAdd final : public SuccessCommand<NetworkIpAdd> {
  public:
   NetworkIpAdd();
 
   static InputSpecPtr GetInputSpecCommon();
-  /// With `reconfigure` the interface must be configured already, and what is not given stays as it
-  /// is; without it, the interface must be a new one, and defaults apply.
+  /// With `reconfigure` the interface must be configured already, and settings that are not given
+  /// stay; without it, the interface must be a new one, and they get their defaults.
   static void ExecuteCommon(const InputPtr& input, const OutputPtr& output, bool reconfigure);
 
  private:

@@ -69,7 +69,7 @@ class NetworkList final : public ListCommand<NetworkList> {
     } catch (const DovraCtlException& failure) {
       Report(output, failure);
     }
-    output->SetRootObject(list);  // after a failure too: what was complete by then
+    output->SetRootObject(list);  // after a failure, the rows completed by then
   }
 };
 

@@ -4,7 +4,7 @@
 
 namespace OrvaneCli::DovraNamespace {
 
-/// Allows the policy classes' names, and has help show each as it is typed.
+/// Returns a constraint that allows the names of the policy classes.
 inline ConstraintPtr AnyPolicyClass() {
   return OneOf({{"cluster", "cluster"},
                 {"vdisk", "vdisk"},

@@ -5,15 +5,15 @@
 
 namespace OrvaneCli::DovraNamespace {
 
-/// Whether more than one of --ssd, --disk and --uuid was given: each names what to act on.
+/// Returns whether more than one of --ssd, --disk and --uuid was given.
 inline bool NamesSeveralDisks(const InputPtr& input) {
   return input->HasParameter("ssd") + input->HasParameter("disk") + input->HasParameter("uuid") > 1;
 }
 
 inline constexpr const char* kOnlyOneDiskMessage = "Specify only one of --ssd, --disk or --uuid.";
 
-/// The tag and the disk of the tag commands. There is but one tag, and the framework refuses any
-/// other, so that the commands only read the disk.
+/// Returns the parameters of the tag commands. These do not read the tag: there is only one, and
+/// the framework rejects any other.
 inline InputSpecPtr MakeTagInputSpec(const char* tagDescription, const char* diskDescription) {
   return MakeInputSpec({
       {"tag", "t", ParameterType::kString, Need::kRequired, tagDescription,

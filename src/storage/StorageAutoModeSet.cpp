@@ -9,7 +9,7 @@ class StorageAutoModeSet final : public SuccessCommand<StorageAutoModeSet> {
  private:
   InputSpecPtr GetInputSpecInternal() override {
     return MakeInputSpec({
-        // Required: there is no mode that it could mean when left out.
+        // Required, because no mode is the default.
         {"enabled", nullptr, ParameterType::kBool, Need::kRequired,
          "Changing this value to true will result in enabling auto disk claim mode. Disks will be "
          "claimed by the Dovra service in next storage event, e.g.: adapter rescan and disk "

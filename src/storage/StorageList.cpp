@@ -11,8 +11,8 @@ using HostCtl::Dovra::Uuid;
 
 namespace {
 
-/// The UUID texts of the local disks that pass the filter; no more than one of `device` and `uuid`
-/// is not empty.
+/// Returns the UUIDs of the local disks with that device name or UUID. At most one of the two is
+/// given; an empty string matches any disk.
 std::vector<std::string> FindLocalDisks(const DovraInfo::DiskLuns& luns, const std::string& device,
                                         const std::string& uuid) {
   std::optional<Uuid> wanted;
@@ -61,7 +61,7 @@ class StorageList final : public ListCommand<StorageList> {
 
   StorageList() { DescribeFetcher("List Dovra storage configuration."); }
 
-  /// Administrators know versions by the product's labels, which are not the format's own numbers.
+  /// Returns the product's label for the number of an on-disk format.
   static std::shared_ptr<MetaString> MarshalVersion(int version) {
     switch (version) {
       case 3:
@@ -90,7 +90,7 @@ class StorageList final : public ListCommand<StorageList> {
     StructPtr row = GetOutputStructure();
     const auto name = MetaString::New(disk.deviceName);
     row->SetField("Device", name);
-    row->SetField("Display Name", name);  // a disk has no other
+    row->SetField("Display Name", name);  // a disk has no other name
     row->SetField("Is SSD", MetaBool::New(disk.isFlash));
     row->SetField("DOVRA UUID", disk.uuid);
     row->SetField("DOVRA Disk Group UUID", disk.diskGroupUuid);
@@ -99,7 +99,7 @@ class StorageList final : public ListCommand<StorageList> {
     row->SetField("In Tavdir", MetaBool::New(disk.inTavdir));
     row->SetField("On-disk format version", MarshalVersion(disk.formatVersion));
     row->SetField("Deduplication", MetaBool::New(disk.deduplication));
-    row->SetField("Compression", MetaBool::New(disk.deduplication));  // the two come together
+    row->SetField("Compression", MetaBool::New(disk.deduplication));  // enabled together
     row->SetField("Checksum", disk.checksum);
     row->SetField("Checksum OK", MetaBool::New(disk.checksumOk));
     row->SetField("Is Capacity Tier", MetaBool::New(disk.isCapacityTier));
@@ -129,7 +129,7 @@ class StorageList final : public ListCommand<StorageList> {
         for (const Uuid& disk : serviceDisks) texts.push_back(DovraUtil::DovraUuidToString(disk));
       }
       // The service knows local disks too; each is listed once.
-      std::ranges::stable_sort(texts);  // which merges what comes in order, as both lists mostly do
+      std::ranges::stable_sort(texts);  // fast on sorted runs, which both lists mostly are
       // Not std::ranges::unique, which clang 14 does not compile.
       texts.erase(std::unique(texts.begin(), texts.end()), texts.end());
 
@@ -147,7 +147,7 @@ class StorageList final : public ListCommand<StorageList> {
     } catch (const DovraCtlException& failure) {
       Report(output, failure, "Unable to list devices: ");
     }
-    output->SetRootObject(list);  // after a failure: the rows that were complete by then
+    output->SetRootObject(list);  // after a failure, the rows completed by then
   }
 };
 

@@ -10,7 +10,7 @@ namespace OrvaneCli::DovraNamespace {
 
 namespace {
 
-/// The daemon's settings; where the file is silent, what the daemon then does.
+/// The daemon's settings, at first its defaults for keys that the file lacks.
 struct Settings {
   std::string directory = "No volume selected.";
   std::int64_t maxFiles = 8;
@@ -18,9 +18,9 @@ struct Settings {
   bool urgentToSyslog = true;
 };
 
-/// Reads a number, or a truth value as "1" or "0", as a stream does: white space before it is
-/// skipped, and it ends at the first character that is no part of it. Text that is no number counts
-/// as 0, a number out of range as the nearest one within; an empty value changes nothing.
+/// Extracts a number, or a truth value as "1" or "0", as a stream does: skips white space, and
+/// stops at the first character that is not part of it. A string that is not a number counts as 0,
+/// a number out of range as the nearest in range; an empty string changes nothing.
 template <class Value>
 void Extract(std::string_view text, Value& setting) {
   std::istringstream stream{std::string(text)};
@@ -34,8 +34,8 @@ std::string WithoutQuotes(std::string_view text) {
   return plain;
 }
 
-/// Takes over what the line sets, if anything. Blanks may stand before the key, tabs may not; the
-/// value is all that follows it, so a carriage return is part of it too.
+/// Applies the line's setting, if it has one. Blanks may precede the key, tabs may not. The value
+/// is the rest of the line, including a carriage return.
 void ReadLine(std::string_view line, Settings& settings) {
   line.remove_prefix(std::min(line.find_first_not_of(' '), line.size()));
   const auto valueOf = [line](std::string_view key) -> std::optional<std::string_view> {
@@ -53,7 +53,7 @@ void ReadLine(std::string_view line, Settings& settings) {
   }
 }
 
-/// Nothing when the file cannot be read.
+/// Returns nothing when the file cannot be read.
 std::optional<Settings> ReadConfiguration() {
   std::ifstream file(HostFile(TraceDaemon::kConfigurationFile));
   if (!file) return std::nullopt;

@@ -38,15 +38,15 @@ Changes ReadChanges(const InputPtr& input) {
   return changes;
 }
 
-/// Whether the line stays. Changes replace the lines that begin with their keys; an indented line
-/// stays. A reset keeps only comments.
+/// Returns whether the line is kept. Changes replace the lines that begin with their keys; an
+/// indented line is kept. A reset keeps only comments.
 bool IsKept(const std::string& line, const Changes& changes) {
   if (changes.empty()) return line.starts_with('#');
   return std::ranges::none_of(
       changes, [&line](const Change& change) { return line.starts_with(change.key); });
 }
 
-/// Returns nothing when the file cannot be read: what may be incomplete must not replace it.
+/// Returns nothing when the file cannot be read to its end: a part of it must not replace it.
 std::optional<std::vector<std::string>> ReadKeptLines(const Changes& changes) {
   std::ifstream file(HostFile(TraceDaemon::kConfigurationFile));
   if (!file) return std::nullopt;
@@ -67,7 +67,7 @@ bool WriteConfiguration(const std::vector<std::string>& lines, const Changes& ch
   return file.good();
 }
 
-/// Throws `DovraCtlException`, which names every attempt, when none succeeds.
+/// Throws `DovraCtlException`, with the status of each attempt, when none succeeds.
 void RestartDaemon() {
   std::string failures;
   for (int attempt = 1; attempt <= kRestartAttempts; ++attempt) {
@@ -79,7 +79,7 @@ void RestartDaemon() {
   throw DovraCtlException(failures);
 }
 
-/// Makes the daemon read its configuration anew, if it runs.
+/// Restarts the daemon if it runs, so that it reads its configuration.
 void ApplyConfiguration() {
   const int status = TraceDaemon::RunInitScript("status");
   if (status < 0) throw DovraCtlException("Failed to check dovratraced status.");
@@ -129,7 +129,7 @@ class DovraTraceSet final : public SuccessCommand<DovraTraceSet> {
     if (!WriteConfiguration(*lines, changes)) {
       return output->AddErrorMessage("Error opening Dovra Trace Config File for writing.");
     }
-    // Whatever becomes of the daemon, the new configuration stays.
+    // The new configuration stays even if the daemon does not restart.
     try {
       ApplyConfiguration();
       output->SetRootObject(MetaBool::New(true));

@@ -3,7 +3,7 @@
 #include <chrono>
 #include <thread>
 
-// Alone in its file, so that nobody who rehearses failing restarts has to wait for them.
+// Alone in its source, so that tests can replace it.
 namespace OrvaneCli::DovraNamespace {
 
 void PauseBeforeRestart() {

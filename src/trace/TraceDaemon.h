@@ -10,9 +10,9 @@ inline constexpr const char* kConfigurationFile = "/etc/orvane/dovra/dovratraced
 
 // A key is written with its "="; the value follows up to the end of the line.
 
-/// Where the daemon is told to write, in double quotes.
+/// The directory that the daemon is to use, in double quotes.
 inline constexpr const char* kVolumeKey = "DOVRATRACED_VOLUME=";
-/// Where it really writes. The daemon maintains it, once it has taken the volume over.
+/// The directory that the daemon uses. Only the daemon writes this key.
 inline constexpr const char* kLastSelectedVolumeKey = "DOVRATRACED_LAST_SELECTED_VOLUME=";
 inline constexpr const char* kMaxFilesKey = "DOVRATRACED_ROTATE_MAX_FILES=";
 /// In MB.
