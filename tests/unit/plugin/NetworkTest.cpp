@@ -10,12 +10,12 @@ using Handle = std::shared_ptr<DovraKnicConfig2>;
 
 namespace {
 
-/// The agent group and the master group, each by its IPv4 and IPv6 address, and with each address
-/// in the place of the other family.
+/// Addresses of the agent group and the master group, the IPv4 address of each before the IPv6 one,
+/// and the other way round.
 const Strings kGroups = {"224.0.0.1", "ff02::1", "224.0.0.2", "ff02::2"};
 const Strings kSwapped = {"ff02::1", "224.0.0.1", "ff02::2", "224.0.0.2"};
 
-/// An interface with no default value; `port` tells two of them apart.
+/// Returns an interface without a default setting.
 Handle Knic(const std::string& name, int port = 1, const Strings& groups = kGroups) {
   const auto group = [&](std::size_t place) { return *ParseAddress(groups[place]); };
   return std::make_shared<DovraKnicConfig2>(name, group(0), group(1), group(2), group(3), port, 2,
@@ -38,7 +38,7 @@ const Strings kAsked = kOpen + "IsKnicInUse(knic0, dovra)";
 const Strings kAskedBoth = kAsked + "IsKnicInUse(knic0, witness)";
 const Strings kRead = kAsked + "GetKnicConfigs()";
 
-// What is stored besides the interface's name, without its UUID, which is always empty.
+// The settings that are stored after the interface's name, without its UUID, which is empty.
 const Strings kDefaults = {"v4 224.2.3.4", "v6 FF19:0:0:0:0:2:3:4",
                            "v4 224.1.2.3", "v6 FF19:0:0:0:0:1:2:3",
                            "23451",        "12345",

@@ -29,7 +29,7 @@ using Word = const std::string&;
 
 RecordingLibrary*& living = RecordingLibrary::living;
 
-/// An argument as it is recorded.
+/// A recorded argument.
 struct Text : std::string {
   Text(const std::string& value) : std::string(value) {}
   Text(const char* value) : std::string(value) {}
@@ -41,7 +41,7 @@ struct Text : std::string {
       : std::string((value.isIpv6 ? "v6 " : "v4 ") + value.GetStringAddress()) {}
 };
 
-/// Records the call, then throws if the test says so.
+/// Records the call, and throws its exception if the test set one.
 template <class... Arguments>
 RecordingLibrary& Record(const std::string& operation, const Arguments&... arguments) {
   const std::vector<Text> texts = {arguments...};

@@ -1,5 +1,5 @@
-// Runs a command as the framework does, against a control library that records what is asked of it,
-// and checks what was asked, exactly and in order, and what the command leaves.
+// Runs a command against a control library that records its calls, and checks the calls, in order,
+// and the command's output.
 #pragma once
 
 #include <cstdint>
@@ -19,19 +19,19 @@ namespace Testing {
 
 using Strings = std::vector<std::string>;
 
-/// The control library: it records every operation, answers with what the test set, and throws
-/// where the test says. There is one at a time; the linked operations use it.
+/// A control library that records every call, returns the values below, and throws the exceptions
+/// that a test sets. At most one exists at a time.
 struct RecordingLibrary {
   /// "Operation(argument, ...)" for each call, in order. Strings are unquoted, lists in brackets.
   /// `GetDovraPlugin` and `GetDovraInfo` are recorded too, the shell's commands, and the pauses
   /// between restarts of the trace daemon.
   Strings calls;
-  /// By a call's position in `calls`: what it throws after it was recorded.
+  /// What calls throw after they were recorded, by their positions in `calls`.
   std::map<std::size_t, std::exception_ptr> exceptions;
 
   bool pluginLives = false;  ///< the plug-in object is not released yet
 
-  // What the operations return. In a list of answers each call takes the first one; the last stays.
+  // Return values. Of a list of answers, each call takes the first one; the last one repeats.
   bool hasPlugin = true;
   bool hasInfo = true;
   bool hasInfo2 = true;  ///< the information object has the newer operations
@@ -71,8 +71,8 @@ using SetUp = std::function<void(RecordingLibrary&)>;
 inline const SetUp kNotEnabled = [](auto& library) { library.config.enabled = false; };
 inline const SetUp kOnWitness = [](auto& library) { library.isWitness = true; };
 
-/// What a call left: its result as "value", "Field: value, ..." or "element, ...", "none" without
-/// one, and " ! " before each error message.
+/// A command's output: its result as "value", "Field: value, ..." or "element, ...", or "none", and
+/// " ! " before each error message.
 using Outcome = std::string;
 inline Outcome Failed(const std::string& message, const std::string& root = "none") {
   return root + " ! " + message;
@@ -85,22 +85,22 @@ inline Strings operator+(Strings calls, const std::string& next) {
   return calls;
 }
 
-/// A tree in which the plug-in's entry point has registered its commands.
+/// Returns `root` after the plug-in's entry point has registered its commands.
 std::shared_ptr<CliTools::AutoCli::Namespace> Registered(
     std::shared_ptr<CliTools::AutoCli::Namespace> root = CliTools::AutoCli::Namespace::New());
 
 /// Returns the command whose path below `dovra` begins the line, and the rest of the line.
 std::pair<CliTools::AutoCli::Command&, std::string> Find(const std::string& line);
 
-/// Runs a command as it is typed behind `dovra`, in words as a shell takes them.
+/// Runs a command line, which lacks the leading `dovra`, split into words as by a shell.
 Outcome Execute(const std::string& line);
 
-/// Expects these calls and this outcome of the line, with a library that `setUp` has prepared.
+/// Expects these calls and this outcome when the line runs with a library that `setUp` prepared.
 void Check(const std::string& line, const SetUp& setUp, const Strings& calls,
            const Outcome& outcome, const char* file = __builtin_FILE(),
            int number = __builtin_LINE());
 
-/// The host's file, set by the test.
+/// The path of the host's trace configuration.
 extern std::string traceConfiguration;
 
 }  // namespace Testing

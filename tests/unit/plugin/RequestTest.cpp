@@ -1,4 +1,4 @@
-// The commands that ask the control library for one thing, or for the same of each policy class.
+// Commands that make one request of the control library, or one for each policy class.
 
 #include <gmock/gmock.h>
 
@@ -8,15 +8,23 @@ using namespace Testing;
 
 namespace {
 
+Strings Opened(const Strings& requests) {
+  Strings calls = kOpen;
+  calls.insert(calls.end(), requests.begin(), requests.end());
+  return calls;
+}
+
 TEST(Requests, AreHandedOnAsTheyWereGiven) {
   const std::pair<std::string, Strings> cases[] = {
       {"cluster restore --boot", {"RestoreClusterConfig(true)"}},
       {"cluster restore", {"RestoreClusterConfig(false)"}},
       {"datastore add --uuid 'no uuid' --name n", {"AddDatastore(no uuid, n, false)"}},
+      {"datastore clear", {"ClearDatastores()"}},
       {"datastore remove --uuid U", {"RemoveDatastore(U, true)"}},
       {"datastore name set --newname 'new name'", {"SetDatastoreName(, new name)"}},
       {"datastore name set --uuid U --newname ''", {"SetDatastoreName(U, )"}},
       {"faultdomain set --fdname ''", {"ResetFaultDomain()"}},
+      {"faultdomain reset", {"ResetFaultDomain()"}},
       {"network remove -i i", {"RemoveKnic(i, false, dovra)", "RemoveKnic(i, false, witness)"}},
       {"network ip remove -i i -f", {"RemoveKnic(i, true, dovra)", "RemoveKnic(i, true, witness)"}},
       {"network clear", {"ClearNetworkConfig()"}},
@@ -44,11 +52,7 @@ TEST(Requests, AreHandedOnAsTheyWereGiven) {
   };
   // None of them needs the newer operations.
   const auto old = [](RecordingLibrary& library) { library.hasInfo2 = false; };
-  for (const auto& [line, requests] : cases) {
-    Strings calls = kOpen;
-    calls.insert(calls.end(), requests.begin(), requests.end());
-    Check(line, old, calls, "true");
-  }
+  for (const auto& [line, requests] : cases) Check(line, old, Opened(requests), "true");
 }
 
 TEST(Requests, NeedAnInformationObject) {
@@ -69,28 +73,27 @@ TEST(Requests, AreAnsweredInRecords) {
     library.datastores = {nullptr, std::make_shared<DovraDatastore>("u2", "second", false),
                           std::make_shared<DovraDatastore>("u1", "first, \"1\"", true), nullptr};
   };
-  const std::tuple<std::string, std::string, std::string> cases[] = {
-      {"datastore list", "GetDatastores()",
+  const std::tuple<std::string, Strings, std::string> cases[] = {
+      {"datastore list",
+       {"GetDatastores()"},
        "Datastore UUID: u2, User Friendly Name: second, Default: false, Datastore UUID: u1, User "
        "Friendly Name: first, \"1\", Default: true"},
-      {"datastore name get", "GetDatastoreName()", "Name: the default"},
-      {"datastore name get --uuid 'U 1'", "GetDatastoreName(U 1)", "Name: first"},
-      {"policy getdefault -c vmem", "GetPolicyDefault(vmem)",
+      {"datastore name get", {"GetDatastoreName()"}, "Name: the default"},
+      {"datastore name get --uuid 'U 1'", {"GetDatastoreName(U 1)"}, "Name: first"},
+      {"policy getdefault -c vmem",
+       {"GetPolicyDefault(vmem)"},
        "Policy Class: vmem, Policy Value: last"},
-      {"resync bandwidth get", "GetResyncBandwidth()", "Rate: -8589934593"},
-      {"resync throttle get", "GetResyncThrottle()", "Level: -8589934593"},
-      {"storage automode get", "GetAutoClaimMode()", "Enabled: true"},
+      {"policy getdefault",
+       {"GetPolicyDefault(cluster)", "GetPolicyDefault(vdisk)", "GetPolicyDefault(vmnamespace)",
+        "GetPolicyDefault(vmswap)", "GetPolicyDefault(vmem)"},
+       "Policy Class: cluster, Policy Value: a=1, b=2, Policy Class: vdisk, Policy Value: , Policy "
+       "Class: vmnamespace, Policy Value: , Policy Class: vmswap, Policy Value: , Policy Class: "
+       "vmem, Policy Value: last"},
+      {"resync bandwidth get", {"GetResyncBandwidth()"}, "Rate: -8589934593"},
+      {"resync throttle get", {"GetResyncThrottle()"}, "Level: -8589934593"},
+      {"storage automode get", {"GetAutoClaimMode()"}, "Enabled: true"},
   };
-  for (const auto& [line, call, root] : cases) Check(line, answers, kOpen + call, {root});
-
-  Strings calls = kOpen;
-  for (const std::string name : {"cluster", "vdisk", "vmnamespace", "vmswap", "vmem"}) {
-    calls.push_back("GetPolicyDefault(" + name + ")");
-  }
-  Check("policy getdefault", answers, calls,
-        {"Policy Class: cluster, Policy Value: a=1, b=2, Policy Class: vdisk, Policy Value: , "
-         "Policy Class: vmnamespace, Policy Value: , Policy Class: vmswap, Policy Value: , Policy "
-         "Class: vmem, Policy Value: last"});
+  for (const auto& [line, requests, root] : cases) Check(line, answers, Opened(requests), {root});
 }
 
 TEST(Requests, KeepBlanksThatNoPageShows) {

@@ -35,7 +35,7 @@ TEST(StorageOptions, NameOneDiskAndAnEvacuationMode) {
   }
 }
 
-// Disks are told apart by the last digits of their UUIDs.
+// The disks' UUIDs differ in the last four digits.
 std::string TextOf(const std::string& lastFour) {
   return "52000000-0000-0000-0000-00000000" + lastFour;
 }

@@ -1,4 +1,4 @@
-// Every command of the tree, with every call that it makes of the control library failing in turn.
+// Fails each call of every command in turn.
 
 #include <gmock/gmock.h>
 
@@ -15,7 +15,7 @@ namespace {
 
 /// What commands leave when a call fails with the message "broken", as regular expressions.
 struct Row {
-  Strings lines;  ///< together with the states, enough for every sequence of calls
+  Strings lines;  ///< with the states below, they make every sequence of calls
   std::string message = "broken";
   std::string root = "none";
   // The result when this call fails, or one after it.
@@ -82,7 +82,7 @@ const std::vector<Row> kRows = {
     {{"trace get"}, "brokenRefer to /var/log/syslog.log for details."},
 };
 
-/// A library that has something of everything, in one of the eight states that commands tell apart.
+/// A library with entries of each kind, in one of the eight states that commands distinguish.
 struct FullLibrary : RecordingLibrary {
   explicit FullLibrary(unsigned state) {
     using namespace HostCtl::Dovra;
@@ -100,35 +100,31 @@ struct FullLibrary : RecordingLibrary {
   }
 };
 
-/// Returns the operations without their arguments, and without the shell's commands, one of which
-/// may follow a failure.
-Strings Names(const Strings& calls) {
-  Strings names;
-  for (const auto& call : calls) names.push_back(call.substr(0, call.find('(')));
-  std::erase(names, "AutoCli_ShellCmd");
-  return names;
-}
-
-/// Runs the line, and fails each of its `calls` in turn.
-void CheckBroken(const std::string& line, const Row& row, unsigned state, const Strings& calls) {
+/// Fails each call of the line in turn, and adds the operations called to `operations`.
+void CheckBroken(const std::string& line, const Row& row, unsigned state,
+                 std::set<std::string>& operations) {
   using HostCtl::Lib::Dovra::DovraCtlException;
   bool isLater = false;
-  for (std::size_t position = 0; position < calls.size(); ++position) {
-    SCOPED_TRACE(calls[position]);
-    const auto end = calls.begin() + static_cast<std::ptrdiff_t>(position) + 1;
-    const Strings names = Names({calls.begin(), end});
-    isLater = isLater || (!row.laterCall.empty() && calls[position].starts_with(row.laterCall));
+  for (std::size_t position = 0;; ++position) {
     FullLibrary library(state);
     library.exceptions[position] = std::make_exception_ptr(DovraCtlException("broken"));
-    EXPECT_THAT(Execute(line),
+    const Outcome outcome = Execute(line);
+    if (library.calls.size() <= position) return;
+    const std::string call = library.calls[position];
+    SCOPED_TRACE(call);
+    isLater = isLater || (!row.laterCall.empty() && call.starts_with(row.laterCall));
+    EXPECT_THAT(outcome,
                 testing::MatchesRegex(Failed(row.message, isLater ? row.laterRoot : row.root)));
-    EXPECT_EQ(Names(library.calls), names);
+    // Only the shell's commands may follow a failure.
+    library.calls.erase(library.calls.begin(), library.calls.begin() + position + 1);
+    EXPECT_THAT(library.calls, testing::Each(testing::StartsWith("AutoCli_ShellCmd(")));
+    if (!call.starts_with("AutoCli_ShellCmd(")) operations.insert(call.substr(0, call.find('(')));
 
     // Any other exception is the framework's to handle.
     library.calls.clear();
     library.exceptions[position] = std::make_exception_ptr(std::runtime_error("another"));
     EXPECT_THROW(Execute(line), std::runtime_error);
-    EXPECT_EQ(Names(library.calls), names);
+    EXPECT_EQ(library.calls.size(), position + 1);
   }
 }
 
@@ -139,15 +135,7 @@ TEST(Sweep, EveryCommandStandsEveryFailure) {
     for (const std::string& line : row.lines) {
       SCOPED_TRACE(line);
       auto& called = operations[CliTools::PathOf(Find(line).first)];
-      for (unsigned state = 0; state < 8; ++state) {
-        const Strings calls = [&] {
-          FullLibrary library(state);
-          Execute(line);
-          return library.calls;
-        }();
-        CheckBroken(line, row, state, calls);
-        for (const std::string& name : Names(calls)) called.insert(name);
-      }
+      for (unsigned state = 0; state < 8; ++state) CheckBroken(line, row, state, called);
     }
   }
   const auto root = Registered();

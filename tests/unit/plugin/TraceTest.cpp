@@ -3,9 +3,9 @@
 #include <filesystem>
 #include <fstream>
 #include <locale>
-#include <sstream>
 
 #include "RecordingLibrary.h"
+#include "baselibs/File.h"
 
 using namespace Testing;
 
@@ -26,11 +26,6 @@ class TraceTest : public testing::Test {
   ~TraceTest() override { std::filesystem::remove_all(directory_); }
 
   static void Write(const std::string& text) { std::ofstream(traceConfiguration) << text; }
-  static std::string Read() {
-    std::ostringstream text;
-    text << std::ifstream(traceConfiguration).rdbuf();
-    return text.str();
-  }
 
   std::string directory_;
 };
@@ -58,9 +53,7 @@ TEST_F(TraceTest, GetReadsEachSettingInAnyLocale) {
        "DOVRATRACED_ROTATE_MAX_FILES=\nDOVRATRACED_ROTATE_FILE_SIZE= \r\n"
        "DOVRATRACED_LOG_URGENT_TO_SYSLOG=\n",
        none, 8, 45, "true"},
-      // A directory loses every quote and nothing else. Blanks may precede a key. The last line of
-      // a
-      // key counts. Numbers are read as streams read them.
+      // A directory loses its quotes. Blanks may precede a key. The last line of a key counts.
       {"DOVRATRACED_LAST_SELECTED_VOLUME=\"/a\"b\"=c \n   DOVRATRACED_ROTATE_MAX_FILES=16\n"
        "DOVRATRACED_ROTATE_FILE_SIZE=-08589934593\r\nDOVRATRACED_LOG_URGENT_TO_SYSLOG=true",
        "/ab=c ", 16, -8589934593, "false"},
@@ -78,7 +71,7 @@ TEST_F(TraceTest, GetReadsEachSettingInAnyLocale) {
           {"DOVRA Traces Directory: " + directory + ", Number Of Files To Rotate: " +
            std::to_string(maxFiles) + ", Maximum Trace File Size: " + std::to_string(fileSize) +
            ", Log Urgent Traces To Syslog: " + urgentToSyslog});
-    EXPECT_EQ(Read(), file);
+    EXPECT_EQ(BaseLibs::ReadFile(traceConfiguration), file);
   }
   std::locale::global(before);
 }
@@ -121,11 +114,11 @@ TEST_F(TraceTest, SetRewritesWhatItWasGiven) {
       after.erase(after.find("\n" + line) + 1, line.size());
     }
     Check("trace set " + options, {}, {kStatusCall, kRestartCall}, "true");
-    EXPECT_EQ(Read(), after + appended);
+    EXPECT_EQ(BaseLibs::ReadFile(traceConfiguration), after + appended);
   }
   Write(before);
   Check("trace set -r true", {}, {kStatusCall, kRestartCall}, "true");
-  EXPECT_EQ(Read(), "# head\n#DOVRATRACED_ROTATE_MAX_FILES=1\n");
+  EXPECT_EQ(BaseLibs::ReadFile(traceConfiguration), "# head\n#DOVRATRACED_ROTATE_MAX_FILES=1\n");
 }
 
 TEST_F(TraceTest, SetRefusesBeforeItTouchesTheFile) {
@@ -139,7 +132,7 @@ TEST_F(TraceTest, SetRefusesBeforeItTouchesTheFile) {
   for (const auto& [error, calls] : cases) {
     for (const auto& options : calls) Check("trace set " + options, {}, {}, Failed(error));
   }
-  EXPECT_EQ(Read(), "DOVRATRACED_VOLUME=\"/v\"");
+  EXPECT_EQ(BaseLibs::ReadFile(traceConfiguration), "DOVRATRACED_VOLUME=\"/v\"");
 }
 
 TEST_F(TraceTest, SetLeavesTheDaemonAloneWhenTheFileFails) {
@@ -181,7 +174,8 @@ TEST_F(TraceTest, SetRestartsTheDaemonWithPatience) {
       calls.push_back(kRestartCall);
     }
     Check("trace set -f 1", Statuses(statuses), calls, outcome);
-    EXPECT_EQ(Read(), "DOVRATRACED_ROTATE_MAX_FILES=1\n") << "the new settings stay";
+    EXPECT_EQ(BaseLibs::ReadFile(traceConfiguration), "DOVRATRACED_ROTATE_MAX_FILES=1\n")
+        << "the new settings stay";
   }
 }
 

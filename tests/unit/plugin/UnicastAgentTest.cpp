@@ -8,8 +8,7 @@ namespace {
 
 const std::string kNil = "00000000-0000-0000-0000-000000000000";
 
-// `add` and `remove` ask for the kind of host before all else, `list` and `clear` when they hold
-// the library.
+// `add` and `remove` check for a witness first, `list` and `clear` after they open the library.
 const Strings kAsked = {"IsWitnessNode()"};
 const Strings kAskedAndOpen = kAsked + kOpen[0] + kOpen[1];
 const Strings kEnabled = kOpen + "GetClusterConfig()";
