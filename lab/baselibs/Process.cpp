@@ -31,23 +31,6 @@ class MemoryFile {
   int descriptor_;
 };
 
-/// Gives SIGCHLD its default effect. We may inherit that it is ignored; then exit statuses are
-/// lost.
-class DefaultChildSignal {
- public:
-  DefaultChildSignal() {
-    struct sigaction action {};
-    action.sa_handler = SIG_DFL;
-    sigaction(SIGCHLD, &action, &before_);
-  }
-  ~DefaultChildSignal() { sigaction(SIGCHLD, &before_, nullptr); }
-  DefaultChildSignal(const DefaultChildSignal&) = delete;
-  DefaultChildSignal& operator=(const DefaultChildSignal&) = delete;
-
- private:
-  struct sigaction before_ {};
-};
-
 int WaitFor(pid_t child) {
   int status = 0;
   while (waitpid(child, &status, 0) < 0) {
@@ -67,17 +50,9 @@ pid_t Start(std::vector<std::string>& words, int input, int output) {
   posix_spawn_file_actions_adddup2(&actions, input, STDIN_FILENO);
   posix_spawn_file_actions_adddup2(&actions, output, STDOUT_FILENO);
   posix_spawn_file_actions_adddup2(&actions, output, STDERR_FILENO);
-  posix_spawnattr_t attributes;
-  posix_spawnattr_init(&attributes);
-  sigset_t defaults;
-  sigemptyset(&defaults);
-  sigaddset(&defaults, SIGPIPE);  // autocli ignores it, programs expect the default
-  posix_spawnattr_setsigdefault(&attributes, &defaults);
-  posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGDEF);
   pid_t child = 0;
   const int failure =
-      posix_spawn(&child, arguments.front(), &actions, &attributes, arguments.data(), environ);
-  posix_spawnattr_destroy(&attributes);
+      posix_spawn(&child, arguments.front(), &actions, nullptr, arguments.data(), environ);
   posix_spawn_file_actions_destroy(&actions);
   return failure == 0 ? child : -1;
 }
@@ -89,10 +64,14 @@ Outcome RunProgram(std::vector<std::string> words, std::string_view input) {
   const MemoryFile standardOutput;
   const bool isFilled = !!(std::ofstream(standardInput.GetPath()) << input << std::flush);
   if (!isFilled || standardOutput.Get() < 0) return {};
-  const DefaultChildSignal defaultChildSignal;
+  // autocli ignores SIGPIPE, which programs do not expect. With SIGCHLD ignored, as the parent
+  // process may have left it, exit statuses are lost.
+  const auto callersPipe = signal(SIGPIPE, SIG_DFL);
+  const auto callersChild = signal(SIGCHLD, SIG_DFL);
   const pid_t child = Start(words, standardInput.Get(), standardOutput.Get());
-  if (child < 0) return {};
-  const int status = WaitFor(child);
+  const int status = child < 0 ? -1 : WaitFor(child);
+  signal(SIGPIPE, callersPipe);
+  signal(SIGCHLD, callersChild);
   return {status, ReadFile(standardOutput.GetPath())};
 }
 

@@ -14,7 +14,7 @@ struct Outcome {
 
 /// Runs the program at the path `words.front()` with the other words as its arguments and `input`
 /// as its standard input, and waits until it ends, but not for processes that it leaves running.
-/// Single-threaded callers only: meanwhile SIGCHLD has its default effect.
+/// Single-threaded callers only: meanwhile SIGCHLD and SIGPIPE have their default effects.
 Outcome RunProgram(std::vector<std::string> words, std::string_view input = {});
 
 }  // namespace BaseLibs
