@@ -25,26 +25,15 @@ using CliTools::UsageError;
 
 namespace {
 
-/// Returns `parameters` so that only the listed fields, separated by commas, are shown.
-CommandSpec::Pairs SelectFields(const MetaObject* layout, const CommandSpec::Pairs& parameters,
-                                const std::string& list) {
-  std::vector<std::string> fields;
-  for (const std::string_view field : BaseLibs::Split(list, ',')) {
-    fields.emplace_back(BaseLibs::Trim(field));
-    if (fields.back().empty()) throw UsageError("--fields: a name is empty");
-  }
-  return CliTools::SelectFields(layout, parameters, fields);
-}
-
 /// Returns the formatter's parameters: the command's own, restricted to --fields, or to the
 /// command's columns unless a formatter is given.
 CommandSpec::Pairs ChooseFields(const Command& command, const MetaObject* layout,
                                 const Options& options) {
   const auto& own = command.GetDefaultOutputParameters();
-  if (!options.fields.empty()) return SelectFields(layout, own, options.fields);
+  if (!options.fields.empty()) return CliTools::SelectFields(layout, own, options.fields);
   const std::string columns = command.GetMetaDataField("columns");
   if (columns.empty() || !options.formatter.empty()) return own;
-  return SelectFields(layout, own, columns);
+  return CliTools::SelectFields(layout, own, columns);
 }
 
 /// Returns the style of a result on standard output.
@@ -224,8 +213,9 @@ std::string CommandList(CommandTree& tree, const Options& options) {
   layout->SetField("Command", "");
   layout->SetField("Description", "");
   const auto list = MetaList::New(MetaType::kStruct, layout);
-  const auto parameters =
-      options.fields.empty() ? CommandSpec::Pairs() : SelectFields(list.get(), {}, options.fields);
+  const auto parameters = options.fields.empty()
+                              ? CommandSpec::Pairs()
+                              : CliTools::SelectFields(list.get(), {}, options.fields);
   for (const auto& command : CliTools::CommandsBelow(*tree.GetWhole())) {
     auto row = MetaStruct::New(layout->GetName());
     row->SetField("Command", CliTools::PathOf(*command));

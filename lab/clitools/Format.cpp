@@ -86,24 +86,28 @@ std::string Format(const MetaObject& root, std::string_view formatter, const Pai
   return text;
 }
 
-Pairs SelectFields(const MetaObject* rootTemplate, Pairs parameters,
-                   const std::vector<std::string>& fields) {
+Pairs SelectFields(const MetaObject* rootTemplate, Pairs parameters, const std::string& fields) {
   const MetaStruct* const pattern = rootTemplate == nullptr ? nullptr : PatternOf(*rootTemplate);
   if (pattern == nullptr) throw UsageError("--fields: this command's result has no fields");
   const std::vector<std::string> known = ShownFields(*pattern, parameters);
-  for (auto field = fields.begin(); field != fields.end(); ++field) {
-    if (std::find(fields.begin(), field, *field) != field) {
-      throw UsageError("--fields: " + Quote(*field) + " is named twice");
+  std::vector<std::string> selected;
+  for (const std::string_view part : BaseLibs::Split(fields, ',')) {
+    const std::string field(BaseLibs::Trim(part));
+    if (field.empty()) throw UsageError("--fields: a name is empty");
+    if (std::ranges::find(selected, field) != selected.end()) {
+      throw UsageError("--fields: " + Quote(field) + " is named twice");
     }
-    if (std::ranges::find(known, *field) != known.end()) continue;
-    const std::string suggestion = DidYouMean(Nearest(*field, known));
-    throw UsageError("--fields: there is no field " + Quote(*field) +
-                     (suggestion.empty() ? "" : "; " + suggestion) +
-                     " (known here: " + Join(known, ", ") + ")");
+    if (std::ranges::find(known, field) == known.end()) {
+      const std::string suggestion = DidYouMean(Nearest(field, known));
+      throw UsageError("--fields: there is no field " + Quote(field) +
+                       (suggestion.empty() ? "" : "; " + suggestion) +
+                       " (known here: " + Join(known, ", ") + ")");
+    }
+    selected.push_back(field);
   }
   const std::string key = "fields:" + pattern->GetName();
   std::erase_if(parameters, [&key](const auto& pair) { return pair.first == key; });
-  parameters.emplace_back(key, Join(fields, ","));
+  parameters.emplace_back(key, Join(selected, ","));
   return parameters;
 }
 

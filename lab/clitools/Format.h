@@ -36,9 +36,8 @@ std::string Format(const MetaObject& root, std::string_view formatter, const Pai
                    const Style& style = {});
 
 /// Returns `parameters` changed so that only these fields of the result's records are shown, in
-/// this order. Throws `UsageError` for an unknown or repeated field, and when the result, which may
-/// be null, holds no records.
-Pairs SelectFields(const MetaObject* rootTemplate, Pairs parameters,
-                   const std::vector<std::string>& fields);
+/// this order. `fields` are separated by commas. Throws `UsageError` for an empty, unknown or
+/// repeated field, and when the result, which may be null, holds no records.
+Pairs SelectFields(const MetaObject* rootTemplate, Pairs parameters, const std::string& fields);
 
 }  // namespace CliTools
