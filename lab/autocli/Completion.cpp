@@ -69,10 +69,6 @@ std::string ReadCompletionScript(const std::string& shell) {
   return text;
 }
 
-bool IsCompletionRequest(const std::vector<std::string>& arguments) {
-  return arguments.size() == 2 && arguments.front() == "--complete";
-}
-
 void CompleteLine(const std::string& line) noexcept {
   // The user waits at the prompt: give up when another process holds the lab's lock.
   constexpr unsigned kMostSeconds = 2;

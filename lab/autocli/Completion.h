@@ -2,7 +2,6 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 namespace AutoCliProgram {
 
@@ -10,13 +9,10 @@ namespace AutoCliProgram {
 /// `HostError` when the program is installed without it.
 std::string ReadCompletionScript(const std::string& shell);
 
-/// Returns whether a completion script passed these arguments: "--complete", and the command line
-/// up to the cursor as it was typed, with the program's name.
-bool IsCompletionRequest(const std::vector<std::string>& arguments);
-
 /// Prints the words that the line's last word can become, each on a line with a tab and its
-/// description. The word "/" asks the shell to complete a path. Creates no lab. Prints nothing
-/// after an error.
+/// description. The word "/" asks the shell to complete a path. `line` is the command line up to
+/// the cursor as it was typed, with the program's name. Creates no lab. Prints nothing after an
+/// error.
 void CompleteLine(const std::string& line) noexcept;
 
 }  // namespace AutoCliProgram

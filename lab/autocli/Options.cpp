@@ -142,25 +142,22 @@ Options ReadOptions(const Strings& arguments, const Options& defaults) {
   std::span<const std::string> own = std::span(arguments).first(CountOptionWords(arguments));
   options.words.assign(own.end(), std::span(arguments).end());
   if (own.empty()) return options;
-  const auto take = [&options](std::span<const std::string> words) {
-    const auto given = CliTools::ParseParameters(*OptionsSpec(), {words.begin(), words.end()});
-    options = TakeOptions(*given, options);
+  const auto take = [&options](std::span<const std::string> words) -> std::string {
+    try {
+      const auto given = CliTools::ParseParameters(*OptionsSpec(), {words.begin(), words.end()});
+      options = TakeOptions(*given, options);
+      return {};
+    } catch (const UsageError& error) {
+      return error.what();
+    }
   };
-  try {
-    take(own);
-    return options;
-  } catch (const UsageError& error) {
-    options.fault = error.what();
-  }
-  while (!own.empty()) {
+  const std::string fault = take(own);
+  while (!fault.empty() && !own.empty()) {  // take those that are right
     const auto option = own.first(std::min(WordsOfOption(own.front()), own.size()));
     own = own.subspan(option.size());
-    try {
-      take(option);
-    } catch (const UsageError&) {
-      continue;
-    }
+    take(option);
   }
+  options.fault = fault;
   return options;
 }
 

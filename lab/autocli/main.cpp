@@ -37,7 +37,7 @@ ExitStatus RunLine(CommandTree& tree, const Options& options) {
 }
 
 ExitStatus Run(const std::vector<std::string>& arguments) {
-  if (IsCompletionRequest(arguments)) {
+  if (arguments.size() == 2 && arguments.front() == "--complete") {  // from a completion script
     CompleteLine(arguments.back());
     return kSuccess;
   }
