@@ -3,6 +3,7 @@
 #include <span>
 
 #include "autocli/Options.h"
+#include "autocli/Plugins.h"
 #include "baselibs/Strings.h"
 #include "clitools/Display.h"
 #include "clitools/Nodes.h"
@@ -87,18 +88,28 @@ const std::shared_ptr<Namespace>& LastingRoot() {
 
 }  // namespace
 
-CommandTree::CommandTree(const std::filesystem::path& pluginDirectory)
-    : root_(LastingRoot()), plugins_(pluginDirectory, root_) {}
+CommandTree::CommandTree(std::filesystem::path pluginDirectory)
+    : root_(LastingRoot()), pluginDirectory_(std::move(pluginDirectory)) {}
+
+void CommandTree::Load(const std::filesystem::path& plugin) {
+  if (loaded_.contains(plugin)) return;
+  LoadPlugin(plugin, root_);
+  loaded_.insert(plugin);
+}
 
 Target CommandTree::Resolve(const std::vector<std::string>& words) {
-  if (!words.empty()) plugins_.LoadCalled(words.front());
+  if (!words.empty() && words.front().find('/') == std::string::npos) {
+    const auto plugin = pluginDirectory_ / ("lib" + words.front() + ".so");
+    std::error_code ignored;
+    if (std::filesystem::exists(plugin, ignored)) Load(plugin);
+  }
   Target target = Follow(root_, words);
   const bool isCommand = dynamic_cast<const Command*>(target.node.get()) != nullptr;
   return isCommand ? target : Follow(GetWhole(), words);
 }
 
 const std::shared_ptr<Namespace>& CommandTree::GetWhole() {
-  plugins_.LoadAll();
+  for (const auto& plugin : FindPlugins(pluginDirectory_)) Load(plugin);
   RequireSpecs(*root_);
   return root_;
 }

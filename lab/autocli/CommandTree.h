@@ -3,10 +3,10 @@
 
 #include <filesystem>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
-#include "autocli/Plugins.h"
 #include "platform/clitools/AutoCli.h"
 
 namespace AutoCliProgram {
@@ -18,10 +18,12 @@ struct Target {
   std::string unknown;  ///< the word that should have named a child of the node, if any
 };
 
-/// The tree of all commands. Plug-ins are loaded when a command line needs them.
+/// The tree of all commands. Plug-ins are loaded when a command line needs them. Any plug-in may
+/// add commands to any namespace, but `lib<name>.so` is expected to hold the namespace `<name>`, so
+/// most command lines need one plug-in.
 class CommandTree {
  public:
-  explicit CommandTree(const std::filesystem::path& pluginDirectory);
+  explicit CommandTree(std::filesystem::path pluginDirectory);
 
   /// Follows the words down the tree to a command. A word "help" that names no child counts as
   /// --help. Throws `HostError` when the plug-ins cannot be used.
@@ -31,8 +33,11 @@ class CommandTree {
   const std::shared_ptr<CliTools::AutoCli::Namespace>& GetWhole();
 
  private:
+  void Load(const std::filesystem::path& plugin);
+
   const std::shared_ptr<CliTools::AutoCli::Namespace>& root_;
-  Plugins plugins_;
+  std::filesystem::path pluginDirectory_;
+  std::set<std::filesystem::path> loaded_;
 };
 
 /// Throws `UsageError` for a word that is not the name of a child, with suggestions.

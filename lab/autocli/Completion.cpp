@@ -35,7 +35,7 @@ Candidates FieldsOf(CliTools::AutoCli::CommandSpec& node, std::string_view typed
   if (typed.starts_with("--")) typed.remove_prefix(typed.find('=') + 1);
   const std::string before(typed.substr(0, typed.rfind(',') + 1));
   Candidates candidates;
-  for (const std::string& field : CliTools::ResultOf(*command).fields) {
+  for (const std::string& field : CliTools::FieldsOf(*command)) {
     const bool isThere = (',' + before).find(',' + field + ',') != std::string::npos;
     if (!isThere) candidates.push_back({before + field, ""});
   }

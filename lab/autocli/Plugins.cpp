@@ -16,22 +16,6 @@ using BaseLibs::HostError;
 
 namespace {
 
-std::vector<fs::path> FindPlugins(const fs::path& directory) {
-  std::vector<fs::path> plugins;
-  std::error_code error;
-  for (fs::directory_iterator entry(directory, error), end; !error && entry != end;
-       entry.increment(error)) {
-    if (entry->path().extension() == ".so") plugins.push_back(entry->path());
-  }
-  if (error) {
-    throw HostError("the plug-in directory \"" + directory.string() +
-                    "\" cannot be read: " + error.message());
-  }
-  if (plugins.empty()) throw HostError("there is no plug-in in \"" + directory.string() + "\"");
-  std::ranges::sort(plugins);
-  return plugins;
-}
-
 [[noreturn]] void Refuse(const fs::path& plugin, const std::string& reason) {
   throw HostError("the plug-in \"" + plugin.string() + "\" cannot be loaded: " + reason);
 }
@@ -49,22 +33,22 @@ void* FindFunction(void* library, const char* name) {
 
 }  // namespace
 
-Plugins::Plugins(fs::path directory, std::shared_ptr<CliTools::AutoCli::Namespace> root)
-    : directory_(std::move(directory)), root_(std::move(root)) {}
-
-void Plugins::LoadCalled(const std::string& name) {
-  if (name.find('/') != std::string::npos) return;
-  const fs::path plugin = directory_ / ("lib" + name + ".so");
-  std::error_code ignored;
-  if (fs::exists(plugin, ignored)) Load(plugin);
+std::vector<fs::path> FindPlugins(const fs::path& directory) {
+  std::vector<fs::path> plugins;
+  try {
+    for (const auto& entry : fs::directory_iterator(directory)) {
+      if (entry.path().extension() == ".so") plugins.push_back(entry.path());
+    }
+  } catch (const fs::filesystem_error& error) {
+    throw HostError("the plug-in directory \"" + directory.string() +
+                    "\" cannot be read: " + error.code().message());
+  }
+  if (plugins.empty()) throw HostError("there is no plug-in in \"" + directory.string() + "\"");
+  std::ranges::sort(plugins);
+  return plugins;
 }
 
-void Plugins::LoadAll() {
-  for (const fs::path& plugin : FindPlugins(directory_)) Load(plugin);
-}
-
-void Plugins::Load(const fs::path& plugin) {
-  if (loaded_.contains(plugin)) return;
+void LoadPlugin(const fs::path& plugin, const std::shared_ptr<CliTools::AutoCli::Namespace>& root) {
   std::error_code ignored;
   const fs::file_status status = fs::status(plugin, ignored);
   // Opening a FIFO would wait for a writer.
@@ -76,13 +60,12 @@ void Plugins::Load(const fs::path& plugin) {
   void* const entry = FindFunction(handle, "AutoCli_RegisterNamespaces");
   if (entry == nullptr) Refuse(plugin, "it has no function AutoCli_RegisterNamespaces");
   try {
-    reinterpret_cast<decltype(&AutoCli_RegisterNamespaces)>(entry)(root_);
+    reinterpret_cast<decltype(&AutoCli_RegisterNamespaces)>(entry)(root);
   } catch (const std::exception& error) {
     Refuse(plugin, error.what());
   } catch (...) {
     Refuse(plugin, "it threw an object that is not a std::exception");
   }
-  loaded_.insert(plugin);
 }
 
 }  // namespace AutoCliProgram

@@ -107,10 +107,24 @@ std::string ParameterHelp(const ParameterSpec& parameter, std::size_t width) {
          (description.empty() ? "" : Wrap(description, kDescriptionIndent, width));
 }
 
+/// Describes what the command prints.
+const char* ResultInWords(Command& command) {
+  const auto root = ShapeOf(command);
+  if (!root) return "nothing";
+  const bool isList = root->GetType() == MetaType::kList;
+  if (PatternOf(*root) != nullptr) {
+    return isList ? "a list of records with the fields" : "one record with the fields";
+  }
+  if (isList) return HoldsRecords(*root) ? "a list of records" : "a list of texts";
+  return root->GetType() == MetaType::kBool  ? "true on success"
+         : root->GetType() == MetaType::kInt ? "a whole number"
+                                             : "a text";
+}
+
 std::string OutputHelp(Command& command, std::size_t width) {
-  const Result result = ResultOf(command);
-  if (result.fields.empty()) return result.words + '\n';
-  return result.words + '\n' + Wrap(Join(result.fields, ", "), kIndent, width);
+  const std::string fields = Join(FieldsOf(command), ", ");
+  return std::string(ResultInWords(command)) + '\n' +
+         (fields.empty() ? "" : Wrap(fields, kIndent, width));
 }
 
 }  // namespace
@@ -123,25 +137,11 @@ std::string DescriptionOf(const ParameterSpec& parameter) {
   return text.replace(begin, kPlaceholder.size(), AllowedValues(*parameter.GetConstraint()));
 }
 
-Result ResultOf(Command& command) {
+std::vector<std::string> FieldsOf(Command& command) {
   const auto root = ShapeOf(command);
-  if (!root) return {"nothing", {}};
-  switch (root->GetType()) {
-    case MetaType::kBool:
-      return {"true on success", {}};
-    case MetaType::kInt:
-      return {"a whole number", {}};
-    case MetaType::kString:
-      return {"a text", {}};
-    default:
-      break;
-  }
-  if (!HoldsRecords(*root)) return {"a list of texts", {}};
-  const MetaStruct* const pattern = PatternOf(*root);
-  if (pattern == nullptr) return {"a list of records", {}};
-  const bool isList = root->GetType() == MetaType::kList;
-  return {isList ? "a list of records with the fields" : "one record with the fields",
-          ShownFields(*pattern, command.GetDefaultOutputParameters())};
+  const MetaStruct* const pattern = root ? PatternOf(*root) : nullptr;
+  if (pattern == nullptr) return {};
+  return ShownFields(*pattern, command.GetDefaultOutputParameters());
 }
 
 std::string ColumnsHelp(const std::string& heading, const Rows& rows, const Style& style) {

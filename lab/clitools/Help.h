@@ -13,12 +13,8 @@ namespace CliTools {
 /// Returns the parameter's description with "%ENUM%" replaced by the allowed values.
 std::string DescriptionOf(const CallSpec::ParameterSpec& parameter);
 
-/// What a command prints.
-struct Result {
-  std::string words;                ///< a description
-  std::vector<std::string> fields;  ///< of the records, if it prints any
-};
-Result ResultOf(AutoCli::Command& command);
+/// Returns the fields of the records that the command prints; empty if it prints none.
+std::vector<std::string> FieldsOf(AutoCli::Command& command);
 
 /// Returns a heading, unless it is empty, and the rows: names and descriptions in two columns.
 /// Empty without rows.
