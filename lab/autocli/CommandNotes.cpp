@@ -11,7 +11,7 @@ using CliTools::AutoCli::CommandSpec;
 
 namespace {
 
-/// The notes on a command below `dovra`.
+/// The notes on a command below `dovra` that takes parameters; others need no example.
 struct DovraNotes {
   std::string_view path;
   const char* values;    ///< as in the metadata field
@@ -28,8 +28,6 @@ autocli dovra policy getdefault --policy-class vdisk)"},
 autocli dovra policy setdefault --policy-class vdisk --policy hostFailuresToTolerate=2
 # Create swap objects even when resources are short.
 autocli dovra policy setdefault -c vmswap -p "hostFailuresToTolerate=1, forceProvisioning=1")"},
-    {"dovra policy cleardefault", "", R"(# Restore the default policy of every class.
-autocli dovra policy cleardefault)"},
     {"dovra datastore name get", "uuid=datastores", R"(# Show the name of the default datastore.
 autocli dovra datastore name get)"},
     {"dovra datastore name set", "uuid=datastores", R"(# Rename the default datastore.
@@ -41,10 +39,6 @@ autocli dovra datastore add --name backup)"},
     {"dovra datastore remove", "uuid=datastores",
      R"(# Remove the datastore with this UUID, which "dovra datastore list" shows.
 autocli dovra datastore remove --uuid 521f7b14-60a2-4d2b-9c35-8e14a1d9c0f3)"},
-    {"dovra datastore list", "", R"(# List the datastores of the cluster.
-autocli dovra datastore list)"},
-    {"dovra datastore clear", "", R"(# Remove all datastores but the default one.
-autocli dovra datastore clear)"},
     {"dovra storage add", "ssd=empty-flash-disks,disks=empty-capacity-disks",
      R"(# Create a disk group of a flash disk and two capacity disks.
 autocli dovra storage add --ssd mpx.xhba1:C0:T0:L0 --disks mpx.xhba2:C0:T0:L0 --disks mpx.xhba2:C0:T1:L0)"},
@@ -59,8 +53,6 @@ autocli dovra storage remove --ssd mpx.xhba1:C0:T0:L0)"},
 autocli dovra storage list
 # Show which of them are mounted, as a table.
 autocli --formatter table --fields "Device,Is Mounted" dovra storage list)"},
-    {"dovra storage automode get", "", R"(# Show whether empty disks are claimed automatically.
-autocli dovra storage automode get)"},
     {"dovra storage automode set", "", R"(# Claim disks on demand only.
 autocli dovra storage automode set --enabled false)"},
     {"dovra storage diskgroup mount", "ssd=cache-disks,disk=claimed-disks,uuid=claimed-disk-uuids",
@@ -79,12 +71,6 @@ autocli dovra storage tag add --tag capacityFlash --disk mpx.xhba1:C0:T1:L0)"},
 autocli dovra storage tag remove --tag capacityFlash --disk mpx.xhba1:C0:T1:L0)"},
     {"dovra network remove", "interface-name=interfaces", R"(# Remove an interface, even one in use.
 autocli dovra network remove --interface-name knic0 --force)"},
-    {"dovra network restore", "", R"(# Restore the configured interfaces, as at boot.
-autocli dovra network restore)"},
-    {"dovra network clear", "", R"(# Remove all interfaces.
-autocli dovra network clear)"},
-    {"dovra network list", "", R"(# List interfaces with their multicast groups and ports.
-autocli dovra network list)"},
     {"dovra network ip add", "interface-name=interfaces,traffic-type=traffic-types",
      R"(# Add an interface with the default groups and ports.
 autocli dovra network ip add --interface-name knic0
@@ -108,16 +94,10 @@ autocli dovra network ipv4 set --interface-name knic0 --multicast-ttl 10)"},
 autocli --host host2 dovra cluster join --cluster-uuid 5238f8f0-96a1-4c2e-8d77-0c4bb4f3a1e2
 # Join as the witness of two sites.
 autocli --host host2 dovra cluster join -u 5238f8f0-96a1-4c2e-8d77-0c4bb4f3a1e2 --witness-node --witness-preferred-fault-domain site-a)"},
-    {"dovra cluster leave", "", R"(# Leave the cluster; the other hosts stay in it.
-autocli dovra cluster leave)"},
-    {"dovra cluster get", "", R"(# Show what this host knows of its cluster.
-autocli dovra cluster get
-# Print one field, for a script.
+    {"dovra cluster get", "", R"(# Print one field, for a script.
 autocli --formatter csv --no-header --fields "Sub-Cluster UUID" dovra cluster get)"},
     {"dovra cluster restore", "", R"(# Take the host back into its cluster after a boot.
 autocli dovra cluster restore)"},
-    {"dovra cluster new", "", R"(# Create a cluster of this host, which others can join.
-autocli dovra cluster new)"},
     {"dovra cluster unicastagent add", "uuid=host-uuids,bound-interface-name=interfaces",
      R"(# Add the witness, at the default port.
 autocli dovra cluster unicastagent add --addr 192.0.2.20
@@ -126,13 +106,6 @@ autocli dovra cluster unicastagent add --type node --addr 192.0.2.12 --supports-
     {"dovra cluster unicastagent remove", "uuid=agent-uuids,addr=agent-addresses",
      R"(# Remove the agent at this address.
 autocli dovra cluster unicastagent remove --addr 192.0.2.20)"},
-    {"dovra cluster unicastagent list", "", R"(# List the agents.
-autocli dovra cluster unicastagent list)"},
-    {"dovra cluster unicastagent clear", "", R"(# Remove all agents.
-autocli dovra cluster unicastagent clear)"},
-    {"dovra cluster preferredfaultdomain get", "",
-     R"(# Show the site that the witness prefers when the sites are split.
-autocli dovra cluster preferredfaultdomain get)"},
     {"dovra cluster preferredfaultdomain set", "preferred-fault-domain-name=fault-domains",
      R"(# Prefer another site, on the witness.
 autocli --host host2 dovra cluster preferredfaultdomain set --preferred-fault-domain-name site-b)"},
@@ -140,24 +113,12 @@ autocli --host host2 dovra cluster preferredfaultdomain set --preferred-fault-do
 autocli dovra trace set --numfiles 10 --size 64
 # Restore the defaults.
 autocli dovra trace set --reset true)"},
-    {"dovra trace get", "", R"(# Show where the trace files are and how large they get.
-autocli dovra trace get)"},
-    {"dovra maintenancemode cancel", "", R"(# Cancel entering maintenance mode.
-autocli dovra maintenancemode cancel)"},
     {"dovra faultdomain set", "", R"(# Put this host into the fault domain of site A.
 autocli dovra faultdomain set --fdname site-a)"},
-    {"dovra faultdomain get", "", R"(# Show the fault domain of this host.
-autocli dovra faultdomain get)"},
-    {"dovra faultdomain reset", "", R"(# Make this host a fault domain by itself again.
-autocli dovra faultdomain reset)"},
     {"dovra resync throttle set", "", R"(# Limit resync to 100 Mbps.
 autocli dovra resync throttle set --level 100
 # Remove the limit.
 autocli dovra resync throttle set --level 0)"},
-    {"dovra resync throttle get", "", R"(# Show the limit in force.
-autocli dovra resync throttle get)"},
-    {"dovra resync bandwidth get", "", R"(# Show the bandwidth that resync uses now.
-autocli dovra resync bandwidth get)"},
 };
 
 /// Returns the metadata field, or the note in its place.

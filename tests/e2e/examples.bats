@@ -47,7 +47,8 @@ EOF
     autocli --formatter json --list | jq -r '.[].Command' >"$BATS_TEST_TMPDIR/commands"
     while read -r command; do
         help=$(autocli $command --help)
-        sed -n 's/^  autocli //p' <<<"$help" | grep -w -- "$command" >"$BATS_TEST_TMPDIR/examples"
+        sed -n 's/^  autocli //p' <<<"$help" | grep -w -- "$command" >"$BATS_TEST_TMPDIR/examples" ||
+            echo "$command" >"$BATS_TEST_TMPDIR/examples" # it takes no parameters
         while read -r line; do
             succeeds "$line"
             prepare "$lab" "$before"
