@@ -42,14 +42,14 @@ EOF
     export FAULT='raw strings' TERM=dumb raw=$'odd\e[2J\u009b2J\r\xff'
     cd "$BATS_TEST_TMPDIR"
     echo "'$raw' '$raw' --force" >lines
-    is_shown() {
+    is_shown() { # COMMAND...
+        "$@" &>shown || (($? < 3))
         cat -v shown
         grep -aqF 'odd\x1b[2J\x9b2J\r' <(sed 's/\\\([][\\]\)/\1/g' shown) && iconv -f UTF-8 shown >/dev/null &&
             same '' "$(LC_ALL=C.UTF-8 grep -aP '[^\P{Cc}\t]' shown)"
     }
     while IFS='|' read -r -a words; do
-        "$AUTOCLI" --plugin-dir "$FAULTY_PLUGINS" "${words[@]}" &>shown || (($? < 3))
-        is_shown
+        is_shown "$AUTOCLI" --plugin-dir "$FAULTY_PLUGINS" "${words[@]}"
     done <<END
 --help
 $raw|--help
@@ -63,11 +63,10 @@ $raw|$raw|--force|-f|simple
 --echo|--batch|lines
 END
     for line in '' "'$raw' " "'$raw' '$raw' -" "'$raw' '$raw' '--$raw' "; do
-        "$AUTOCLI" --complete "autocli --plugin-dir $FAULTY_PLUGINS $line" >shown
-        is_shown
+        is_shown "$AUTOCLI" --complete "autocli --plugin-dir $FAULTY_PLUGINS $line"
     done
-    script -qc '"$AUTOCLI" --plugin-dir "$FAULTY_PLUGINS" "$raw" "$raw"' /dev/null <<<no | tr -d '\r' >shown
-    is_shown
+    ask() { script -qc '"$AUTOCLI" --plugin-dir "$FAULTY_PLUGINS" "$raw" "$raw"' /dev/null <<<no | tr -d '\r'; }
+    is_shown ask
 }
 
 @test "a plug-in that is missing, none or without its function" {

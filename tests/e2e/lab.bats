@@ -112,6 +112,9 @@ as_user() {
     for name in '' -x .x a/b "$(printf 'a%.0s' {1..65})"; do
         refuse "Unable to add host: \"$name\" cannot be a host's name: it has 1 to 64 *" lab host add --name="$name"
     done
+    run=$AUTOCLI_LAB/hosts/host1/var/run
+    mkdir -p "$run"
+    (touch "$run/dovratraced.json.new-$BASHPID" && exec "$AUTOCLI" lab traced set -s running) # a kill left it
     # A kill before a host's root got its name: the root keeps its hidden name until a command writes.
     uuid=$(host_uuid host1)
     mv "$AUTOCLI_LAB/hosts/host1" "$AUTOCLI_LAB/hosts/.$uuid"

@@ -17,24 +17,23 @@ check() {
 
 @test "a file that is not fit for a host is refused, with the reason" {
     cd "$BATS_TEST_TMPDIR"
-    # link SOURCE FLAGS...: builds a plug-in with all libraries of a host.
-    link() { c++ -shared -fPIC -o plugin.so -Wl,--no-as-needed "${@:2}" -x c++ - -L"$(platform)" -lclitools -lcorectlcore -lcorectl -ldovracorectl -lbaselibs <<<"$1"; }
-    refused() { # REASON SOURCE FLAGS...
-        link "${@:2}"
-        check "1: plugin.so: $1" plugin.so "$(platform)"
-    }
     entry='extern "C" void AutoCli_RegisterNamespaces'
-    link "$entry() {}"
-    check '0: *' plugin.so "$(platform)"
     c++ -shared -fPIC -o libother.so -x c++ - <<<''
-    refused 'exports extra()' "$entry() {} void extra() {}"
-    refused 'exports no function AutoCli_RegisterNamespaces, its entry point' ''
-    refused 'exports no function AutoCli_RegisterNamespaces, its entry point' 'extern "C" int AutoCli_RegisterNamespaces; int AutoCli_RegisterNamespaces = 1;'
-    refused 'needs a library that a host does not promise: libother.so' "$entry() {}" -L. -lother
-    refused 'is not linked with libbaselibs.so'$'\n'* "$entry() {}" -Wl,--as-needed
-    refused 'brings a search path of its own: /opt' "$entry() {}" -Wl,-rpath,/opt
-    refused 'leaves open what no platform library defines: missing()' "void missing(); $entry() { missing(); }"
-    refused 'leaves open what no platform library defines: CliTools::Gone()' "namespace CliTools { void Gone(); } $entry() { CliTools::Gone(); }"
+    while IFS='|' read -r wanted source flags; do
+        c++ -shared -fPIC -o plugin.so -Wl,--no-as-needed $flags -x c++ - -L"$(platform)" \
+            -lclitools -lcorectlcore -lcorectl -ldovracorectl -lbaselibs <<<"$source"
+        check "$wanted" plugin.so "$(platform)"
+    done <<END
+0: *|$entry() {}
+1: *exports extra()|$entry() {} void extra() {}
+1: *exports no function AutoCli_RegisterNamespaces, its entry point|
+1: *exports no function AutoCli_RegisterNamespaces, *|extern "C" { int AutoCli_RegisterNamespaces = 1; }
+1: *needs a library that a host does not promise: libother.so|$entry() {}|-L. -lother
+1: *is not linked with libbaselibs.so*|$entry() {}|-Wl,--as-needed
+1: *brings a search path of its own: /opt|$entry() {}|-Wl,-rpath,/opt
+1: *leaves open what no platform library defines: missing()|void missing(); $entry() { missing(); }
+1: *leaves open *: CliTools::Gone()|namespace CliTools { void Gone(); } $entry() { CliTools::Gone(); }
+END
     check '0: *' plugin.so # only the libraries show that CliTools::Gone is missing
     check '1: *needs libclitools.so, which is not in .*' plugin.so .
     check '1: *is not a shared library' "$BATS_TEST_FILENAME"

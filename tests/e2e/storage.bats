@@ -137,10 +137,13 @@ iopsLimit=1,iopsLimit=2|The policy attribute iopsLimit is given twice.
 thick|"thick" is not of the form attribute=value.
  , |The policy is empty; *
 END
-    values() { json 'map(."Policy Value")' dovra policy getdefault; }
+    values() { json 'map(."Policy Value")' "$@" dovra policy getdefault; }
     same "[\"\",\"$kept\",\"\",\"\",\"\"]" "$(values)"
+    succeed lab host add --name host2
+    succeed --host host2 $set "$kept"
+    before=$(values --host host2)
     succeed dovra policy cleardefault
-    same '["","","","",""]' "$(values)"
+    same '["","","","",""]'"$before" "$(values)$(values --host host2)"
 }
 
 @test "resync answers to its throttle" {
