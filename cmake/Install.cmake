@@ -40,6 +40,7 @@ install(DIRECTORY lab/hostroot/files/ DESTINATION share/autocli/hostroot COMPONE
   DIRECTORY_PERMISSIONS ${EXECUTABLE} FILE_PERMISSIONS ${EXECUTABLE}
   PATTERN "*.conf" PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
 install(FILES docs/lab.md docs/reference.md DESTINATION share/doc/dovra-lab COMPONENT lab)
+install(DIRECTORY docs/rehearsals DESTINATION share/doc/dovra-lab COMPONENT lab)
 
 # The manual pages, from docs/reference.md.
 add_custom_target(manual_pages ALL)

@@ -21,20 +21,20 @@ source=$BATS_TEST_DIRNAME/../..
     while read -r command; do grep -qE "^ +Usage: autocli $command( |$)" "$BATS_TEST_TMPDIR/shown"; done <"$BATS_TEST_TMPDIR/commands"
 }
 
-@test "the examples of the README and the recipes of docs/lab.md do what they show" {
-    for document in README.md docs/lab.md; do
-        PATH=$(dirname "$AUTOCLI"):$PATH "$BATS_TEST_DIRNAME/run-document" "$source/$document"
-    done
+replay() { "$source/script/replay" --build "$(dirname "$AUTOCLI")/.." "${@/#/$source/}"; }
+
+@test "the pages show what their commands print" {
+    pages=("$source"/docs/rehearsals/[a-z]*.md)
+    replay README.md docs/lab.md "${pages[@]#"$source/"}"
 }
 
 @test "the plug-in alone is built, checked and installed as docs/deploy.md shows" {
     released_only
-    TREE=$(realpath "$source") CMAKE_BUILD_TYPE=None \
-        CMAKE_CXX_COMPILER_LAUNCHER=$(realpath "$BATS_TEST_DIRNAME/compiled-before") \
-        "$BATS_TEST_DIRNAME/run-document" "$source/docs/deploy.md"
+    CMAKE_BUILD_TYPE=None CMAKE_CXX_COMPILER_LAUNCHER=$(realpath "$BATS_TEST_DIRNAME/compiled-before") \
+        replay docs/deploy.md
 }
 
 @test "a fleet is made, stays, is mended and lets a host go as docs/fleet.md shows" {
     released_only
-    TREE=$(realpath "$source") PATH=$(dirname "$AUTOCLI"):$PATH "$BATS_TEST_DIRNAME/run-document" "$source/docs/fleet.md"
+    replay docs/fleet.md
 }

@@ -38,6 +38,9 @@ works() {
     man -M usr/share/man -w autocli dovra dovra-plugin
     named=$(MANWIDTH=500 man -M usr/share/man autocli dovra | grep -o 'usr/share/doc/[a-z/.-]*[a-z]' | sort -u)
     same 3 "$(xargs ls -d <<<"$named" | wc -l)"
+    while IFS=: read -r page link; do
+        [[ -e ${page%/*}/$link ]] || { echo "$page links to $link"; false; }
+    done < <(grep -roP '\]\(\K[^#:)]+' usr/share/doc --include='*.md')
     [[ -s usr/share/bash-completion/completions/autocli ]]
     # The loader must not take the lab's libraries for a host's.
     same '' "$(find usr/lib -maxdepth 1 -name '*.so' && find . -perm /022 ! -type l ! -path './var/*' ! -path .)"
