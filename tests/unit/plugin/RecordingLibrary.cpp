@@ -14,7 +14,6 @@
 #include "clitools/Words.h"
 #include "frame/HostFile.h"
 #include "platform/baselibs/Uuid.h"
-#include "platform/clitools/AutoCli.h"
 #include "platform/corectl/DovraUtil.h"
 #include "trace/RestartPause.h"
 

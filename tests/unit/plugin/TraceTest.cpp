@@ -162,7 +162,6 @@ TEST_F(TraceTest, SetRestartsTheDaemonWithPatience) {
       {{1, 0}, "true", 1},
       {{3}, "true", 0},
       {{-1}, Failed("Failed to check dovratraced status." + refer), 0},
-      {{0, 1, 3, 0}, "true", 3},
       {{0, 1, 1, 1, 1, 1, 1, 1, 0}, "true", 8},
       {{0, 1, 1, 1, 1, 1, 1, 1, -1, 0}, Failed(eightTimes + refer), 8},
   };
