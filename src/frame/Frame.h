@@ -1,5 +1,6 @@
 // What all commands share: how a command is made and described, how it declares its parameters and
-// its result, and how it reports a failure of the control library.
+// its result, and how it reports a failure of the control library. The sources of commands rely on
+// the includes below.
 #pragma once
 
 #include <cstdint>

@@ -47,8 +47,7 @@ class NamespaceNode : public std::enable_shared_from_this<NamespaceNode> {
   std::weak_ptr<NamespaceNode> parent_;
 };
 
-/// What the framework knows of a node besides its description: its children, its kind, and how its
-/// result is shown by default.
+/// A node's children, its kind, and how its result is shown by default.
 class CommandSpec : public NamespaceNode {
  public:
   using Pairs = std::vector<std::pair<std::string, std::string>>;
@@ -118,7 +117,7 @@ class Command : public CommandSpec, public CallSpec::CallTarget {
 };
 
 /// Runs `command` with the shell, writes `input` to its standard input, waits for it, and replaces
-/// `output` by what it wrote to standard output and standard error. Returns its exit status, 128
+/// `output` by its standard output and standard error. Returns its exit status, 128
 /// plus the number of the signal that ended it, or -1 when it could not be run. May throw
 /// `DovraCtlException`, which callers handle; throws nothing when `command` fails.
 int AutoCli_ShellCmd(const std::string& command, std::string& output, const std::string& input);
@@ -126,8 +125,8 @@ int AutoCli_ShellCmd(const std::string& command, std::string& output, const std:
 }  // namespace CliTools::AutoCli
 
 /// A plug-in's only exported function: registers its commands below `root`, the framework's root
-/// node, which is not null. The framework calls it once after loading the file. What it throws
-/// reaches the loader; nodes registered by then stay.
+/// node, which is not null. The framework calls it once after loading the file. Its exceptions
+/// reach the loader; nodes registered by then stay.
 extern "C" void AutoCli_RegisterNamespaces(
     const std::shared_ptr<CliTools::AutoCli::Namespace>& root);
 

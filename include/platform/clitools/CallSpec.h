@@ -1,4 +1,4 @@
-// What a call of a command takes and returns.
+// The parameters and the result of a call of a command.
 //
 // The framework calls commands on one thread, one call at a time; nothing here is synchronised. In
 // every class the order of virtual functions is binary interface: do not reorder them.
@@ -65,7 +65,8 @@ class ParameterSpec {
   void SetShortName(std::string letter);
   /// The framework rejects a call that lacks a required parameter.
   void SetRequired(bool required);
-  /// Sets the help text. The framework replaces "%ENUM%" in it by what the constraint allows.
+  /// Sets the help text. The framework replaces "%ENUM%" in it by the values that the constraint
+  /// allows.
   void SetDescription(std::string text);
   void SetConstraint(std::shared_ptr<ParameterConstraint> constraint);
 
@@ -169,7 +170,7 @@ class Output {
   std::vector<std::string> errors_;
 };
 
-/// Describes what can be called: what it takes and what it returns. Neither is null.
+/// Describes the parameters and the result of a call target. Neither description is null.
 class CallTargetSpec {
  public:
   virtual ~CallTargetSpec();
@@ -181,7 +182,7 @@ class CallTargetSpec {
   virtual std::shared_ptr<OutputSpec> GetOutputSpecInternal() = 0;
 };
 
-/// What can be called.
+/// The base of commands: an object that the framework calls.
 class CallTarget : public CallTargetSpec {
  public:
   ~CallTarget() override;

@@ -1,4 +1,4 @@
-// The framework's self-describing values: what a command returns and a formatter prints.
+// The framework's self-describing values, which commands return and formatters print.
 //
 // Values are shared and not synchronised: the framework and its commands use them on one thread.
 #pragma once

@@ -9,7 +9,7 @@
 // - Objects are used by one thread, for the length of one call of a command.
 // - Lists and records that an operation fills are empty when it is called, so it may assign to them
 //   or append. Handles in lists may be null; callers skip those.
-// - Ports, UUID strings, names and policies are what the user typed, unchecked unless noted.
+// - Ports, UUID strings, names and policies are as the user typed them, unchecked unless noted.
 #pragma once
 
 #include <cstdint>
@@ -37,8 +37,8 @@ class DovraInfo {
   // Disks of this host, named by device name or by UUID string. A disk group is a flash device,
   // whose name also names the group, and the capacity disks behind it.
 
-  /// Fills `info`; throws when no such disk is known. `luns` is what `GetDovraDisks` gave, to match
-  /// device data to the UUID.
+  /// Fills `info`; throws when no such disk is known. `luns` is the list from `GetDovraDisks`, to
+  /// match device data to the UUID.
   virtual void GetDiskInfo(const Uuid& disk, const DiskLuns& luns, DovraDiskInfo& info) = 0;
   /// Partitions and formats empty disks. Makes a disk group of them, or adds `disks` to the group
   /// that `ssd` has.

@@ -79,7 +79,7 @@ class DovraDiskLun {
   virtual ~DovraDiskLun();
 };
 
-/// One disk of the cluster. Strings are shown as they are; what is not known stays empty.
+/// One disk of the cluster. Strings are shown as they are; unknown ones stay empty.
 struct DovraDiskInfo {
   std::string deviceName;
   bool isFlash = false;
