@@ -49,34 +49,17 @@ std::vector<std::string> ChildNames(const CommandSpec& space) {
   return names;
 }
 
-/// Appends the paths of all nodes of that name below `space`.
-void CollectPaths(const CommandSpec& space, const std::string& name,
-                  std::vector<std::string>& paths) {
-  for (const auto& child : space.GetChildren()) {
-    if (child->GetName() == name) paths.push_back(CliTools::PathOf(*child));
-    if (const auto* const inner = dynamic_cast<const CommandSpec*>(child.get())) {
-      CollectPaths(*inner, name, paths);
-    }
-  }
-}
-
 /// Returns the names in the namespace that resemble the word, else the paths below it that end in
 /// the word.
 std::vector<std::string> Suggestions(const CommandSpec& space, const std::string& word) {
   constexpr std::size_t kMost = 3;
   std::vector<std::string> meant = CliTools::Nearest(word, ChildNames(space));
-  if (meant.empty()) CollectPaths(space, word, meant);
+  if (!meant.empty()) return meant;
+  for (const auto& node : CliTools::NodesBelow(space)) {
+    if (node->GetName() == word) meant.push_back(CliTools::PathOf(*node));
+  }
   if (meant.size() > kMost) meant.resize(kMost);
   return meant;
-}
-
-/// Throws `PluginError` for a node that is neither a namespace nor a command.
-void RequireSpecs(const CommandSpec& space) {
-  for (const auto& child : space.GetChildren()) {
-    const auto* const spec = dynamic_cast<const CommandSpec*>(child.get());
-    if (!spec) throw CliTools::PluginError(*child, "is neither a namespace nor a command");
-    RequireSpecs(*spec);
-  }
 }
 
 /// Returns a root that is never destroyed: destroying the tree at the end of the process would take
@@ -110,20 +93,24 @@ Target CommandTree::Resolve(const std::vector<std::string>& words) {
 
 const std::shared_ptr<Namespace>& CommandTree::GetWhole() {
   for (const auto& plugin : FindPlugins(pluginDirectory_)) Load(plugin);
-  RequireSpecs(*root_);
+  for (const auto& node : CliTools::NodesBelow(*root_)) {
+    if (dynamic_cast<const CommandSpec*>(node.get()) != nullptr) continue;
+    throw CliTools::PluginError(*node, "is neither a namespace nor a command");
+  }
   return root_;
-}
-
-std::string KnownNames(const CommandSpec& space) {
-  return BaseLibs::Join(ChildNames(space), ", ");
 }
 
 void RefuseWord(const CommandSpec& space, const std::string& word) {
   const std::string path = CliTools::PathOf(space);
+  const std::string where = path.empty() ? "" : path + ": ";
+  const std::string known = "known here: " + BaseLibs::Join(ChildNames(space), ", ");
+  if (word.empty()) {
+    throw UsageError(where + "a command is missing; " + known + " (more: autocli " +
+                     (path.empty() ? "" : path + ' ') + "--help)");
+  }
   const std::string suggestion = CliTools::DidYouMean(Suggestions(space, word));
-  throw UsageError((path.empty() ? "" : path + ": ") + "there is no " + CliTools::Quote(word) +
-                   (suggestion.empty() ? "" : "; " + suggestion) +
-                   " (known here: " + KnownNames(space) + ")");
+  throw UsageError(where + "there is no " + CliTools::Quote(word) +
+                   (suggestion.empty() ? "" : "; " + suggestion) + " (" + known + ")");
 }
 
 }  // namespace AutoCliProgram

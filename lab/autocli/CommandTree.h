@@ -40,10 +40,8 @@ class CommandTree {
   std::set<std::filesystem::path> loaded_;
 };
 
-/// Throws `UsageError` for a word that is not the name of a child, with suggestions.
+/// Throws `UsageError` for a word that is not the name of a child, with suggestions; for a missing
+/// name when the word is empty.
 [[noreturn]] void RefuseWord(const CliTools::AutoCli::CommandSpec& space, const std::string& word);
-
-/// Returns the names of the namespace's children, for an error message.
-std::string KnownNames(const CliTools::AutoCli::CommandSpec& space);
 
 }  // namespace AutoCliProgram

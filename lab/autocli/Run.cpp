@@ -174,13 +174,6 @@ ExitStatus RunCommand(Command& command, const Call& call, const Options& options
   return status;
 }
 
-[[noreturn]] void RefuseMissingCommand(const CommandSpec& space) {
-  const std::string path = CliTools::PathOf(space);
-  throw UsageError((path.empty() ? "" : path + ": ") +
-                   "a command is missing; known here: " + KnownNames(space) + " (more: autocli " +
-                   (path.empty() ? "" : path + ' ') + "--help)");
-}
-
 }  // namespace
 
 ExitStatus RunCommandLine(CommandTree& tree, const Options& options) {
@@ -205,7 +198,7 @@ ExitStatus RunCommandLine(CommandTree& tree, const Options& options) {
   }
   const std::string fault = ReadOptions(target.arguments, options).fault;
   if (!fault.empty()) throw UsageError(fault);
-  RefuseMissingCommand(*target.node);
+  RefuseWord(*target.node, "");
 }
 
 std::string CommandList(CommandTree& tree, const Options& options) {
