@@ -42,29 +42,6 @@ std::string Paragraph(const std::string& text, std::size_t width) {
   return text.empty() ? "" : '\n' + Wrap(text, 0, width);
 }
 
-/// The column at which descriptions begin.
-std::size_t ColumnBehind(const Rows& rows) {
-  std::size_t widest = 0;
-  for (const auto& [name, description] : rows) {
-    widest = std::max(widest, DisplayWidth(Printable(name)));
-  }
-  return kIndent + widest + kIndent;
-}
-
-std::string Columns(const std::string& heading, const Rows& rows, std::size_t column,
-                    const Style& style) {
-  if (rows.empty()) return {};
-  std::string text = heading.empty() ? "" : '\n' + Caption(heading + ':', style) + '\n';
-  for (const auto& [name, description] : rows) {
-    const std::string first = std::string(kIndent, ' ') + Printable(name);
-    const std::string gap(column - DisplayWidth(first), ' ');
-    text += description.empty()
-                ? first + '\n'
-                : Wrap(description, column, style.width).replace(0, column, first + gap);
-  }
-  return text;
-}
-
 bool HasNamespaces(const CommandSpec& node) {
   return std::ranges::any_of(node.GetChildren(), [](const auto& child) {
     return dynamic_cast<const Command*>(child.get()) == nullptr;
@@ -145,21 +122,31 @@ std::vector<std::string> FieldsOf(Command& command) {
 }
 
 std::string ColumnsHelp(const std::string& heading, const Rows& rows, const Style& style) {
-  return Columns(heading, rows, ColumnBehind(rows), style);
+  if (rows.empty()) return {};
+  std::size_t widest = 0;
+  for (const auto& [name, description] : rows) {
+    widest = std::max(widest, DisplayWidth(Printable(name)));
+  }
+  const std::size_t column = kIndent + widest + kIndent;
+  std::string text = heading.empty() ? "" : '\n' + Caption(heading + ':', style) + '\n';
+  for (const auto& [name, description] : rows) {
+    const std::string first = std::string(kIndent, ' ') + Printable(name);
+    const std::string gap(column - DisplayWidth(first), ' ');
+    text += description.empty()
+                ? first + '\n'
+                : Wrap(description, column, style.width).replace(0, column, first + gap);
+  }
+  return text;
 }
 
 std::string ChildrenHelp(const std::string& program, const CommandSpec& node, const Style& style) {
-  Rows all;
   Rows namespaces;
   Rows commands;
   for (const auto& child : node.GetChildren()) {
-    all.emplace_back(child->GetName(), child->GetDescription());
     const bool isCommand = dynamic_cast<const Command*>(child.get()) != nullptr;
-    (isCommand ? commands : namespaces).push_back(all.back());
+    (isCommand ? commands : namespaces).emplace_back(child->GetName(), child->GetDescription());
   }
-  const std::size_t column = ColumnBehind(all);
-  return Columns("Namespaces", namespaces, column, style) +
-         Columns("Commands", commands, column, style) +
+  return ColumnsHelp("Namespaces", namespaces, style) + ColumnsHelp("Commands", commands, style) +
          Paragraph("More: " + CommandLineOf(program, node) + " NAME --help", style.width);
 }
 

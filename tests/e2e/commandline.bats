@@ -28,7 +28,7 @@ load common
 
 @test "help at every level, however it is asked for" {
     expect 0 '*Options:*Orvane Dovra commands*Exit status*' '' --help
-    expect 0 $'Usage: autocli dovra storage [NAMESPACE...] COMMAND [OPTIONS]\n\nCommands for Dovra physical storage configuration\n\nNamespaces:\n  automode   Commands *\n\nCommands:\n  add        Add physical disk for Dovra usage.\n*\n\nMore: autocli dovra storage NAME --help' '' dovra storage --help
+    expect 0 $'Usage: autocli dovra storage [NAMESPACE...] COMMAND [OPTIONS]\n\nCommands for Dovra physical storage configuration\n\nNamespaces:\n  automode   Commands *\n\nCommands:\n  add     Add physical disk for Dovra usage.\n*\n\nMore: autocli dovra storage NAME --help' '' dovra storage --help
     expect 0 $'Usage: autocli dovra storage remove [--disk TEXT] [--ssd TEXT] [--uuid TEXT]\n       [--evacuation-mode TEXT]\n\nRemove physical disks from Dovra disk groups.\n\nParameters:\n  -d, --disk TEXT (optional; text)\n        Specify individual hdd to remove from Dovra usage.e.g.:\n        mpx.xhba2:C0:T1:L0\n*\n            ensureObjectAccessibility: Evacuate data from the disk to ensure\n            object accessibility in *\n\nOutput: true on success\n*' '' dovra storage remove --help
     expect 0 $'Usage: autocli dovra storage add --ssd TEXT --disks TEXT [--disks TEXT]...\n*\n  -d, --disks TEXT (required; text; may be repeated)\n*' '' dovra storage add --help
     expect 0 $'*\n\nOutput: one record with the fields\n  Enabled, *' '' dovra cluster get --help
