@@ -46,7 +46,7 @@ std::string ProgramHelp(const CommandSpec& root, const Style& style) {
          Wrap(std::string("Exit status: ") + kExitStatus, 0, style.width);
 }
 
-/// Returns the control library's operations that the command may call.
+/// Lists the control library's operations that the command may call.
 std::string OperationsHelp(const CommandSpec& command, const Style& style) {
   constexpr std::string_view kSpace = "dovra ";
   const std::string path = PathOf(command);
@@ -89,8 +89,8 @@ void AppendHelp(std::string& page, const CommandSpec& space, const Style& style)
   }
 }
 
-/// Returns what the command declares beside what its help shows: its type and formatter, then a
-/// line for each declaration.
+/// Returns the declarations that the command's help does not show: type and formatter, then a line
+/// for each of the others.
 std::string DeclarationsOf(Command& command) {
   constexpr const char* kTypes[] = {"truth value", "number", "text", "record", "list"};
   const std::string& formatter = command.GetDefaultOutputFormatter();
