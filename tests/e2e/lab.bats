@@ -109,6 +109,9 @@ as_user() {
             succeed --host $host dovra trace set --path /old
         done
     done
+    for command in 'host remove' 'network split'; do
+        refuse 'Unable to *: *no host "host3" *' lab $command --name host3
+    done
     for name in '' -x .x a/b "$(printf 'a%.0s' {1..65})"; do
         refuse "Unable to add host: \"$name\" cannot be a host's name: it has 1 to 64 *" lab host add --name="$name"
     done
@@ -206,12 +209,10 @@ EOF
     for line in '--host host2 dovra cluster get' 'lab host remove -n host2' 'lab reset --force'; do
         unusable "\"$AUTOCLI_LAB/hosts/host2\" can be written by other users; *" $line
     done
-    same "$before" "$(tree "$AUTOCLI_LAB")"
     chmod -R a-w "$AUTOCLI_LAB"
-    for line in 'cluster get' 'trace get' 'storage list' 'network list' 'datastore list' 'policy getdefault' 'resync throttle get' 'faultdomain get' 'cluster unicastagent list'; do
-        expect 0 '*' '' dovra $line
+    for line in 'dovra cluster get' 'dovra trace get' 'dovra storage list' 'lab host list'; do
+        expect 0 '*' '' $line
     done
-    expect 0 '*' '' lab host list
     for line in 'dovra cluster leave' 'lab host add -n host3'; do
         unusable "the lab's store \"$AUTOCLI_LAB/lab.db\" cannot be written" $line
     done
