@@ -1,4 +1,4 @@
-// A plug-in with a command, `odd`, that does what no plug-in may: what the variable FAULT names.
+// A plug-in whose command, `odd`, breaks the rule for plug-ins that the variable FAULT names.
 #include <dlfcn.h>
 
 #include "baselibs/Environment.h"
@@ -16,7 +16,7 @@ std::string Fault() {
   return BaseLibs::Environment("FAULT");
 }
 
-/// Begins a change, and throws what no command may.
+/// Begins a change of the lab, and throws.
 void BreakOff() {
   Lab::Session::Current().Change([&](Lab::Store& store, Lab::HostRow& host) {
     host.faultDomain = "half done";
@@ -49,7 +49,7 @@ class Odd final : public CliTools::AutoCli::Command {
 
   void ExecuteInternal(const InputPtr&, const OutputPtr& output) override {
     if (Fault().starts_with("throws")) BreakOff();
-    static const auto record = MetaStruct::New("Odd");  // lasting, as nobody else could release it
+    static const auto record = MetaStruct::New("Odd");  // static, since it may hold itself
     if (Fault() == "part of itself") record->SetField("Itself", record);
     if (Fault() == "no value") record->SetField("Field", StructPtr());
     const auto list = MetaList::New(MetaType::kStruct);
@@ -123,7 +123,7 @@ extern "C" void AutoCli_RegisterNamespaces(const std::shared_ptr<Namespace>& roo
     root->RegisterNamespaceNode(space, kRaw);
     return;
   }
-  // Lasting, as nobody else could release what holds itself.
+  // Static, since they may hold themselves.
   static const auto space = Namespace::New();
   static const auto inner = Namespace::New();
   if (fault == "early parent") std::make_shared<EarlyParent>(inner);

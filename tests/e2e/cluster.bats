@@ -32,7 +32,7 @@ not_enabled() { expect 1 '*' 'Dovra Clustering is not enabled on this host' "$@"
     for host in host2 host3; do succeed --host $host dovra cluster leave; done
     same 'none | none | witness' "$(roles witness)"
     succeed --host witness dovra cluster leave
-    # Nobody is left, so the name is free for a new cluster with a datastore of its own.
+    # The cluster ended with its last host, so the UUID is free for a new one.
     succeed dovra cluster join -u "$cluster"
     same 1 "$(revision)"
 }
@@ -89,7 +89,7 @@ not_enabled() { expect 1 '*' 'Dovra Clustering is not enabled on this host' "$@"
     succeed dovra cluster leave
     (IFS=, && echo "dovraDatastore,${names[*]}") | diff - <(jq -r .datastores "$root/var/log/notifyDatastore.log")
     same '' "$(compgen -G 'ran-*')"
-    # A script that is not there is no reason to stay.
+    # A missing script does not keep the host from leaving.
     succeed dovra cluster join -u "$cluster"
     ln -sf /nowhere "$root/usr/lib/orvane/hostmgrd/bin/notifyDatastore.py"
     succeed dovra cluster leave

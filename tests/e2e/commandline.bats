@@ -1,4 +1,4 @@
-# What people type, rightly and wrongly, and what they are told.
+# Right and wrong command lines, and the messages that they get.
 load common
 
 @test "a wrong command line is refused in words that name what is allowed" {

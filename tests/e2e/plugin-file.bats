@@ -67,7 +67,7 @@ END
     released_only
     same '*GNU_RELRO*(FLAGS)*BIND_NOW*(FLAGS_1)*NODELETE*' "$(readelf --wide --segments --dynamic "$PLUGIN")"
     same '*__stack_chk_fail*' "$(nm --dynamic "$PLUGIN")"
-    # The runtime's own entry; none of ours runs when the library is loaded.
+    # Only the runtime's own entry, so that loading the plug-in runs none of its code.
     same 8 "$(readelf --dynamic "$PLUGIN" | sed -n 's/.*(INIT_ARRAYSZ) *\([0-9]*\) .*/\1/p')"
     here=$(realpath "$BATS_TEST_DIRNAME/../..")
     run ! grep --text --files-with-matches --fixed-strings --recursive "$here" \

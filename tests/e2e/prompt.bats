@@ -1,4 +1,4 @@
-# What is at hand to somebody at the prompt or with a script: chosen fields, batches.
+# Chosen fields, and batches.
 load common
 
 @test "fields are chosen and ordered, in every format" {

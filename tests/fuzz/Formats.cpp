@@ -23,7 +23,7 @@ Json MakeJson(FuzzedDataProvider& data, int depth) {
   }
   if (kind == 3) return record;
   Json list = Json::array();
-  if (kind == 4) list.push_back(record);  // its fields are those that are shown
+  if (kind == 4) list.push_back(record);  // its fields are the columns
   while (data.ConsumeBool()) {
     if (kind == 4 && data.ConsumeBool() && !record.empty()) record.erase(record.begin());
     list.push_back(kind == 4 ? record : Json(data.ConsumeRandomLengthString()));

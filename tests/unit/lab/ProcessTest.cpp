@@ -1,8 +1,5 @@
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 #include <signal.h>
-
-#include <string>
-#include <vector>
 
 #include "baselibs/Process.h"
 
