@@ -255,11 +255,11 @@ void DovraUtil::GetInfoFromTavdir(std::vector<HostCtl::Dovra::DovraMemberInfo>& 
   for (const auto& member : Record(__func__).members) members.push_back({member});
   std::tie(state, uuid, health, membershipUuid, masterUuid, backupUuid, maintenanceState) =
       std::tuple("state", "local", "health", "membership", "master", "backup", "maintenance");
-  revision = INT64_MAX;
+  revision += INT64_MAX;  // from 0
 }
 
 void DovraUtil::GetUnicastMode(bool& enabled) {
-  enabled = Record(__func__).unicastMode;
+  enabled = Record(__func__).unicastMode || enabled;  // false when the command calls
 }
 
 std::string DovraUtil::GetFormattedSystemDateTime() {

@@ -1,6 +1,5 @@
 #include <gmock/gmock.h>
 
-#include <cstdint>
 #include <regex>
 #include <set>
 
