@@ -42,6 +42,8 @@ shows() {
     completes 'autocli --host nope lab host reboot -n ' host1 host2
     completes 'autocli dovra datastore name get --uuid ' "$(json '.[]."Datastore UUID"' dovra datastore list)"
     completes 'autocli dovra network ip add -i k' knic0 knic1
+    succeed --host host2 lab fault add -o LeaveCluster -m later
+    completes 'autocli lab fault clear -m ' later
     completes 'autocli dovra cluster unicastagent add -u ' "$(host_uuid host1)" "$(host_uuid host2)"
     succeed dovra cluster unicastagent add -a 192.0.2.20
     completes 'autocli dovra cluster unicastagent remove -a ' 192.0.2.20
@@ -54,6 +56,8 @@ shows() {
     completes 'autocli --host host2 dovra storage diskgroup unmount --disk ' ''
     completes "autocli --lab $BATS_TEST_TMPDIR/other --host " ''
     AUTOCLI_HOST=host2 completes 'autocli dovra storage remove --ssd ' ''
+    succeed dovra cluster leave
+    completes 'autocli dovra cluster join -u ' "$cluster"
     same '' "$("$AUTOCLI" --complete "AUTOCLI_LAB=$BATS_TEST_TMPDIR/other autocli --host ")"
     [[ ! -e $BATS_TEST_TMPDIR/other ]]
     hold 600 EXCLUSIVE

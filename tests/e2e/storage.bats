@@ -66,18 +66,15 @@ END
 
 @test "auto claim takes what is empty when a disk comes" {
     expect 0 '   Enabled: false' '' dovra storage automode get
-    succeed lab disk add -d new0 -k capacity
+    autocli --batch <(printf 'lab disk add -k capacity -d new%s\n' {1..18}) >/dev/null
     succeed dovra storage automode set --enabled on
-    same '' "$(claimed)"
-    for change in unplug replace; do succeed lab disk $change -d new0; done
-    same '* new0=capacity' "$(claimed)"
-    succeed lab disk add -d new1 -k capacity
-    same '[2,6]' "$(count)"
+    same '[0,0]' "$(count)"
+    for change in unplug replace; do succeed lab disk $change -d new18; done
+    same '[2,14]' "$(count)" # the groups are full
     refuse 'Unable to add disk: Host host1 has a disk "new1" already.' lab disk add -d new1 -k flash
-    succeed lab disk add -d new2 -k flash
-    succeed lab disk unplug -d new1 # it keeps its place
-    autocli --batch <(printf 'lab disk add -k capacity -d more%s\n' {1..16}) >/dev/null
-    same '[3,21]' "$(count)" # all groups are full
+    succeed lab disk unplug -d "$(hdd 0)" # it keeps its place
+    succeed lab disk add -d new -k flash
+    same '[3,21]' "$(count)"
 }
 
 @test "many disks come in groups, each time on an adapter of their own" {
