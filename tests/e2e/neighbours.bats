@@ -100,7 +100,7 @@ knics() {
     same "$both" "$(knics)"
 
     succeed lab host reboot
-    same '[]' "$(knics)"
+    same '[] [["knic0",23451,5,"dovra"]]' "$(knics) $(knics --host host2)"
     succeed dovra network restore
     same "$both" "$(knics)"
     succeed dovra network ip remove -i knic0
