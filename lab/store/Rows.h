@@ -139,13 +139,15 @@ struct DatastoreRow {
 };
 
 struct AgentRow {
-  static constexpr Table kTable = {"unicast_agents", "id", "host", "id", kBelongsToHost};
+  static constexpr Table kTable = {
+      "unicast_agents", "id", "host", "id",
+      ", UNIQUE (host, address, port), FOREIGN KEY (host) REFERENCES hosts ON DELETE CASCADE"};
   std::int64_t id = 0;
   std::int64_t host = 0;
   std::string nodeUuid;
   bool witness = false;
   bool supportsUnicast = false;
-  std::string address;
+  std::string address;  ///< in its canonical form
   std::int64_t port = 0;
   std::string boundInterface;  ///< empty if none
 

@@ -26,7 +26,7 @@ knics() {
         refuse "The port $port is not between 1 and 65535." $node $other -a 10.0.0.3 -p $port
     done
     refuse 'Host host1 has no interface "knic7"; it has knic0, knic1.' $node $other -a 10.0.0.3 -i knic7
-    refuse 'There is a unicast agent at fe80:0::2 port 4000 already.' $node $other -a fe80:0::2 -p 4000
+    refuse 'There is a unicast agent at fe80::2 port 4000 already.' $node $other -a fe80:0::2 -p 4000
     refuse "There is a unicast agent with UUID $host2 already." $node $host2 -a 10.0.0.3
     remove='dovra cluster unicastagent remove'
     refuse 'Unable to remove the unicast agent: There is no unicast agent at 10.0.0.9 port 1.' $remove -a 10.0.0.9 -p 1

@@ -14,10 +14,6 @@ namespace {
 
 constexpr std::size_t kMaxAgents = 64;  // the hosts of the largest cluster
 
-bool IsAt(const AgentRow& agent, const DovraIpAddress& address, std::int64_t port) {
-  return agent.port == port && IsSame(ToAddress(agent.address), address);
-}
-
 }  // namespace
 
 void LabInfo::AddUnicastAgent(const std::string& nodeUuid, bool isWitness, bool supportsUnicast,
@@ -26,7 +22,7 @@ void LabInfo::AddUnicastAgent(const std::string& nodeUuid, bool isWitness, bool 
                               const std::string&) {
   host_.Change("AddUnicastAgent", [&](Store& store, const HostRow& host) {
     const AgentRow agent = {0,         host.id,         CanonicalUuid(nodeUuid),
-                            isWitness, supportsUnicast, address.GetStringAddress(),
+                            isWitness, supportsUnicast, CanonicalAddress(address),
                             port,      boundInterface};
     if (agent.nodeUuid == kNilUuid && !isWitness) Refuse("A node's UUID cannot be the nil UUID.");
     if (!IsUnicast(address)) {
@@ -42,7 +38,7 @@ void LabInfo::AddUnicastAgent(const std::string& nodeUuid, bool isWitness, bool 
       if (isWitness && known.witness) {
         Refuse("There is a unicast witness already: " + known.address + ".");
       }
-      if (IsAt(known, address, port)) {
+      if (known.address == agent.address && known.port == port) {
         Refuse("There is a unicast agent at " + agent.address + " port " + std::to_string(port) +
                " already.");
       }
@@ -58,9 +54,11 @@ bool LabInfo::RemoveUnicastAgent(const std::string& nodeUuid, const DovraIpAddre
                                  std::int32_t port) {
   return host_.Change("RemoveUnicastAgent", [&](Store& store, const HostRow& host) {
     const std::string uuid = CanonicalUuid(nodeUuid);
+    const std::string known = CanonicalAddress(address);
     const bool isAny = uuid == kNilUuid;
     for (const AgentRow& agent : store.List<AgentRow>(host.id)) {
-      if (!IsAt(agent, address, port) || (!isAny && agent.nodeUuid != uuid)) continue;
+      if (agent.address != known || agent.port != port) continue;
+      if (!isAny && agent.nodeUuid != uuid) continue;
       store.Remove<AgentRow>(agent.id);
       return agent.witness;  // false asks the caller to refresh the agents
     }

@@ -49,9 +49,12 @@ bool IsUnicast(const DovraIpAddress& address) {
   return ipv4 != INADDR_ANY && ipv4 != INADDR_BROADCAST && !IN_MULTICAST(ipv4);
 }
 
-bool IsSame(const DovraIpAddress& one, const DovraIpAddress& other) {
-  const in6_addr first = Binary(one), second = Binary(other);
-  return IN6_ARE_ADDR_EQUAL(&first, &second);
+std::string CanonicalAddress(const DovraIpAddress& address) {
+  const in6_addr binary = Binary(address);
+  const bool isIpv4 = IN6_IS_ADDR_V4MAPPED(&binary);
+  char text[INET6_ADDRSTRLEN];
+  return isIpv4 ? inet_ntop(AF_INET, &binary.s6_addr32[3], text, sizeof text)
+                : inet_ntop(AF_INET6, &binary, text, sizeof text);
 }
 
 void RequireRange(const char* what, std::int64_t value, std::int64_t least, std::int64_t most) {

@@ -14,8 +14,9 @@ HostCtl::Dovra::DovraIpAddress ToAddress(const std::string& text);
 bool IsMulticast(const HostCtl::Dovra::DovraIpAddress& address);
 /// Whether the address is one of a single host.
 bool IsUnicast(const HostCtl::Dovra::DovraIpAddress& address);
-/// Whether both are the same address, also when one is an IPv4 address mapped to IPv6.
-bool IsSame(const HostCtl::Dovra::DovraIpAddress& one, const HostCtl::Dovra::DovraIpAddress& other);
+/// Returns the address in the one form that all its spellings have in the store: an IPv4 address
+/// mapped to IPv6 as IPv4.
+std::string CanonicalAddress(const HostCtl::Dovra::DovraIpAddress& address);
 
 /// Refuses a number outside its range. `what` names it in the message.
 void RequireRange(const char* what, std::int64_t value, std::int64_t least, std::int64_t most);
