@@ -158,8 +158,8 @@ DiskCount Store::CountDisks(std::int64_t host) {
   return {query.Int(0), query.Int(1)};
 }
 
-std::vector<DiskRow> Store::ListClaimedDisks() {
-  return Select<DiskRow>(" WHERE uuid IS NOT NULL ORDER BY uuid");
+std::vector<DiskRow> Store::ListClaimedDisks(std::int64_t host) {
+  return Select<DiskRow>(" WHERE host = ? AND uuid IS NOT NULL", host);
 }
 
 std::vector<DiskRow> Store::ListGroup(std::int64_t host, std::string_view group) {

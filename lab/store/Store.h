@@ -111,8 +111,8 @@ class Store {
   void SetKnicsRunning(std::int64_t host, bool running);
   /// Counts the disks that are plugged into the host.
   DiskCount CountDisks(std::int64_t host);
-  /// Returns the disks of all hosts that are in use, in the order of their UUIDs.
-  std::vector<DiskRow> ListClaimedDisks();
+  /// Returns the host's disks that are in use, in any order.
+  std::vector<DiskRow> ListClaimedDisks(std::int64_t host);
   /// Returns the disks of a group, its cache device among them.
   std::vector<DiskRow> ListGroup(std::int64_t host, std::string_view group);
   std::optional<DiskRow> FindDisk(std::string_view uuid);

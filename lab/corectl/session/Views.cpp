@@ -1,7 +1,6 @@
 #include "corectl/session/Views.h"
 
 #include <algorithm>
-#include <set>
 
 #include "corectl/rules/Refuse.h"
 #include "platform/corectl/DovraUtil.h"
@@ -39,20 +38,25 @@ const DiskView::Disk* DiskView::Find(const HostCtl::Dovra::Uuid& uuid) const {
 
 DiskView ReadDiskView(Store& store, const HostRow& host) {
   DiskView view;
-  std::set<std::int64_t> hosts = {host.id};
+  std::vector<std::int64_t> hosts = {host.id};
   if (const auto member = FindRunningMember(store, host)) {
     view.isMember = true;
     const auto members = ListMembers(store, member->cluster);
     for (const Member* const peer : PartitionOf(members, {*member, host}).members) {
-      hosts.insert(peer->host.id);
+      if (peer->host.id != host.id) hosts.push_back(peer->host.id);
     }
   }
-  auto rows = store.ListClaimedDisks();
-  view.disks.reserve(rows.size());
-  for (DiskRow& disk : rows) {
-    if (!hosts.contains(disk.host)) continue;
-    const bool isAttached = disk.host == host.id && !disk.unplugged;
-    view.disks.emplace_back(std::move(disk), isAttached);
+  std::vector<DiskRow> rows;
+  for (const std::int64_t id : hosts) {
+    std::ranges::move(store.ListClaimedDisks(id), std::back_inserter(rows));
+  }
+  std::vector<DiskRow*> sorted;  // the rows themselves are large
+  for (DiskRow& row : rows) sorted.push_back(&row);
+  std::ranges::sort(sorted, {}, &DiskRow::uuid);
+  view.disks.reserve(sorted.size());
+  for (DiskRow* const row : sorted) {
+    const bool isAttached = row->host == host.id && !row->unplugged;
+    view.disks.emplace_back(std::move(*row), isAttached);
   }
   return view;
 }
