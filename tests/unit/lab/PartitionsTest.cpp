@@ -96,7 +96,7 @@ const char* Broken(const Cluster& cluster) {
       if (!places.emplace(member, &one).second) return "a member is in one partition";
     }
     const auto hosts = DataHosts(one);
-    for (std::size_t place : {0, 1}) {
+    for (std::size_t place = 0; place < 2; ++place) {
       if (one.GetLeader(place) != (place < hosts.size() ? hosts[place]->host.uuid : kNilUuid)) {
         return "the oldest data hosts lead";
       }
