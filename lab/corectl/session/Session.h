@@ -122,7 +122,7 @@ class Session {
 
   HostRow ReadRow();
   /// Counts the fault down. False when another process has spent it.
-  bool Spend(std::int64_t fault);
+  bool Spend(std::int64_t id);
 
   Store& store_;
   std::string name_;

@@ -51,6 +51,7 @@ DiskView ReadDiskView(Store& store, const HostRow& host) {
     std::ranges::move(store.ListClaimedDisks(id), std::back_inserter(rows));
   }
   std::vector<DiskRow*> sorted;  // the rows themselves are large
+  sorted.reserve(rows.size());
   for (DiskRow& row : rows) sorted.push_back(&row);
   std::ranges::sort(sorted, {}, &DiskRow::uuid);
   view.disks.reserve(sorted.size());
