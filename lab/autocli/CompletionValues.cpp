@@ -112,7 +112,8 @@ Candidates Constants() {
 
 Candidates EvacuationModes() {
   Candidates candidates = Constants<Lab::kEvacuationModes>();
-  for (Candidate& mode : candidates) mode.text.front() += 'a' - 'A';  // as the commands take it
+  for (Candidate& mode : candidates)
+    mode.text.front() += 'a' - 'A';  // commands take noAction, not NoAction
   return candidates;
 }
 

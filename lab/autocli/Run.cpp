@@ -143,13 +143,15 @@ bool IsEmptyList(const MetaObject& result) {
 }
 
 ExitStatus RunCommand(Command& command, const Call& call, const Options& options) {
+  SelectLab(call.options);
   const std::string consequence = command.GetMetaDataField("confirm");
+  const std::string lab =
+      " The lab is in " + CliTools::Quote(Lab::Selected().directory.string()) + '.';
   if (!consequence.empty() && !call.input->IsFlagSet("force") &&
-      !IsConfirmed(command, consequence)) {
+      !IsConfirmed(command, consequence + lab)) {
     PrintError(options.location + "Nothing was done.");
     return kCommandFailed;
   }
-  SelectLab(call.options);
   RequirePower(command);
   const bool mayCreateDefaultLab = call.options.lab.empty() && !Lab::IsMade();
   const auto output = CliTools::CallSpec::Output::New();

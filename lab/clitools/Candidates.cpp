@@ -37,8 +37,8 @@ class OptionWords {
   OptionWords(const ProgramOptions& program, const ValueSource& values)
       : program_(program), parameters_(program.alone.GetParameters()), values_(values) {}
 
-  /// Accepts, for the words that follow, the parameters of the command at `path` and the program's
-  /// options for commands.
+  /// Switches to the options that are valid after the command at `path`: its parameters and the
+  /// program's options for commands.
   void Enter(const std::string& path, Parameters parameters) {
     path_ = path;
     own_ = parameters.size();

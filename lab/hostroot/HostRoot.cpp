@@ -88,8 +88,8 @@ std::string Reason(const fs::filesystem_error& error) {
   return "\"" + error.path1().string() + "\": " + error.code().message();
 }
 
-/// Deletes what a killed process left of a root before it wrote the mark, or after it deleted the
-/// mark: a directory with a root's hidden name that is empty but for an empty mark.
+/// Deletes an unmarked root that a killed process left: a hidden directory named after a host or a
+/// UUID that contains nothing but, at most, an empty mark.
 void ClearUnmarked(const fs::path& path) {
   const std::string name = path.filename().string().substr(1);
   if (!IsRealDirectory(path) || !(IsUuid(name) || IsHostName(name))) return;

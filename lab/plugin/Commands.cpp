@@ -41,7 +41,7 @@ void AddNamedHost(Store& store, const InputPtr& input, std::string&) {
 }
 
 constexpr ParameterRow kHostOrSelected = {
-    "name",  "n",    kString, kOptional, "Name of the host; default: the host that --host names.",
+    "name",  "n",    kString, kOptional, "Name of the host; default: the host of --host.",
     nullptr, "hosts"};
 
 /// Switches the host that the parameter names, or else --host.
@@ -84,7 +84,7 @@ std::vector<StructPtr> ListHosts(Store& store) {
   return records;
 }
 
-// The whole lab.
+// lab status.
 
 /// Returns the first reason why the host does not take part in its cluster. Empty when there is
 /// none.
@@ -262,7 +262,7 @@ void SetTraced(Store&, HostRow&, const InputPtr& input) {
 }
 
 constexpr CommandRow kRows[] = {
-    {"lab", "Commands to rehearse with stand-in hosts"},
+    {"lab", "Commands to make stand-in hosts, and to make them fail"},
 
     {"lab host", "Commands for the lab's hosts"},
     {"lab host add",
@@ -273,7 +273,7 @@ constexpr CommandRow kRows[] = {
      "Unable to add host: ",
      SettleHosts},
     {"lab host remove",
-     "Remove a host from the lab and from its cluster for good, and say how many votes remain.",
+     "Remove a host and its vote for good, and print how many votes its cluster has left.",
      "# Replace a host that is gone for good.\nautocli lab host remove --name host3",
      {{"name", "n", kString, kRequired, "Name of the host.", nullptr, "hosts"}},
      LabChange{[](Store& store, const InputPtr& input, std::string& remark) {
@@ -289,15 +289,14 @@ constexpr CommandRow kRows[] = {
      RecordList{[] { return HostRecord({}, "", ""); }, ListHosts, false,
                 "Name,Membership,Fault Domain,UUID"}},
     {"lab host stop",
-     "Power a host off, as if it had died. It keeps its configuration, and its cluster its vote.",
+     "Power a host off, as if it had died. Its configuration stays, and its vote counts among all.",
      "# Let a host die.\nautocli lab host stop --name host1",
      {kHostOrSelected},
      LabChange{OnPower<Stop>, true},
      "Unable to stop host: "},
     {"lab host start",
-     "Power a host on. What it has configured takes effect again with \"dovra network restore\" "
-     "and "
-     "\"dovra cluster restore\".",
+     "Power a host on. Then \"dovra network restore\" and \"dovra cluster restore\" bring back its "
+     "interfaces and its membership.",
      "# Start a host that was stopped.\nautocli lab host start --name host1",
      {kHostOrSelected},
      LabChange{OnPower<Start>, true},
@@ -310,27 +309,26 @@ constexpr CommandRow kRows[] = {
      LabChange{OnPower<Reboot>, true},
      "Unable to reboot host: "},
 
-    {"lab disk", "Commands for a host's disks"},
+    {"lab disk", "Commands for the disks of a host; --host names the host"},
     {"lab disk add",
      "Plug an empty disk into this host. With auto claim mode on, the Dovra service then claims "
      "every empty disk.",
      "# Plug a disk into an empty slot.\n"
      "autocli lab disk add --device mpx.xhba2:C0:T4:L0 --kind capacity",
      {{"device", "d", kString, kRequired, "Device name of the disk, e.g. mpx.xhba2:C0:T4:L0."},
-      {"kind", "k", kString, kRequired, "Kind of disk, one of %ENUM%.", DiskKinds}},
+      {"kind", "k", kString, kRequired, "Kind of disk.", DiskKinds}},
      PlugInNamed,
      "Unable to add disk: "},
     {"lab disk fail",
-     "Make a disk of this host fail: it stays attached, but cannot be read. A cache device takes "
-     "its "
-     "disk group out of use.",
+     "Make a disk of this host fail: it stays attached, but cannot be read. With a cache device, "
+     "its whole disk group is unmounted.",
      "# Let a disk die.\nautocli lab disk fail --device mpx.xhba2:C0:T1:L0",
      {kDevice},
      OnDisk<Fail>,
      "Unable to fail disk: "},
     {"lab disk unplug",
-     "Unplug a disk from this host. The cluster remembers the disk until it is removed by its "
-     "UUID.",
+     "Unplug a disk from this host. The cluster still knows a disk of a disk group, until \"dovra "
+     "storage remove\" removes it by its UUID.",
      "# Pull the wrong disk.\nautocli lab disk unplug --device mpx.xhba2:C0:T1:L0",
      {kDevice},
      OnDisk<Unplug>,
@@ -353,7 +351,7 @@ constexpr CommandRow kRows[] = {
      "Add many disks to this host, claimed in disk groups of one flash disk and up to seven "
      "capacity disks.",
      "# Make this a large host.\nautocli lab disk generate --count 40",
-     {{"count", "c", kInt, kRequired, "Number of disks (%ENUM%).", Range<1, 1000000>}},
+     {{"count", "c", kInt, kRequired, "Number of disks.", Range<1, 1000000>}},
      [](Store& store, HostRow& host, const InputPtr& input) {
        Generate(store, host, input->GetParameterInt("count"));
      },
@@ -368,7 +366,7 @@ constexpr CommandRow kRows[] = {
     {"lab network", "Commands for the network between the hosts"},
     {"lab network split",
      "Cut the named hosts off from all others; the named hosts reach each other. A witness that is "
-     "not named keeps its link to every partition. Further splits make further partitions.",
+     "not named keeps its link to every partition. Each further split makes another partition.",
      "# Cut two hosts off from all others.\n"
      "autocli lab network split --name host2 --name host3",
      {{"name", "n", kStringList, kRequired, "Name of a host to cut off.", nullptr, "hosts"}},
@@ -401,12 +399,11 @@ constexpr CommandRow kRows[] = {
        "it calls.",
        AnyOperation},
       {"message", "m", kString, kRequired, "Error message of the operation."},
-      {"count", "c", kInt, kOptional, "Number of calls that fail (%ENUM%; default: 1).",
-       Range<1, 1000000>},
-      {"after", "k", kInt, kOptional, "Number of calls that succeed first (%ENUM%; default: 0).",
+      {"count", "c", kInt, kOptional, "Number of calls that fail (default: 1).", Range<1, 1000000>},
+      {"after", "k", kInt, kOptional, "Number of calls that succeed first (default: 0).",
        Range<0, 1000000>},
       {"late", "", kFlag, kOptional,
-       "Let an operation that changes something take effect, and then fail: its answer is lost."}},
+       "Apply the operation's change, then fail, as if its answer were lost."}},
      AddFault,
      "Unable to add fault: "},
     {"lab fault list",
@@ -429,8 +426,8 @@ constexpr CommandRow kRows[] = {
     {"lab api set",
      "Set the version of this host's control library.",
      "# Make the control library of this host too old.\nautocli lab api set --version 1",
-     {{"version", "v", kInt, kRequired,
-       "Version (%ENUM%). Version 1 lacks the newer network operations.", Range<1, 2>}},
+     {{"version", "v", kInt, kRequired, "Version. Version 1 lacks the newer network operations.",
+       Range<1, 2>}},
      [](Store& store, HostRow& host, const InputPtr& input) {
        host.apiVersion = input->GetParameterInt("version");
        store.Save(host);
@@ -439,7 +436,7 @@ constexpr CommandRow kRows[] = {
 
     {"lab maintenance", "Commands for a host's maintenance mode"},
     {"lab maintenance start",
-     "Start to enter maintenance mode on this host; \"dovra maintenancemode cancel\" cancels it.",
+     "Begin to enter maintenance mode on this host; \"dovra maintenancemode cancel\" cancels it.",
      "# Begin to enter maintenance mode.\nautocli lab maintenance start",
      {},
      [](Store& store, HostRow& host, const InputPtr&) { StartMaintenance(store, host); },
@@ -447,10 +444,9 @@ constexpr CommandRow kRows[] = {
 
     {"lab resync", "Commands for a host's resynchronisation"},
     {"lab resync set",
-     "Set the bandwidth that resync asks for on this host; the throttle limits it.",
-     "# Give the host much to resynchronise.\nautocli lab resync set --demand 800",
-     {{"demand", "d", kInt, kRequired, "Bandwidth of resync without a throttle, in Mbps (%ENUM%).",
-       Range<0, 1000000>}},
+     "Set the bandwidth that resync would take on this host without a throttle.",
+     "# Let the host have much to resynchronise.\nautocli lab resync set --demand 800",
+     {{"demand", "d", kInt, kRequired, "Bandwidth in Mbps.", Range<0, 1000000>}},
      [](Store& store, HostRow& host, const InputPtr& input) {
        host.resyncDemand = input->GetParameterInt("demand");
        store.Save(host);
@@ -459,17 +455,21 @@ constexpr CommandRow kRows[] = {
 
     {"lab traced", "Commands for a host's trace daemon"},
     {"lab traced set",
-     "Set how this host's trace daemon behaves.",
+     "Start or stop this host's trace daemon, or make its next restarts fail.",
      "# Let the daemon start at the third attempt.\n"
      "autocli lab traced set --state running --fail-restarts 2",
-     {{"state", "s", kString, kRequired, "State of the daemon, one of %ENUM%.", DaemonStates},
-      {"fail-restarts", "f", kInt, kOptional,
-       "Number of restarts that fail next (%ENUM%; default: 0).", Range<0, 1000>}},
+     {{"state", "s", kString, kRequired, "State of the daemon.", DaemonStates},
+      {"fail-restarts", "f", kInt, kOptional, "Number of restarts that fail next (default: 0).",
+       Range<0, 1000>}},
      SetTraced,
      "Unable to set the trace daemon: "},
 
     {"lab status",
-     "Show power, role, partition, votes and first problem of every host of the lab.",
+     "Show every host's role, partition, votes, disks and first problem. Partition 0: none, since "
+     "the "
+     "host does not run as a member. Problems: stopped, not restored, no interface, cut off "
+     "(another "
+     "partition has the quorum), no quorum, disk failed.",
      "# See why a host is not in its cluster.\nautocli lab status",
      {},
      RecordList{[] { return StatusRecord({}, {}, {}); }, ListStatus, false,
@@ -477,7 +477,8 @@ constexpr CommandRow kRows[] = {
     {"lab reset",
      "Reset the lab to its initial state: every host and cluster is lost.",
      "# Start again with a new lab.\nautocli lab reset --force",
-     {{"force", "", kFlag, kOptional, "Do not ask; required without a terminal."}},
+     {{"force", "", kFlag, kOptional,
+       "Do not ask; required when standard input is not a terminal."}},
      LabChange{[](Store& store, const InputPtr&, std::string&) {
        ResetLab(store, Selected().hostFiles);
      }},

@@ -18,7 +18,7 @@ namespace Lab {
 
 class Store;
 
-/// Completes a new lab.
+/// Callbacks that complete a new lab.
 struct NewLab {
   std::function<void(Store&)> fill;    ///< adds the first host
   std::function<void(Store&)> settle;  ///< runs when the host is committed

@@ -21,7 +21,7 @@ load common
     for command in 'host list' 'host add -n x' 'host remove -n x' 'network heal' 'network split -n x' reset; do
         wrong "lab ${command%% -n*}: --host: this command works on the whole lab, not on one host" --host host1 lab $command
     done
-    wrong 'lab reset: Every host and cluster of the lab will be lost. Without a terminal to ask on, it takes --force' lab reset
+    wrong 'lab reset: Every host and cluster of the lab will be lost. The lab is in "*". Without a terminal to ask on, it takes --force' lab reset
     wrong '*' --lab '' dovra cluster get
     [[ ! -e $AUTOCLI_LAB ]] # none of this made a lab
 }

@@ -49,7 +49,7 @@ shows() { same "$1" "$(on_terminal "$2")"; }
     for answered in 'n=*Nothing was done.*status 1' '=*Nothing was done.*status 1' 'y=*true*status 0'; do
         same 'host1 host2' "$(hosts)"
         TERM=dumb script -qec '$AUTOCLI lab reset; echo "status $?"' /dev/null <<<"${answered%=*}" >asked
-        same "*Every host and cluster of the lab will be lost. Go on? [y/N] ${answered#*=}" "$(tr -d '\r' <asked)"
+        same "*Every host and cluster of the lab will be lost. The lab is in \"$AUTOCLI_LAB\". Go on? [y/N] ${answered#*=}" "$(tr -d '\r' <asked)"
     done
     same host1 "$(hosts)"
     same $'*[y/N] *\nNothing was done.' "$(TERM=dumb script -qec '$AUTOCLI lab reset' /dev/null </dev/null | tr -d '\r')"

@@ -74,9 +74,10 @@ std::string RequireQuorum(Store& store, const HostRow& host, const std::string& 
   const Partition partition = PartitionOf(
       members, {{.witness = asWitness, .running = true}, host, store.IsIsolated(host.id)});
   if (partition.HasQuorum()) return partition.GetVotes();
-  Refuse("There is no quorum: this host reaches " + partition.GetVotes() +
-         " votes of the cluster, and joining it or changing what it shares takes more than half "
-         "and a data host.");
+  Refuse(
+      "There is no quorum: this host reaches " + partition.GetVotes() +
+      " votes of the cluster. Joining, datastores and fault domains need more than half of them, "
+      "and a data host.");
 }
 
 void RequireWhole(Store& store, const HostRow& host, const std::string& cluster) {
@@ -85,7 +86,7 @@ void RequireWhole(Store& store, const HostRow& host, const std::string& cluster)
   const auto groupOf = [](const Member& member) { return member.host.networkGroup; };
   if (std::ranges::count(members, groupOf(members.front()), groupOf) == std::ssize(members)) return;
   Refuse("The network is split; this host reaches " + votes +
-         " votes of the cluster, but fault domains stay as they are until the split is healed.");
+         " votes of the cluster, but fault domains cannot be changed before the split is healed.");
 }
 
 void BumpGeneration(Store& store, const std::string& cluster, const HostRow& host) {

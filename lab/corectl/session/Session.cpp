@@ -26,7 +26,7 @@ struct State {
   std::optional<Session> session;  // declared after the store that it uses
 };
 
-/// Never destroyed: the process ends, and closing the store costs more than a short command.
+/// Never destroyed: closing the store at exit would take longer than a short command.
 State& CurrentState() {
   static auto& state = *new State;
   return state;

@@ -68,7 +68,7 @@ class Rules : public testing::Test {
     Session::Current().Change(std::forward<Work>(work));
   }
 
-  /// Another process takes everything away.
+  /// Empties the store through a second connection, as another process might.
   void ClearBehindItsBack() {
     Store other(directory_ / "lab", {});
     Store::Transaction transaction(other, Store::Transaction::Kind::kWrite);
