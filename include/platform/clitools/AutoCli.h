@@ -29,7 +29,7 @@ class NamespaceNode : public std::enable_shared_from_this<NamespaceNode> {
   /// Sets the text that help shows for the node.
   void SetDescription(std::string text);
 
-  // For the framework.
+  // Called only by the framework.
 
   const std::string& GetDescription() const { return description_; }
   /// Returns the name under which the node was registered; empty until then.
@@ -47,7 +47,7 @@ class NamespaceNode : public std::enable_shared_from_this<NamespaceNode> {
   std::weak_ptr<NamespaceNode> parent_;
 };
 
-/// A node's children, its kind, and how its result is shown by default.
+/// Base of namespaces and commands: children, metadata, default formatter.
 class CommandSpec : public NamespaceNode {
  public:
   using Pairs = std::vector<std::pair<std::string, std::string>>;
@@ -58,27 +58,31 @@ class CommandSpec : public NamespaceNode {
   std::shared_ptr<NamespaceNode> GetThis() { return shared_from_this(); }
 
   /// Sets a field. The plug-in sets "type": "fetcher" for commands that only read, "operation" for
-  /// commands that change state. Setting a key again replaces its value.
+  /// commands that change state and for `dovra cluster unicastagent list`. Setting a key again
+  /// replaces its value.
   void SetMetaDataField(const std::string& key, std::string value);
   /// Sets the formatter that shows a record or a list of records: "simple", a line per field, or
   /// "table", a line per record. Without one, the result is shown as a bare value.
   void SetDefaultOutputFormatter(std::string formatter);
   /// Sets a parameter of the formatter. Setting a key again replaces its value. The keys are:
-  /// "header:" + structure name: the caption. "%Field%" stands for the value of that field.
+  /// "header:" + structure name: the caption, which "simple" shows before each record; "table" may
+  /// show it once. "%Field%" stands for the value of that field.
   /// "fields:" + structure name: the names of the fields to show, in order, joined by commas;
   /// blanks around a name are not part of it. Without it, every field is shown. "units:" +
-  /// structure name + "." + field name: the unit, shown after the value.
+  /// structure name + "." + field name: the unit, shown after the value. A truth value is shown as
+  /// "true" or "false", a list in a field as its strings, joined by commas.
   void SetDefaultOutputParameter(const std::string& key, std::string value);
 
   bool HasNamespaceNode(const std::string& name) const;
   /// Null when there is no such child.
   std::shared_ptr<NamespaceNode> GetNamespaceNode(const std::string& name) const;
   /// Adds `child` under `name` and becomes its parent; a child that has the name is replaced.
-  /// Throws `std::invalid_argument` when `child` is null, this node, a node above it or the child
-  /// of another node, and when no shared handle owns this node yet, as in its constructor.
+  /// Callers register a child once, under one name. Throws `std::invalid_argument` when `child` is
+  /// null, this node, a node above it or the child of another node, and when no shared handle owns
+  /// this node yet, as in its constructor.
   void RegisterNamespaceNode(std::shared_ptr<NamespaceNode> child, const std::string& name);
 
-  // For the framework.
+  // Called only by the framework.
 
   /// Returns the children in the order of registration; a replaced child's place is kept.
   const std::vector<std::shared_ptr<NamespaceNode>>& GetChildren() const { return children_; }

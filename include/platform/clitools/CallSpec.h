@@ -39,7 +39,7 @@ class ParameterConstraint {
   /// Allows `min` to `max`, both included (`kIntRange`).
   void SetIntRange(std::int64_t min, std::int64_t max);
 
-  // For the framework.
+  // Called only by the framework.
 
   ParameterConstraintType GetType() const { return type_; }
   /// Returns value and description of each allowed string, in the order in which they were added.
@@ -66,11 +66,11 @@ class ParameterSpec {
   /// The framework rejects a call that lacks a required parameter.
   void SetRequired(bool required);
   /// Sets the help text. The framework replaces "%ENUM%" in it by the values that the constraint
-  /// allows.
+  /// allows, or by the bounds of a range. autocli writes "a, b, c" and "0 to 512".
   void SetDescription(std::string text);
   void SetConstraint(std::shared_ptr<ParameterConstraint> constraint);
 
-  // For the framework.
+  // Called only by the framework.
 
   const std::string& GetName() const { return name_; }
   ParameterType GetType() const { return type_; }
@@ -97,7 +97,7 @@ class InputSpec {
   static std::shared_ptr<InputSpec> New();
   void AddParameter(std::shared_ptr<ParameterSpec> parameter);
 
-  // For the framework.
+  // Called only by the framework.
 
   const std::vector<std::shared_ptr<ParameterSpec>>& GetParameters() const { return parameters_; }
 
@@ -111,7 +111,7 @@ class OutputSpec {
   static std::shared_ptr<OutputSpec> New();
   void SetRootObject(std::shared_ptr<MetaObj::MetaObject> rootTemplate);
 
-  // For the framework.
+  // Called only by the framework.
 
   const std::shared_ptr<MetaObj::MetaObject>& GetRootObject() const { return root_; }
 
@@ -140,7 +140,7 @@ class Input {
   /// Replaces `values` by the values given, in command-line order.
   void GetParameterList(const std::string& name, std::vector<std::string>& values) const;
 
-  // For the framework.
+  // Called only by the framework.
 
   /// Gives the parameter its value; a flag is given as true. The last value set counts.
   void SetParameter(const std::string& name, Value value);
@@ -149,7 +149,9 @@ class Input {
   std::map<std::string, Value> values_;
 };
 
-/// What one call of a command leaves: at most one result and any number of error messages.
+/// What one call of a command leaves: at most one result and any number of error messages. It may
+/// leave both, and the framework shows both. autocli prints the result to standard output, then the
+/// messages to standard error.
 class Output {
  public:
   static std::shared_ptr<Output> New();
@@ -159,7 +161,7 @@ class Output {
   /// Appends a message. A call with messages has failed, whatever its result is.
   void AddErrorMessage(std::string text);
 
-  // For the framework.
+  // Called only by the framework.
 
   /// Null when the command set none.
   const std::shared_ptr<MetaObj::MetaObject>& GetRootObject() const { return root_; }

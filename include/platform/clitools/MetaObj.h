@@ -67,7 +67,8 @@ class MetaBool : public MetaObject {
   bool value_;
 };
 
-/// A record: named fields in the order in which they were first set.
+/// A record: named fields in the order in which they were first set. Commands set strings, numbers,
+/// truth values and lists of strings, never records.
 class MetaStruct : public MetaObject {
  public:
   /// An empty record; `name` is the key of its formatter parameters ("fields:" + name).
@@ -75,13 +76,13 @@ class MetaStruct : public MetaObject {
   explicit MetaStruct(const std::string& name);
   ~MetaStruct() override;
 
-  /// Replaces the field's value, or appends the field if the record does not have it yet.
+  /// Replaces the field's value in its place, or appends the field if the record lacks it.
   /// The value is not null.
   void SetField(const std::string& field, std::shared_ptr<MetaObject> value);
   void SetField(const std::string& field, std::string value);
   void SetField(const std::string& field, const char* value);
 
-  // For the framework.
+  // Called only by the framework.
 
   const std::string& GetName() const;
   /// Valid until this record gets a further field.
@@ -111,7 +112,7 @@ class MetaList : public MetaObject {
   /// Announces that the list will have `count` elements; has no other effect.
   void Reserve(std::size_t count);
 
-  // For the framework.
+  // Called only by the framework.
 
   MetaType GetElementType() const { return elementType_; }
   /// Null when the list was made without one.

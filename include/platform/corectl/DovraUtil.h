@@ -13,37 +13,42 @@
 
 namespace CoreCtl::Dovra {
 
-/// Each function throws `DovraCtlException` when it fails, unless noted. Out-parameters are empty,
-/// false or 0 when a function is called.
+/// Each function throws `DovraCtlException` when it fails, unless noted. It is called on hosts in a
+/// cluster and on others, unless noted. Out-parameters are empty, false or 0 when it is called.
 class DovraUtil {
  public:
   /// Fills all its arguments from the cluster directory service: the members of this host's
   /// sub-cluster, in the order in which they are shown, and the host's own state. Strings are shown
-  /// as they are.
+  /// as they are. Called only on a host in a cluster.
   static void GetInfoFromTavdir(std::vector<HostCtl::Dovra::DovraMemberInfo>& members,
                                 std::string& localNodeState, std::string& localNodeUuid,
                                 std::string& localNodeHealthState,
                                 std::uint64_t& membershipEntryRevision, std::string& membershipUuid,
                                 std::string& masterUuid, std::string& backupUuid,
                                 std::string& maintenanceModeState);
-  /// Sets whether the cluster's hosts reach each other by unicast.
+  /// Sets whether the cluster's hosts reach each other by unicast. Called only on a host in a
+  /// cluster.
   static void GetUnicastMode(bool& enabled);
-  /// Returns this host's local time, formatted.
+  /// Returns this host's local time, as it is shown.
   static std::string GetFormattedSystemDateTime();
-  /// Returns whether this host is a cluster's witness; false when it is in no cluster.
+  /// Returns whether this host is a cluster's witness; false when it is in no cluster. In a cluster
+  /// it returns what `DovraInfo::IsLocalNodeWitness` returns.
   static bool IsWitnessNode();
-  /// Returns whether this host's cluster spans two sites and a witness.
+  /// Returns whether this host's cluster spans two sites and a witness. Called only on a host in a
+  /// cluster.
   static bool IsInStretchedCluster();
-  /// Returns the id of this host's fault domain.
+  /// Returns the id of this host's fault domain. A host that is in none counts as a fault domain of
+  /// its own and has an id, too. Called only on a host in a cluster.
   static std::string GetFaultDomainId();
-  /// Sets both to the preferred fault domain of the stretched cluster.
+  /// Sets both to the preferred fault domain. Called only on a host in a stretched cluster.
   static void GetPreferredFaultDomainInfo(std::string& id, std::string& name);
-  /// Cancels this host's maintenance-mode operation in progress.
+  /// Cancels this host's maintenance-mode operation; throws when none is in progress.
   static void DecomCancel();
 
   /// Runs the program at the path `command` with one argument, not through a shell, and waits.
-  /// Returns its exit status, negative when it could not be run; its output is not shown. The flags
-  /// are reserved; callers pass false, true, false.
+  /// Returns its exit status, 128 plus the number of the signal that ended it, or a negative number
+  /// when it could not be run; its output is not shown. The flags are reserved; callers pass false,
+  /// true, false.
   static int DovraExec(const std::string& command, const std::string& argument, bool reserved1,
                        bool reserved2, bool reserved3);
 

@@ -6,10 +6,13 @@
 //   builds the plug-in with that header.
 // - Every operation throws `DovraCtlException` when the library refuses it or fails. Its message is
 //   shown to the administrator.
+// - Operations are called on hosts in a cluster and on others, unless noted.
 // - Objects are used by one thread, for the length of one call of a command.
 // - Lists and records that an operation fills are empty when it is called, so it may assign to them
 //   or append. Handles in lists may be null; callers skip those.
-// - Ports, UUID strings, names and policies are as the user typed them, unchecked unless noted.
+// - Ports, UUID strings, names and policies are as the user typed them, unchecked unless noted. The
+//   library throws for those that it does not accept.
+// - A UUID string of either letter case names the same object.
 #pragma once
 
 #include <cstdint>
@@ -34,30 +37,31 @@ class DovraInfo {
 
   virtual ~DovraInfo();
 
-  // Disks of this host, named by device name or by UUID string. A disk group is a flash device,
-  // whose name also names the group, and the capacity disks behind it.
+  // Disks of this host: `ssd` and `disk` are device names, `uuid` is a UUID string. A disk group is
+  // a flash device, whose name also names the group, and the capacity disks behind it.
 
-  /// Fills `info`; throws when no such disk is known. `luns` is the list from `GetDovraDisks`, to
-  /// match device data to the UUID.
+  /// Fills `info`; throws when no such disk is known, which ends the listing after the disks before
+  /// it. `luns` is the list from `GetDovraDisks`, to match device data to the UUID.
   virtual void GetDiskInfo(const Uuid& disk, const DiskLuns& luns, DovraDiskInfo& info) = 0;
   /// Partitions and formats empty disks. Makes a disk group of them, or adds `disks` to the group
-  /// that `ssd` has.
+  /// that `ssd` has. Throws when a disk is unknown, not empty or of the wrong kind.
   virtual void AddDisks(const std::string& ssd, const std::vector<std::string>& disks) = 0;
   /// Puts the group's disks back to use.
   virtual void MountDiskGroup(const std::string& ssd) = 0;
   /// Mounts one capacity disk or, given a flash device's UUID, its group.
   virtual void MountDiskByUuid(const std::string& uuid) = 0;
-  /// Mounts one disk.
+  /// Mounts one capacity disk or, given a group's flash device, the group.
   virtual void MountDisk(const std::string& disk) = 0;
   /// Takes one capacity disk from the cluster; the data still on it is lost. The mode says which
   /// data is moved to other disks first: "NoAction", "EnsureObjectAccessibility" or
-  /// "EvacuateAllData"; empty for the library's default.
+  /// "EvacuateAllData"; empty for the library's default. Throws for a group's flash device and for
+  /// its last capacity disk.
   virtual void RemoveDisk(const std::string& disk, const std::string& evacuationMode) = 0;
   /// Takes a flash device and every capacity disk behind it from the cluster, as `RemoveDisk` does.
   virtual void RemoveDiskGroup(const std::string& ssd, const std::string& evacuationMode) = 0;
   /// Takes the group's disks out of use; their data stays on them.
   virtual void UnmountDiskGroup(const std::string& ssd) = 0;
-  /// Unmounts one disk.
+  /// Unmounts one capacity disk or, given a group's flash device, the group.
   virtual void UnmountDisk(const std::string& disk) = 0;
   /// Unmounts one capacity disk or, given a flash device's UUID, its group.
   virtual void UnmountDiskByUuid(const std::string& uuid) = 0;
@@ -70,7 +74,7 @@ class DovraInfo {
   // The cluster as this host sees it.
 
   /// Sets the fault domain with which the witness sides when the two sites of a stretched cluster
-  /// lose each other. The name has 1 to 256 characters.
+  /// lose each other. The name has 1 to 256 characters. Called only on a witness.
   virtual void SetPreferredFaultDomain(const std::string& name) = 0;
   /// Returns whether this host is the cluster's witness. Called only on a host in a cluster.
   virtual bool IsLocalNodeWitness() = 0;
@@ -80,15 +84,19 @@ class DovraInfo {
   // The storage network and the peers reached by unicast.
 
   /// Takes "dovra" or "witness" traffic off the interface, which leaves the storage network with
-  /// its last traffic. With `force` the storage service is notified even if the interface is not
-  /// configured; without it, the operation throws then. It is called for "dovra" and then for
-  /// "witness", whatever the interface carries: the second call must not throw for an interface
-  /// that the first one removed.
+  /// its last traffic. Callers make two calls on one object, for "dovra" and then for "witness",
+  /// whatever the interface carries. Traffic that it does not carry is no error. Without `force`,
+  /// the first call throws for an interface that is not configured; the second does nothing,
+  /// because the first may have removed it. With `force`, both notify the storage service even
+  /// then.
   virtual void RemoveKnic(const std::string& name, bool force, const std::string& trafficType) = 0;
-  /// Makes the storage service take over the changed list of agents.
+  /// Makes the storage service take over the changed list of agents. Called after adding a node,
+  /// not after adding a witness, and where `RemoveUnicastAgent` asks for it.
   virtual void RefreshUnicastAgents() = 0;
   /// Adds a peer that this host reaches by unicast. The nil UUID stands for a witness whose UUID is
-  /// not known. `port` is any 32-bit number. `boundInterface` counts only with `hasBoundInterface`.
+  /// not known. Callers check that there is no witness yet. The library throws for a malformed
+  /// UUID, a node's nil UUID, and a UUID or an address and port that another agent has. `port` is
+  /// any 32-bit number. `boundInterface` counts only with `hasBoundInterface`.
   /// `extra` is for the library; callers pass the empty string.
   virtual void AddUnicastAgent(const std::string& nodeUuid, bool isWitness, bool supportsUnicast,
                                const DovraIpAddress& address, std::int32_t port,
@@ -114,15 +122,19 @@ class DovraInfo {
   /// Removes all datastores but the default one.
   virtual void ClearDatastores() = 0;
 
-  // Membership.
+  // Membership. Join and create are called only on a host in no cluster, leave only on one in a
+  // cluster.
 
-  /// Makes this host a member. `preferredFaultDomain` is set for a witness and empty for other
-  /// hosts. With `wait` it returns when the host has joined. `reserved` is false.
+  /// Makes this host a member. If no cluster has the UUID, a host that is no witness creates it.
+  /// `preferredFaultDomain` is set for a witness and empty for other hosts. With `wait` it returns
+  /// when the host has joined. `reserved` is false.
   virtual void JoinCluster(const Uuid& cluster, bool asWitness,
                            const std::string& preferredFaultDomain, bool wait, bool reserved) = 0;
-  /// Makes a cluster under `uuid` with this host in it. `enable` is true, `reserved` is false.
+  /// Creates a cluster with this UUID and joins this host to it. Callers pass enable = true,
+  /// reserved = false. The library adds the default datastore to every new cluster.
   virtual void CreateCluster(const std::string& uuid, bool enable, bool reserved) = 0;
-  /// `reserved` is false.
+  /// Ends this host's membership. Its disks, network, agents and policies stay. `reserved` is
+  /// false.
   virtual void LeaveCluster(bool reserved) = 0;
   /// Returns a record that lives as long as this object and does not change until the next call of
   /// this function.
@@ -137,22 +149,27 @@ class DovraInfo {
   virtual void AddCapacityFlashTag(const std::string& disk) = 0;
   virtual void RemoveCapacityFlashTag(const std::string& disk) = 0;
 
-  // Policies and datastores. An empty datastore UUID stands for the default datastore.
+  // Policies and datastores. `policyClass` is spelled as `StringToDovraPolicyClass` takes it. An
+  // empty UUID stands for the default datastore in `GetDatastoreName` and `SetDatastoreName`.
 
   /// Removes the default policy of every class.
   virtual void ClearPolicyDefaults() = 0;
   virtual std::string GetDatastoreName(const std::string& uuid) = 0;
   virtual void SetDatastoreName(const std::string& uuid, const std::string& name) = 0;
+  /// Throws outside a cluster, when the name is empty or taken, and when the UUID is malformed or
+  /// taken. The datastore is not the default one.
   virtual void AddDatastore(const DovraDatastore& datastore) = 0;
-  /// `reserved` is true.
+  /// Throws when the UUID is empty or the default datastore's. `reserved` is true.
   virtual void RemoveDatastore(const std::string& uuid, bool reserved) = 0;
-  /// Fills `datastores`, in the order in which they are shown.
+  /// Fills `datastores`, in the order in which they are shown; with none outside a cluster.
   virtual void GetDatastores(Datastores& datastores) = 0;
   /// Returns whether the interface is configured for "dovra" or "witness" traffic.
   virtual bool IsKnicInUse(const std::string& name, const std::string& trafficType) = 0;
-  /// Fills `disks` with the disks that the storage service knows of, on this host or others.
+  /// Fills `disks` with the disks that the storage service knows of, on this host or others, in any
+  /// order.
   virtual void GetDiskUuids(std::vector<Uuid>& disks) = 0;
-  /// Sets the policy of objects of the class that are made without one.
+  /// Sets the policy of objects of the class that are made without one. Throws when the class or
+  /// the policy is not valid.
   virtual void SetPolicyDefault(const std::string& policyClass, const std::string& policy) = 0;
   /// Empty when the class has none.
   virtual std::string GetPolicyDefault(const std::string& policyClass) = 0;

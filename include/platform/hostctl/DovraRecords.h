@@ -73,7 +73,7 @@ class DovraDatastore {
 /// binary interface: `GetUuid` is the first, so the destructor follows the others.
 class DovraDiskLun {
  public:
-  // Both throw `DovraCtlException` when the device does not answer.
+  // Both throw `DovraCtlException` when the device does not answer. A throw ends the listing.
   virtual Uuid GetUuid() const = 0;
   virtual std::string GetDeviceName() const = 0;
   virtual ~DovraDiskLun();
@@ -89,9 +89,10 @@ struct DovraDiskInfo {
   std::string vendor;
   std::string model;
   bool usedByThisHost = false;
-  bool inTavdir = false;           ///< published in the cluster directory
-  std::int32_t formatVersion = 0;  ///< the number on the disk; commands show its label
-  bool deduplication = false;
+  bool inTavdir = false;  ///< published in the cluster directory
+  /// The number on the disk. Commands show 0 as "1", 3 as "2.5", 4 as "3", others as they are.
+  std::int32_t formatVersion = 0;
+  bool deduplication = false;  ///< shown as deduplication and as compression
   std::string checksum;
   bool checksumOk = false;
   bool isCapacityTier = false;
