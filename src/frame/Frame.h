@@ -131,12 +131,12 @@ class DovraCommand : public virtual CliTools::AutoCli::Command {
   }
   static ListPtr MakeList() { return MetaList::New(MetaType::kStruct, GetOutputStructure()); }
 
-  /// A command that only reads.
+  /// Declares a command that only reads.
   void DescribeFetcher(const char* description) {
     SetDescription(description);
     SetMetaDataField("type", "fetcher");
   }
-  /// A command that changes state.
+  /// Declares a command that changes state.
   void DescribeOperation(const char* description) {
     SetDescription(description);
     SetMetaDataField("type", "operation");

@@ -98,7 +98,7 @@ void OverrideWhatIsGiven(const InputPtr& input, Settings& settings) {
   OverrideTraffic(input, settings);
 }
 
-/// The interface's UUID is left to the library.
+/// Returns the interface's configuration. Its UUID is empty: the control library chooses one.
 DovraKnicConfig2 MakeEntry(const std::string& name, const Settings& settings) {
   return DovraKnicConfig2(
       name, DovraIpAddress(settings.agentGroup), DovraIpAddress(settings.agentV6Group),

@@ -12,8 +12,8 @@ inline bool NamesSeveralDisks(const InputPtr& input) {
 
 inline constexpr const char* kOnlyOneDiskMessage = "Specify only one of --ssd, --disk or --uuid.";
 
-/// Returns the parameters of the tag commands. These do not read the tag: there is only one, and
-/// the framework rejects any other.
+/// Returns the parameters of the tag commands. The commands ignore the tag's value: there is only
+/// one, and the framework refuses others.
 inline InputSpecPtr MakeTagInputSpec(const char* tagDescription, const char* diskDescription) {
   return MakeInputSpec({
       {"tag", "t", ParameterType::kString, Need::kRequired, tagDescription,
