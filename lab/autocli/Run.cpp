@@ -114,8 +114,7 @@ bool IsConfirmed(const Command& command, const std::string& consequence) {
 /// Throws `HostError` when the command runs on a host that is powered off.
 void RequirePower(const Command& command) {
   const bool runsOnHost = command.GetMetaDataField("scope").empty();
-  if (!runsOnHost || !Lab::IsMade() || Lab::Session::Current().IsPoweredOn()) return;
-  throw BaseLibs::HostError("host " + CliTools::Quote(Lab::Selected().host) + " is powered off");
+  if (runsOnHost && Lab::IsMade()) Lab::Session::Current().RequirePower();
 }
 
 /// Runs the command. Throws `HostError`; any other exception of the command becomes `PluginError`.

@@ -400,7 +400,7 @@ constexpr CommandRow kRows[] = {
        AnyOperation},
       {"message", "m", kString, kRequired, "Error message of the operation."},
       {"count", "c", kInt, kOptional, "Number of calls that fail (default: 1).", Range<1, 1000000>},
-      {"after", "k", kInt, kOptional, "Number of calls that succeed first (default: 0).",
+      {"after", "k", kInt, kOptional, "Number of calls that pass first (default: 0).",
        Range<0, 1000000>},
       {"late", "", kFlag, kOptional,
        "Apply the operation's change, then fail, as if its answer were lost."}},

@@ -98,10 +98,14 @@ void LabInfo::JoinCluster(const Uuid& cluster, bool asWitness,
         Refuse("Cluster " + uuid + " has a witness already.");
       }
     }
-    RequireQuorum(store, host, uuid, asWitness);
     const MemberRow member = {
         .cluster = uuid, .witness = asWitness, .preferredFaultDomain = preferredFaultDomain};
+    const Quorum before = RequireQuorum(store, host, uuid, &member);
     AddMember(store, host, member);
+    if (RequireQuorum(store, host, uuid).others != before.others) {
+      Refuse("The network is split, and the join would take the quorum from a partition with " +
+             before.votes + " votes.");
+    }
     BumpGeneration(store, uuid, host);
     const auto sites = SitesOf(ListMembers(store, uuid));
     if (asWitness && !sites.empty()) RequireSite(sites, preferredFaultDomain);

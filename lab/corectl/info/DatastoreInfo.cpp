@@ -101,8 +101,10 @@ void LabInfo::RemoveDatastore(const std::string& uuid, bool) {
 void LabInfo::ClearDatastores() {
   host_.Change("ClearDatastores", [](Store& store, const HostRow& host) {
     const std::string cluster = RequireRunningMember(store, host).cluster;
+    const auto datastores = store.List<DatastoreRow>(cluster);
+    if (std::ranges::all_of(datastores, &DatastoreRow::isDefault)) return;
     RequireQuorum(store, host, cluster);
-    for (const DatastoreRow& datastore : store.List<DatastoreRow>(cluster)) {
+    for (const DatastoreRow& datastore : datastores) {
       if (!datastore.isDefault) store.Remove<DatastoreRow>(datastore.uuid);
     }
     BumpGeneration(store, cluster, host);

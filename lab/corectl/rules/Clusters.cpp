@@ -66,14 +66,22 @@ ClusterRow RequireCluster(Store& store, const std::string& uuid) {
   return *cluster;
 }
 
-std::string RequireQuorum(Store& store, const HostRow& host, const std::string& cluster,
-                          bool asWitness) {
+Quorum RequireQuorum(Store& store, const HostRow& host, const std::string& cluster,
+                     const MemberRow* joining) {
   auto members = ListMembers(store, cluster);
+  Member one{joining ? *joining : MemberRow{}, host, store.IsIsolated(host.id)};
+  one.row.running = joining != nullptr;
   const auto own = std::ranges::find(members, host.id, [](const Member& m) { return m.host.id; });
-  if (own != members.end()) own->row.running = true;
-  const Partition partition = PartitionOf(
-      members, {{.witness = asWitness, .running = true}, host, store.IsIsolated(host.id)});
-  if (partition.HasQuorum()) return partition.GetVotes();
+  if (joining && own != members.end()) own->row.running = true;
+  const Partition partition = PartitionOf(members, one);
+  if (partition.HasQuorum()) {
+    Quorum quorum{partition.GetVotes(), {}};
+    for (const Member* const member : partition.members) {
+      if (member->row.witness || member->host.id == host.id) continue;
+      quorum.others.push_back(member->host.uuid);
+    }
+    return quorum;
+  }
   Refuse(
       "There is no quorum: this host reaches " + partition.GetVotes() +
       " votes of the cluster. Joining, datastores and fault domains need more than half of them, "
@@ -81,7 +89,7 @@ std::string RequireQuorum(Store& store, const HostRow& host, const std::string& 
 }
 
 void RequireWhole(Store& store, const HostRow& host, const std::string& cluster) {
-  const std::string votes = RequireQuorum(store, host, cluster);
+  const std::string votes = RequireQuorum(store, host, cluster).votes;
   const auto members = ListMembers(store, cluster);
   const auto groupOf = [](const Member& member) { return member.host.networkGroup; };
   if (std::ranges::count(members, groupOf(members.front()), groupOf) == std::ssize(members)) return;

@@ -25,11 +25,16 @@ MemberRow RequireRunningMember(Store& store, const HostRow& host);
 /// Returns the cluster of a member.
 ClusterRow RequireCluster(Store& store, const std::string& uuid);
 
-/// Refuses when the host's partition has no quorum. A host that has not restored its membership
-/// counts as running, a host outside the cluster as `asWitness` reaches it. Returns the partition's
-/// votes, as in "2 of 3".
-std::string RequireQuorum(Store& store, const HostRow& host, const std::string& cluster,
-                          bool asWitness = false);
+/// A partition that has the quorum.
+struct Quorum {
+  std::string votes;                ///< as in "2 of 3"
+  std::vector<std::string> others;  ///< UUIDs of its data hosts but the one that asked
+};
+
+/// Refuses when the host's partition has no quorum. A host that is `joining` counts as running,
+/// also where it has not restored its membership, and need not be a member yet.
+Quorum RequireQuorum(Store& store, const HostRow& host, const std::string& cluster,
+                     const MemberRow* joining = nullptr);
 /// Refuses to change a fault domain without the quorum, and while the network splits the cluster:
 /// the witness would change sides under a running partition.
 void RequireWhole(Store& store, const HostRow& host, const std::string& cluster);

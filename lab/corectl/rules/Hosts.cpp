@@ -27,10 +27,13 @@ void RequirePower(const HostRow& host) {
   if (!host.power) Refuse("Host " + host.name + " is powered off.");
 }
 
-/// Records in every cluster that the partitions changed.
-void BumpMemberships(Store& store) {
+/// Moves the hosts to a network group, and their clusters' memberships with them.
+void MoveToGroup(Store& store, std::vector<HostRow> hosts, std::int64_t group) {
   std::set<std::string> clusters;
-  for (const HostRow& host : store.List<HostRow>()) {
+  for (HostRow& host : hosts) {
+    if (host.networkGroup == group) continue;
+    host.networkGroup = group;
+    store.Save(host);
     const auto member = store.Find<MemberRow>(host.id);
     if (member && clusters.insert(member->cluster).second) BumpMembership(store, member->cluster);
   }
@@ -109,23 +112,16 @@ void SplitNetwork(Store& store, const std::vector<std::string>& hosts) {
   const auto all = store.List<HostRow>();
   std::int64_t group = 1;
   for (const HostRow& host : all) group = std::max(group, host.networkGroup + 1);
-  for (const std::string& name : hosts) {
-    HostRow host = RequireHost(store, name);
-    host.networkGroup = group;
-    store.Save(host);
-  }
+  std::vector<HostRow> named;
+  for (const std::string& name : hosts) named.push_back(RequireHost(store, name));
   if (std::set<std::string>(hosts.begin(), hosts.end()).size() == all.size()) {
     Refuse("No host is left to be cut off from; name some of the lab's hosts, not all.");
   }
-  BumpMemberships(store);
+  MoveToGroup(store, named, group);
 }
 
 void HealNetwork(Store& store) {
-  for (HostRow& host : store.List<HostRow>()) {
-    host.networkGroup = 0;
-    store.Save(host);
-  }
-  BumpMemberships(store);
+  MoveToGroup(store, store.List<HostRow>(), 0);
 }
 
 void StartMaintenance(Store& store, HostRow& host) {

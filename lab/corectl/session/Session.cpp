@@ -124,6 +124,10 @@ std::optional<FaultRow> Session::TakeFault(Operation operation, LateFaults lateF
   return due;
 }
 
+void Session::RequirePower(bool power) const {
+  if (!power) throw HostError("host \"" + name_ + "\" is powered off");
+}
+
 bool Session::Spend(std::int64_t id) {
   auto fault = store_.Find<FaultRow>(id);
   if (!fault) return false;

@@ -65,7 +65,11 @@ class Session {
   auto Change(Operation operation, Work&& work) {
     const auto fault = TakeFault(operation, kSpare);
     if (fault && !fault->late) Refuse(fault->message);
-    return Change(std::forward<Work>(work), fault ? &*fault : nullptr);
+    const auto onHost = [&](Store& store, HostRow& host) {
+      RequirePower(host.power);  // another process may have stopped it
+      return work(store, host);
+    };
+    return Change(onHost, fault ? &*fault : nullptr);
   }
 
   // The same for work that is no operation of the control library.
@@ -90,7 +94,8 @@ class Session {
   const std::string& GetName() const { return name_; }
   // As of the selection.
   std::int64_t GetApiVersion() const { return apiVersion_; }
-  bool IsPoweredOn() const { return power_; }
+  /// Throws `HostError` when the host is powered off.
+  void RequirePower() const { RequirePower(power_); }
   /// Returns what the host knows of its cluster, for a reading operation: as of one moment for the
   /// whole selection, until the host changes something.
   const ClusterView& GetClusterView(Operation operation);
@@ -120,6 +125,7 @@ class Session {
     }
   }
 
+  void RequirePower(bool power) const;
   HostRow ReadRow();
   /// Counts the fault down. False when another process has spent it.
   bool Spend(std::int64_t id);

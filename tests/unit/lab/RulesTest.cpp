@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <functional>
 
+#include "baselibs/HostError.h"
 #include "corectl/rules/Clusters.h"
 #include "corectl/rules/Disks.h"
 #include "corectl/rules/Hosts.h"
@@ -316,6 +317,40 @@ TEST_F(Rules, WithoutTheQuorumOnlyTheHostsOwnGoesOn) {
     EXPECT_EQ(store.Find<ClusterRow>(kNode)->generation, 2) << "founded, and a datastore";
   });
   for (const auto& change : shared) EXPECT_EQ(Refusal(change), "");
+}
+
+TEST_F(Rules, AJoinLeavesTheQuorumWhereItIs) {
+  const auto revision = [this] {
+    return Session::Current().Read(
+        [](Store& store, const HostRow&) { return store.Find<ClusterRow>(kNode)->revision; });
+  };
+  Change([](Store& store, const HostRow&) {
+    store.Save(ClusterRow{.uuid = kNode});
+    for (const char* const name : {"a1", "a2", "b1"}) {
+      AddHost(store, name, Selected().hostFiles);
+      HostRow host = *store.FindHost(name);
+      host.faultDomain = host.name.substr(0, 1);
+      store.Save(host);
+      AddMember(store, host, {.cluster = kNode});
+    }
+    SplitNetwork(store, {"b1"});
+  });
+  const auto join = [&](const char* site) {
+    return Refusal(
+        [&] { info_->JoinCluster(DovraUtil::StringToDovraUuid(kNode), true, site, false, false); });
+  };
+  EXPECT_THAT(join("b"), HasSubstr("would take the quorum from a partition with 2 of 3 votes"));
+  EXPECT_EQ(join("a"), "");
+  Change([](Store& store, const HostRow& host) { SplitNetwork(store, {host.name}); });
+  info_->ClearDatastores();  // nothing to clear needs no quorum
+  ChangeLab(HealNetwork);
+  const auto healed = revision();
+  ChangeLab(HealNetwork);
+  EXPECT_EQ(revision(), healed);
+  Change(Reboot);
+  EXPECT_THAT(Refusal([&] { info_->SetFaultDomain("c"); }), HasSubstr("0 of 3 votes"));
+  Change(Stop);  // as another process may, between two operations
+  EXPECT_THROW(info_->RestoreClusterConfig(true), BaseLibs::HostError);
 }
 
 TEST(Schema, HasANewVersionAfterAChange) {
