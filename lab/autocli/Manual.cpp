@@ -135,7 +135,7 @@ std::string Reference(Namespace& root) {
     const std::string path = Printable(PathOf(*command));
     std::string anchor = path;
     std::ranges::replace(anchor, ' ', '-');
-    contents += "- [" + path + "](#" + anchor + ")\n";
+    contents.append("- [").append(path).append("](#").append(anchor).append(")\n");
     declarations += DeclarationsOf(*command);
   }
   std::string page =
