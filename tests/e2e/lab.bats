@@ -157,7 +157,7 @@ truncate -s -100 "\$store"|the lab's store "$store" is damaged: its end is missi
 truncate -s 8192 "\$store"|the lab's store "$store" is damaged: *|dovra cluster get,dovra cluster leave
 tamper "PRAGMA user_version = 9"|the lab's store "$store" is from a newer version of autocli (9; this one knows *|dovra cluster get
 tamper "PRAGMA user_version = 1"|the lab's store "$store" is from an older version of autocli (1; this one knows *|dovra cluster get,lab reset --force
-tamper "PRAGMA foreign_keys = OFF; DELETE FROM clusters"|the lab's store "$store" is damaged: there is no cluster *|dovra cluster get,dovra faultdomain set -n x,dovra datastore clear,dovra datastore list,lab host list
+tamper "PRAGMA foreign_keys = OFF; DELETE FROM clusters"|the lab's store "$store" is damaged: there is no cluster *|dovra cluster get,dovra faultdomain set -n x,dovra datastore list,lab host list
 tamper "UPDATE clusters SET generation = $max"|the lab's store "$store" is damaged: *|dovra faultdomain set -n x,dovra datastore add -n x
 tamper "UPDATE clusters SET revision = $max"|the lab's store "$store" is damaged: *|lab host reboot
 tamper "UPDATE clusters SET generation_time = -1"|the lab's store "$store" is damaged: *|dovra cluster get
