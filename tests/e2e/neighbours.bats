@@ -39,35 +39,21 @@ knics() {
     same "[] $others" "$(agents) $(agents --host host2)"
 }
 
-@test "a stretched cluster of two sites and a witness" {
-    new_cluster
-    for host in host2 witness; do succeed lab host add --name $host; done
-    succeed dovra faultdomain set -n "site a"
-    for host in host2 witness; do succeed --host $host dovra faultdomain set --fdname site-$host; done
-    succeed --host host2 dovra cluster join -u "$cluster"
+@test "a stretched cluster follows its sites" {
+    autocli --batch "$BATS_TEST_DIRNAME/../../docs/rehearsals/stretched" >/dev/null
     preferred='dovra cluster preferredfaultdomain'
-    not_stretched() { refuse 'Cannot get preferred fault domain if host is not in a stretched cluster.' $preferred get; }
-    not_stretched
-    join="--host witness dovra cluster join -u $cluster -t -p"
-    expect 1 false '"site-witness" is not a fault domain of a data site; these are "site a" and "site-host2".' $join site-witness
+    domains=$(json '[."faultDomainName", ."faultDomainId"]' --host host2 dovra faultdomain get)
+    same "$domains" "$(json 'map(.)' --host host3 $preferred get)"
+    sites() { for host in host1 host2; do succeed --host $host dovra faultdomain "$@"; done; }
+    sites set -n 'site z'
+    refuse 'Unable to get preferred fault domain name: The witness prefers "site-a", but the data sites are "site z" and "site-b" now.' $preferred get
+    succeed --host witness dovra cluster leave
+    cluster=$(cluster_field "Sub-Cluster UUID")
+    expect 1 false '"site-a" is not a fault domain of a data site; *' --host witness dovra cluster join -u "$cluster" -t -p site-a
     expect 1 '*' 'Dovra Clustering is not enabled on this host' --host witness dovra cluster get
-    succeed $join site-host2
-
-    # Every host gives the same name to the same domain.
-    id_of() { json .faultDomainId --host "$1" dovra faultdomain get; }
-    prefers() { expect 0 "   Preferred Fault Domain Name: $1"$'\n'"   Preferred Fault Domain Id: $(id_of "$2")" '' "${@:3}" $preferred get; }
-    prefers site-host2 host2
-    succeed --host witness $preferred set -n 'site a'
-    prefers 'site a' host1 --host host2
-
-    # The site that the witness prefers is given up.
-    succeed dovra faultdomain set -n site-z
-    refuse 'Unable to get preferred fault domain name: The witness prefers "site a", but the data sites are "site-host2" and "site-z" now.' $preferred get
-    succeed --host host2 dovra faultdomain reset
-    not_stretched
-    succeed dovra cluster leave
-    succeed dovra faultdomain set --fdname=
-    expect 0 $'   faultDomainName: \n   faultDomainId: ' '' dovra faultdomain get
+    succeed --host witness dovra cluster join -u "$cluster" -t -p 'site z'
+    sites reset
+    refuse 'Cannot get preferred fault domain if host is not in a stretched cluster.' $preferred get
 }
 
 @test "a maintenance mode operation is seen and cancelled" {

@@ -153,8 +153,7 @@ END
 }
 
 @test "traces move to another volume, and the daemon takes it" {
-    succeed dovra trace set -p '/volume 2/$traces' -f 4 -s 4095 -l off
-    expect 0 $'   DOVRA Traces Directory: /volume 2/$traces\n   Number Of Files To Rotate: 4\n   Maximum Trace File Size: 4095 MB\n   Log Urgent Traces To Syslog: false' '' dovra trace get
+    succeed dovra trace set -p '/volume 2/$traces'
     conf=$AUTOCLI_LAB/hosts/host1/etc/orvane/dovra/dovratraced.conf
     # The file is the administrator's: the daemon changes its own line and nothing else of it.
     mv "$conf" "$conf.real" && ln -s "$conf.real" "$conf" && chmod 640 "$conf.real"
