@@ -51,9 +51,7 @@ shows() {
     completes 'autocli dovra storage add -d ' mpx.xhba2:C0:T{0,1,3}:L0 # the others are in use
     same $'mpx.xhba2:C0:T2:L0\tin group mpx.xhba1:C0:T1:L0' "$("$AUTOCLI" --complete 'autocli lab disk fail -d mpx.xhba2:C0:T2')"
     completes 'autocli dovra storage remove --ssd ' mpx.xhba1:C0:T1:L0
-    completes 'autocli dovra storage unmount --disk ' ''
     completes 'autocli dovra storage diskgroup unmount --disk ' mpx.xhba1:C0:T1:L0 mpx.xhba2:C0:T2:L0
-    completes 'autocli --host host2 dovra storage diskgroup unmount --disk ' ''
     completes "autocli --lab $BATS_TEST_TMPDIR/other --host " ''
     AUTOCLI_HOST=host2 completes 'autocli dovra storage remove --ssd ' ''
     succeed dovra cluster leave

@@ -167,14 +167,6 @@ tamper "UPDATE hosts SET uuid = '/../victim'"|the lab's store "$store" is damage
 tamper "DELETE FROM lab"|the lab's store "$store" is damaged: it has no name|lab host add -n x
 EOF
     cp "$BATS_TEST_TMPDIR/good" "$store"
-    link=$BATS_TEST_TMPDIR/link
-    mkdir "$BATS_TEST_TMPDIR/new"
-    ln -s "$AUTOCLI_LAB" "$link"
-    ask true "--lab $link $enabled"
-    ln -sfn new "$link"
-    ask false "--lab $link $enabled"
-    read -r <&"${batch[0]}" # why
-    ask true "$enabled"
     rm -r "$AUTOCLI_LAB"
     ask false "$enabled"
 }
