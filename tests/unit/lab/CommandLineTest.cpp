@@ -1,14 +1,62 @@
 #include <gtest/gtest.h>
 
-#include "Parameters.h"
 #include "baselibs/Strings.h"
 #include "clitools/CommandLine.h"
 
 namespace {
 
 using namespace CliTools;
+using namespace CliTools::CallSpec;
 
 using Words = std::vector<std::string>;
+
+const Words kRoles = {"witness", "node"};
+
+std::shared_ptr<InputSpec> MakeSpec() {
+  const auto roles = ParameterConstraint::New(ParameterConstraintType::kStringEnum);
+  for (const std::string& role : kRoles) roles->AddStringEnum(role, "");
+  const auto range = ParameterConstraint::New(ParameterConstraintType::kIntRange);
+  range->SetIntRange(0, 512);
+  const auto spec = InputSpec::New();
+  const auto add = [&](const char* name, const char* letter, ParameterType type,
+                       std::shared_ptr<ParameterConstraint> constraint = nullptr) {
+    const auto parameter = ParameterSpec::New(name, type);
+    parameter->SetShortName(letter);
+    parameter->SetRequired(name == std::string("uuid"));
+    parameter->SetConstraint(std::move(constraint));
+    spec->AddParameter(parameter);
+  };
+  add("uuid", "u", ParameterType::kString);
+  add("uuid-file", "?", ParameterType::kString);
+  add("type", "t", ParameterType::kString, roles);
+  add("roles", "r", ParameterType::kStringList, roles);
+  add("level", "l", ParameterType::kInt, range);
+  add("port", "p", ParameterType::kInt);
+  add("enabled", "e", ParameterType::kBool);
+  add("wait-time", "", ParameterType::kInt);
+  add("wait", "w", ParameterType::kFlag);
+  add("boot", "b", ParameterType::kFlag);
+  add("disks", "d", ParameterType::kStringList);
+  return spec;
+}
+
+/// Returns words that give these values, in the order of the parameters, as "--name=value".
+Words WriteOut(const InputSpec& spec, const Input& input) {
+  Words words;
+  for (const auto& parameter : spec.GetParameters()) {
+    const std::string& name = parameter->GetName();
+    if (!input.HasParameter(name)) continue;
+    const ParameterType type = parameter->GetType();
+    Words values;
+    if (type == ParameterType::kString) values = {input.GetParameter(name)};
+    if (type == ParameterType::kInt) values = {std::to_string(input.GetParameterInt(name))};
+    if (type == ParameterType::kBool) values = {input.GetParameterBool(name) ? "true" : "false"};
+    if (type == ParameterType::kStringList) input.GetParameterList(name, values);
+    if (type == ParameterType::kFlag) words.push_back("--" + name);
+    for (const std::string& value : values) words.push_back("--" + name + '=' + value);
+  }
+  return words;
+}
 
 /// Returns the parsed values or the error message.
 std::string Parse(const InputSpec& spec, const Words& words) try {
@@ -28,8 +76,8 @@ TEST(CommandLine, TakesOptionsAsAdministratorsTypeThem) {
       {{"--uuid=", "-d", ""}, "--uuid= --disks="},
       {{"-u", " [a,b] \n\"'\\"}, "--uuid= [a,b] \n\"'\\"},
       {{"-d", "b,c", "-u1", "--disks=[a]", "-d-"}, "--uuid=1 --disks=b,c --disks=[a] --disks=-"},
-      {{"-uX", "-rnode", "-r", "witness", "-tnode"},
-       "--uuid=X --type=node --roles=node --roles=witness"},
+      {{"-uX", "-rnode", "-r", "witness", "-tnode", "-l0"},
+       "--uuid=X --type=node --roles=node --roles=witness --level=0"},
       {{"-u1", "-p-9223372036854775808", "-l512"},
        "--uuid=1 --level=512 --port=-9223372036854775808"},
   };

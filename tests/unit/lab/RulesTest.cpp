@@ -181,9 +181,11 @@ TEST_F(Rules, DisksTakeTheStateOfTheirGroup) {
 TEST_F(Rules, TheLibraryTrustsNoCaller) {
   info_->CreateCluster(kNode, true, false);
   const auto cluster = DovraUtil::StringToDovraUuid(kNode);
+  const Strings twice = {kOne, kOne};
   const std::pair<std::function<void()>, const char*> cases[] = {
       {[&] { info_->SetResyncThrottle(513); }, "between 0 and 512"},
       {[&] { info_->SetPolicyDefault("none", "iopsLimit=1"); }, "none"},
+      {[&] { info_->AddDisks(kSsd, twice); }, "given twice"},
       {[&] { info_->AddDisks(kSsd, {kSsd}); }, "given twice"},
       {[&] { info_->RemoveDisk(kSsd, "none"); }, "none"},
       {[&] { info_->JoinCluster(cluster, false, "", false, false); }, "in cluster"},
