@@ -306,7 +306,7 @@ TEST_F(Rules, WithoutTheQuorumOnlyTheHostsOwnGoesOn) {
 }
 
 TEST_F(Rules, AJoinLeavesTheQuorumWhereItIs) {
-  const auto revision = [this] {
+  const auto revision = [] {
     return Session::Current().Read(
         [](Store& store, const HostRow&) { return store.Find<ClusterRow>(kNode)->revision; });
   };
