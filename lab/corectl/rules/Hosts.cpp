@@ -113,6 +113,7 @@ void SplitNetwork(Store& store, const std::vector<std::string>& hosts) {
   std::int64_t group = 1;
   for (const HostRow& host : all) group = std::max(group, host.networkGroup + 1);
   std::vector<HostRow> named;
+  named.reserve(hosts.size());
   for (const std::string& name : hosts) named.push_back(RequireHost(store, name));
   if (std::set<std::string>(hosts.begin(), hosts.end()).size() == all.size()) {
     Refuse("No host is left to be cut off from; name some of the lab's hosts, not all.");
