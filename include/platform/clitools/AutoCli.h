@@ -120,9 +120,9 @@ class Command : public CommandSpec, public CallSpec::CallTarget {
   Command();
 };
 
-/// Runs `command` with the shell, writes `input` to its standard input, waits for it, and replaces
-/// `output` by its standard output and standard error. Returns its exit status, 128
-/// plus the number of the signal that ended it, or -1 when it could not be run. May throw
+/// Runs `command` with `/bin/sh -c`, writes `input` to its standard input, waits for it, and
+/// replaces `output` by its standard output and standard error. Returns its exit status, 128 plus
+/// the number of the signal that ended it, or -1 when it could not be run. May throw
 /// `DovraCtlException`, which callers handle; throws nothing when `command` fails.
 int AutoCli_ShellCmd(const std::string& command, std::string& output, const std::string& input);
 

@@ -47,8 +47,8 @@ class DovraUtil {
 
   /// Runs the program at the path `command` with one argument, not through a shell, and waits.
   /// Returns its exit status, 128 plus the number of the signal that ended it, or a negative number
-  /// when it could not be run; its output is not shown. The flags are reserved; callers pass false,
-  /// true, false.
+  /// when it could not be run, which throws nothing; its output is not shown. The flags are
+  /// reserved; callers pass false, true, false.
   static int DovraExec(const std::string& command, const std::string& argument, bool reserved1,
                        bool reserved2, bool reserved3);
 

@@ -32,7 +32,8 @@ class DovraInfo {
   using DiskLuns = std::vector<std::shared_ptr<DovraDiskLun>>;
   using Datastores = std::vector<std::shared_ptr<DovraDatastore>>;
 
-  /// Fills `luns` with every disk device of the cluster that this host sees.
+  /// Fills `luns` with every disk device of the cluster that this host sees. Needs no information
+  /// object; callers destroy the handles after theirs.
   static void GetDovraDisks(DiskLuns& luns);
 
   virtual ~DovraInfo();
@@ -91,19 +92,21 @@ class DovraInfo {
   /// then.
   virtual void RemoveKnic(const std::string& name, bool force, const std::string& trafficType) = 0;
   /// Makes the storage service take over the changed list of agents. Called after adding a node,
-  /// not after adding a witness, and where `RemoveUnicastAgent` asks for it.
+  /// not after adding a witness, which the library takes over itself, and where
+  /// `RemoveUnicastAgent` asks for it.
   virtual void RefreshUnicastAgents() = 0;
-  /// Adds a peer that this host reaches by unicast. The nil UUID stands for a witness whose UUID is
-  /// not known. Callers check that there is no witness yet. The library throws for a malformed
-  /// UUID, a node's nil UUID, and a UUID or an address and port that another agent has. `port` is
-  /// any 32-bit number. `boundInterface` counts only with `hasBoundInterface`.
-  /// `extra` is for the library; callers pass the empty string.
+  /// Adds a peer that this host reaches by unicast. The nil UUID, 36 characters and never an
+  /// empty string, stands for a witness whose UUID is not known. Callers check that there is no
+  /// witness yet. The library throws for a malformed UUID, a node's nil UUID, and a UUID or an
+  /// address and port that another agent has. `port` is any 32-bit number. `boundInterface` counts
+  /// only with `hasBoundInterface`. `extra` is for the library; callers pass the empty string.
   virtual void AddUnicastAgent(const std::string& nodeUuid, bool isWitness, bool supportsUnicast,
                                const DovraIpAddress& address, std::int32_t port,
                                bool hasBoundInterface, const std::string& boundInterface,
                                const std::string& extra) = 0;
-  /// Removes a peer; the nil UUID stands for any at the address and port. Throws when there is
-  /// none. Returns false when the caller has to call `RefreshUnicastAgents`.
+  /// Removes the peer with this UUID, address and port; the nil UUID stands for any at the address
+  /// and port. Throws when there is none. Returns false when the caller has to call
+  /// `RefreshUnicastAgents`.
   virtual bool RemoveUnicastAgent(const std::string& nodeUuid, const DovraIpAddress& address,
                                   std::int32_t port) = 0;
   /// Fills `entries`, one for each agent: node UUID, whether it is a witness, whether it supports
@@ -141,7 +144,7 @@ class DovraInfo {
   virtual const DovraClusterConfig& GetClusterConfig() = 0;
   /// Puts this host into the fault domain. The name is not empty and has at most 256 bytes.
   virtual void SetFaultDomain(const std::string& name) = 0;
-  /// Puts this host into the default fault domain.
+  /// Puts this host into the default fault domain, which means into none.
   virtual void ResetFaultDomain() = 0;
   /// Empty when the host is in the default fault domain.
   virtual std::string GetFaultDomainName() = 0;
@@ -150,7 +153,8 @@ class DovraInfo {
   virtual void RemoveCapacityFlashTag(const std::string& disk) = 0;
 
   // Policies and datastores. `policyClass` is spelled as `StringToDovraPolicyClass` takes it. An
-  // empty UUID stands for the default datastore in `GetDatastoreName` and `SetDatastoreName`.
+  // empty UUID stands for the default datastore in `GetDatastoreName` and `SetDatastoreName`, which
+  // throw for a UUID that no datastore has.
 
   /// Removes the default policy of every class.
   virtual void ClearPolicyDefaults() = 0;
@@ -166,7 +170,7 @@ class DovraInfo {
   /// Returns whether the interface is configured for "dovra" or "witness" traffic.
   virtual bool IsKnicInUse(const std::string& name, const std::string& trafficType) = 0;
   /// Fills `disks` with the disks that the storage service knows of, on this host or others, in any
-  /// order.
+  /// order. `GetDiskInfo` answers for each of them.
   virtual void GetDiskUuids(std::vector<Uuid>& disks) = 0;
   /// Sets the policy of objects of the class that are made without one. Throws when the class or
   /// the policy is not valid.
@@ -183,7 +187,8 @@ class DovraInfo {
 };
 
 /// The newer network operations. `GetDovraInfo` returns an object that is a `DovraInfo2` where the
-/// library has them; callers find out by `dynamic_cast`.
+/// library has them; callers find out by `dynamic_cast`. A library without them defines the classes
+/// all the same, because the plug-in refers to them when it is loaded.
 class DovraInfo2 : public virtual DovraInfo {
  public:
   ~DovraInfo2() override;

@@ -13,7 +13,7 @@ namespace HostCtl {
 class DovraPlugin {
  public:
   /// Returns a new information object; null when the service has none. The caller owns it and
-  /// destroys it before this object.
+  /// destroys it before this object. May throw `DovraCtlException`.
   virtual std::unique_ptr<Dovra::DovraInfo> GetDovraInfo() = 0;
   virtual ~DovraPlugin();
 };

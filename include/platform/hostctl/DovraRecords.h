@@ -40,7 +40,7 @@ struct DovraIpAddress {
 };
 
 struct DovraClusterConfig {
-  bool enabled = false;
+  bool enabled = false;     ///< the host is in a cluster; callers decide by it what to call
   std::string clusterUuid;  ///< empty when `enabled` is false
 };
 
@@ -69,7 +69,7 @@ class DovraDatastore {
   bool isDefault_;
 };
 
-/// A disk device of this host that belongs to the cluster. The order of its virtual functions is
+/// A disk device of the cluster that this host sees. The order of its virtual functions is
 /// binary interface: `GetUuid` is the first, so the destructor follows the others.
 class DovraDiskLun {
  public:
@@ -84,7 +84,7 @@ struct DovraDiskInfo {
   std::string deviceName;
   bool isFlash = false;
   std::string uuid;
-  std::string diskGroupUuid;
+  std::string diskGroupUuid;  ///< the UUID of the group's flash device
   std::string diskGroupName;
   std::string vendor;
   std::string model;
