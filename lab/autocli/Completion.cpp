@@ -94,7 +94,7 @@ void CompleteLine(const std::string& line) noexcept {
               CliTools::Printable(candidate.description) + '\n';
     }
     Print(text);
-  } catch (...) {  // without candidates
+  } catch (...) {  // Print nothing: a message would garble the prompt.
   }
 }
 

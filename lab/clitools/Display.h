@@ -44,7 +44,7 @@ std::string ValidUtf8(std::string_view text);
 /// separators and direction marks are escaped (\n, \x1b, \u202e).
 std::string Printable(std::string_view text);
 
-/// Returns `text` with lower-case letters for upper-case ones of ASCII.
+/// Returns `text` with its ASCII letters in lower case.
 std::string LowerCase(std::string_view text);
 
 /// Returns `Printable(text)` in double quotes.

@@ -46,7 +46,7 @@ not_enabled() { expect 1 '*' 'Dovra Clustering is not enabled on this host' "$@"
     refuses 'The nil UUID names no cluster.' host2 $nil
     succeed --host host2 dovra cluster join -u "$cluster" -t -p a
     refuses "Cluster $cluster has a witness already." host3 "$cluster" -t -p a
-    # None of them left anything behind.
+    # The refused joins changed nothing.
     same 2 "$(revision)"
     not_enabled --host host3
 }

@@ -50,7 +50,7 @@ as_user() {
     hosts=$AUTOCLI_LAB/hosts
     cd "$hosts"
     mkdir mine empty
-    succeed lab host add --name empty # nothing is lost with that
+    succeed lab host add --name empty # an empty directory may be replaced
     succeed lab host remove --name empty
     echo mine >mine/file
     cp host2/.autocli-host mine
@@ -118,7 +118,7 @@ as_user() {
     run=$AUTOCLI_LAB/hosts/host1/var/run
     mkdir -p "$run"
     (touch "$run/dovratraced.json.new-$BASHPID" && exec "$AUTOCLI" lab traced set -s running) # a kill left it
-    # A kill before a host's root got its name: the root keeps its hidden name until a command writes.
+    # As after a kill before the root was renamed: it has its hidden name until a command writes.
     uuid=$(host_uuid host1)
     mv "$AUTOCLI_LAB/hosts/host1" "$AUTOCLI_LAB/hosts/.$uuid"
     cp -r "$AUTOCLI_LAB/hosts/host2" "$AUTOCLI_LAB/hosts/host1"

@@ -16,7 +16,7 @@ std::int64_t MillisecondsNow() {
   return duration_cast<milliseconds>(system_clock::now().time_since_epoch()).count();
 }
 
-/// Adds its host to each row. `known` spares reading that host.
+/// Pairs each row with its host. Uses `known` for that host's row instead of reading the store.
 std::vector<Member> WithHosts(Store& store, std::vector<MemberRow> rows, const HostRow& known) {
   std::vector<Member> members;
   for (MemberRow& row : rows) {

@@ -39,12 +39,12 @@ void SetMounted(Store& store, const HostRow& host, const DiskRow& disk, bool mou
 
 void SetCapacityTag(Store& store, const HostRow& host, const std::string& device, bool tagged);
 
-/// With auto claim on and the host up, claims every empty disk: makes a group of each flash disk as
-/// long as there is a capacity disk for it, and spreads the other capacity disks over all groups.
+/// With auto claim on and the host up, claims empty disks: pairs each flash disk with a capacity
+/// disk in a new group, and spreads the other capacity disks over all groups that are not full.
 /// Skips a group whose cache device is lost.
 void AutoClaim(Store& store, const HostRow& host);
 
-/// Adds an empty disk to the host. All empty disks are claimed then, as in `AutoClaim`.
+/// Adds an empty disk to the host, then claims empty disks as `AutoClaim` does.
 void PlugIn(Store& store, const HostRow& host, const std::string& device, bool flash);
 
 // Events of a disk. A lost disk (failed or unplugged) is out of use until it is replugged or

@@ -96,8 +96,8 @@ class Session {
   std::int64_t GetApiVersion() const { return apiVersion_; }
   /// Throws `HostError` when the host is powered off.
   void RequirePower() const { RequirePower(power_); }
-  /// Returns what the host knows of its cluster, for a reading operation: as of one moment for the
-  /// whole selection, until the host changes something.
+  /// Returns what the host knows of its cluster: read once, and again after the host has changed
+  /// something. Throws `DovraCtlException` when a fault is injected into the operation.
   const ClusterView& GetClusterView(Operation operation);
   /// Returns the disks that the host knows: the same view as long as a caller holds it, until the
   /// host changes something.
