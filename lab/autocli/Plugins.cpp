@@ -54,8 +54,8 @@ void LoadPlugin(const fs::path& plugin, const std::shared_ptr<CliTools::AutoCli:
   // Opening a FIFO would wait for a writer.
   if (fs::exists(status) && !fs::is_regular_file(status))
     Refuse(plugin, "it is not a regular file");
-  // Never closed: the tree refers to the plug-in.
-  void* const handle = dlopen(plugin.c_str(), RTLD_LAZY | RTLD_LOCAL);
+  // The tree refers to the plug-in, which must stay loaded even if it closes itself.
+  void* const handle = dlopen(plugin.c_str(), RTLD_LAZY | RTLD_LOCAL | RTLD_NODELETE);
   if (handle == nullptr) Refuse(plugin, dlerror());
   void* const entry = FindFunction(handle, "AutoCli_RegisterNamespaces");
   if (entry == nullptr) Refuse(plugin, "it has no function AutoCli_RegisterNamespaces");

@@ -1,4 +1,6 @@
 // A plug-in whose command, `odd`, breaks the rule for plug-ins that the variable FAULT names.
+#include <dlfcn.h>
+
 #include "baselibs/Environment.h"
 #include "corectl/rules/Hosts.h"
 #include "corectl/session/Session.h"
@@ -93,6 +95,14 @@ struct EarlyParent final : Namespace {
   }
 };
 
+void CloseMyself() {
+  Dl_info info;
+  dladdr(reinterpret_cast<const void*>(&CloseMyself), &info);
+  void* const handle = dlopen(info.dli_fname, RTLD_NOW | RTLD_NOLOAD);
+  dlclose(handle);
+  dlclose(handle);
+}
+
 struct BareNode final : CliTools::AutoCli::NamespaceNode {};
 
 }  // namespace
@@ -101,6 +111,7 @@ extern "C" void AutoCli_RegisterNamespaces(const std::shared_ptr<Namespace>& roo
   const std::string fault = Fault();
   if (fault == "has no licence") throw std::runtime_error("no licence");
   if (fault == "throws a number at once") throw 7;
+  if (fault == "closes itself") CloseMyself();
   if (fault == "raw strings") {
     const auto space = Namespace::New();
     space->SetDescription(kRaw);

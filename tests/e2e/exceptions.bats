@@ -30,6 +30,7 @@ no value|$plugin is broken: "odd" returns a field without a value
 no value in the pattern|$plugin is broken: "odd" returns a field without a value
 part of itself|$plugin is broken: "odd" returns a value that contains itself
 EOF
+    FAULT='closes itself' expect 0 '' '' --plugin-dir "$FAULTY_PLUGINS" odd
     succeed lab host remove --name host2
     same host1 "$(ls -A "$AUTOCLI_LAB/hosts")" # nor files of a host that never came
 }
