@@ -3,6 +3,7 @@ load common
 
 @test "a wrong command line is refused in words that name what is allowed" {
     wrong 'a command is missing; known here: dovra, lab (more: autocli --help)'
+    wrong 'a command is missing; *' --host host1
     wrong 'dovra faultdomain: a command is missing; known here: set, get, reset (more: autocli dovra faultdomain --help)' dovra faultdomain
     wrong "dovra cluster new: --formatter: \"csv\" cannot show this command's result; allowed: simple, json" --formatter csv dovra cluster new
     wrong '*did you mean "AddDisks", "AddUnicastAgent" or "AddCapacityFlashTag"?*' lab fault add --operation Add --message x
@@ -11,6 +12,7 @@ load common
     wrong 'dovra trace get: --plugin-dir goes before the command' dovra trace get --plugin-dir x
     wrong 'Unknown option "--bogus"; *' dovra cluster --bogus
     wrong 'there is no "diskgroup"; did you mean "dovra storage diskgroup"? *' diskgroup
+    wrong 'Invalid value "nonsense" for --reference: expected one of markdown' --reference nonsense
     wrong 'Invalid value "ksh" for --completion: expected one of bash, zsh, fish' --completion ksh
     wrong '--batch and --list do not go together' --list --batch x
     wrong 'dovra cluster get: --echo goes with --batch' dovra cluster get --echo

@@ -180,6 +180,10 @@ TEST(Partitions, KeepTheirPromisesInEverySmallCluster) {
       Cluster cluster = MakeCluster(sites, hasWitness);
       Walk(cluster, "");
       if (HasFailure()) return;
+      const Partitions whole = PartitionsOf(cluster);  // everything is mended
+      ASSERT_EQ(whole.size(), 1U);
+      EXPECT_EQ(whole[0].members.size(), cluster.size());
+      EXPECT_EQ(whole[0].GetHealth() == "HEALTHY", !sites.empty());
     }
   }
 }

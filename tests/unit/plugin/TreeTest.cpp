@@ -68,6 +68,15 @@ TEST(CommandTree, CompletesANamespaceBeforeItsParentLearnsOfIt) {
   EXPECT_EQ(CommandPaths(*root), Strings{"outer leaf"});
 }
 
+TEST(CommandTree, RefusesARowThatDoesNotFollowItsNamespace) {
+  for (const std::string stray : {"dvora b", "dovra x b", "dovrab", "dovra"}) {
+    const Node nodes[] = {{"dovra a", ""}, {stray, ""}, {"dovra c", ""}};
+    EXPECT_THAT(
+        [&] { Register(nodes, *Namespace::New(), "dovra"); },
+        testing::ThrowsMessage<std::logic_error>("the tree has no namespace for \"" + stray + '"'));
+  }
+}
+
 TEST(Command, HasItsVirtualFunctionsInOrder) {
   EXPECT_EQ(AnyCommand::Slots(), (std::vector<std::size_t>{2, 3, 4}));
 }
