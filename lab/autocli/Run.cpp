@@ -96,13 +96,16 @@ Call PrepareCall(Command& command, const CliTools::CallSpec::InputSpec& input,
   }
 }
 
-/// Asks on the terminal whether to go on. Throws `UsageError` when there is no terminal.
+/// Asks on the terminal whether to go on with a command that has this consequence for the selected
+/// lab. Throws `UsageError` when there is no terminal.
 bool IsConfirmed(const Command& command, const std::string& consequence) {
+  const std::string warning =
+      consequence + " The lab is in " + CliTools::Quote(Lab::Selected().directory.string()) + '.';
   if (isatty(STDIN_FILENO) == 0 || isatty(STDERR_FILENO) == 0) {
-    throw UsageError(CliTools::PathOf(command) + ": " + consequence +
+    throw UsageError(CliTools::PathOf(command) + ": " + warning +
                      " Without a terminal to ask on, it takes --force");
   }
-  std::fprintf(stderr, "%s Go on? [y/N] ", CliTools::Printable(consequence).c_str());
+  std::fprintf(stderr, "%s Go on? [y/N] ", CliTools::Printable(warning).c_str());
   const int answer = std::getchar();
   int last = answer;
   // The rest of the line is not a line of a batch.
@@ -144,10 +147,8 @@ bool IsEmptyList(const MetaObject& result) {
 ExitStatus RunCommand(Command& command, const Call& call, const Options& options) {
   SelectLab(call.options);
   const std::string consequence = command.GetMetaDataField("confirm");
-  const std::string lab =
-      " The lab is in " + CliTools::Quote(Lab::Selected().directory.string()) + '.';
   if (!consequence.empty() && !call.input->IsFlagSet("force") &&
-      !IsConfirmed(command, consequence + lab)) {
+      !IsConfirmed(command, consequence)) {
     PrintError(options.location + "Nothing was done.");
     return kCommandFailed;
   }
