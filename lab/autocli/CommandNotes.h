@@ -3,7 +3,7 @@
 //   "examples": lines in pairs, "# PURPOSE" and a command line;
 //   "values": "PARAMETER=LIST" separated by commas, where LIST is one of `CompletionValues`;
 //   "scope": "lab" for a command on the whole lab, which takes no --host;
-//     "bench" for one that works on a host from outside, powered off or not;
+//     "external" for one that works on a host from outside, powered off or not;
 //     none for one that runs on the host;
 //   "columns": the fields that a table shows unless a formatter is named, separated by commas.
 // The commands below `dovra` have the first two in `CommandNotes.cpp` instead.

@@ -86,8 +86,7 @@ std::vector<StructPtr> ListHosts(Store& store) {
 
 // lab status.
 
-/// Returns the first reason why the host does not take part in its cluster. Empty when there is
-/// none.
+/// Returns the host's first problem, the gravest first. Empty when there is none.
 const char* ProblemOf(const Member& one, const std::vector<Member>& members,
                       const Partition& partition, const DiskCount& disks) {
   if (!one.host.power) return "stopped";

@@ -17,7 +17,7 @@ class LabCommand : public Command {
   LabCommand(const CommandRow& row, const char* type, bool takesHost) : row_(row) {
     SetDescription(row.description);
     SetMetaDataField("type", type);
-    SetMetaDataField("scope", takesHost ? "bench" : "lab");
+    SetMetaDataField("scope", takesHost ? "external" : "lab");
     SetMetaDataField("examples", row.examples);
     std::string values;
     for (const ParameterRow& parameter : row.parameters) {

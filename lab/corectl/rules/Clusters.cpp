@@ -74,18 +74,18 @@ Quorum RequireQuorum(Store& store, const HostRow& host, const std::string& clust
   const auto own = std::ranges::find(members, host.id, [](const Member& m) { return m.host.id; });
   if (joining && own != members.end()) own->row.running = true;
   const Partition partition = PartitionOf(members, one);
-  if (partition.HasQuorum()) {
-    Quorum quorum{partition.GetVotes(), {}};
-    for (const Member* const member : partition.members) {
-      if (member->row.witness || member->host.id == host.id) continue;
-      quorum.others.push_back(member->host.uuid);
-    }
-    return quorum;
+  if (!partition.HasQuorum()) {
+    Refuse(
+        "There is no quorum: this host reaches " + partition.GetVotes() +
+        " votes of the cluster. Joining, datastores and fault domains need more than half of them, "
+        "and a data host.");
   }
-  Refuse(
-      "There is no quorum: this host reaches " + partition.GetVotes() +
-      " votes of the cluster. Joining, datastores and fault domains need more than half of them, "
-      "and a data host.");
+  Quorum quorum{partition.GetVotes(), {}};
+  for (const Member* const member : partition.members) {
+    if (member->row.witness || member->host.id == host.id) continue;
+    quorum.others.push_back(member->host.uuid);
+  }
+  return quorum;
 }
 
 void RequireWhole(Store& store, const HostRow& host, const std::string& cluster) {

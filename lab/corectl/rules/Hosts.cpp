@@ -27,7 +27,7 @@ void RequirePower(const HostRow& host) {
   if (!host.power) Refuse("Host " + host.name + " is powered off.");
 }
 
-/// Moves the hosts to a network group, and their clusters' memberships with them.
+/// Moves the hosts to a network group, and records that their clusters' partitions changed.
 void MoveToGroup(Store& store, std::vector<HostRow> hosts, std::int64_t group) {
   std::set<std::string> clusters;
   for (HostRow& host : hosts) {
