@@ -95,18 +95,18 @@ class DovraInfo {
   /// not after adding a witness, which the library takes over itself, and where
   /// `RemoveUnicastAgent` asks for it.
   virtual void RefreshUnicastAgents() = 0;
-  /// Adds a peer that this host reaches by unicast. The nil UUID, 36 characters and never an
-  /// empty string, stands for a witness whose UUID is not known. Callers check that there is no
-  /// witness yet. The library throws for a malformed UUID, a node's nil UUID, and a UUID or an
-  /// address and port that another agent has. `port` is any 32-bit number. `boundInterface` counts
-  /// only with `hasBoundInterface`. `extra` is for the library; callers pass the empty string.
+  /// Adds a peer that this host reaches by unicast. The nil UUID, written out in 36 characters,
+  /// stands for a witness whose UUID is not known. Callers check that there is no witness yet. The
+  /// library throws for a malformed UUID, a node's nil UUID, and a UUID or an address and port that
+  /// another agent has. `port` is any 32-bit number. `boundInterface` counts only with
+  /// `hasBoundInterface`. `extra` is for the library; callers pass the empty string.
   virtual void AddUnicastAgent(const std::string& nodeUuid, bool isWitness, bool supportsUnicast,
                                const DovraIpAddress& address, std::int32_t port,
                                bool hasBoundInterface, const std::string& boundInterface,
                                const std::string& extra) = 0;
-  /// Removes the peer with this UUID, address and port; the nil UUID stands for any at the address
-  /// and port. Throws when there is none. Returns false when the caller has to call
-  /// `RefreshUnicastAgents`.
+  /// Removes the peer at the address and port. The nil UUID stands for any peer there; whether
+  /// another UUID must match is the library's choice. Throws when there is none. Returns false when
+  /// the caller has to call `RefreshUnicastAgents`.
   virtual bool RemoveUnicastAgent(const std::string& nodeUuid, const DovraIpAddress& address,
                                   std::int32_t port) = 0;
   /// Fills `entries`, one for each agent: node UUID, whether it is a witness, whether it supports

@@ -69,8 +69,8 @@ class DovraDatastore {
   bool isDefault_;
 };
 
-/// A disk device of the cluster that this host sees. The order of its virtual functions is
-/// binary interface: `GetUuid` is the first, so the destructor follows the others.
+/// A disk device of the cluster that this host sees. The order of its virtual functions is binary
+/// interface: `GetUuid` is the first, so the destructor follows the others.
 class DovraDiskLun {
  public:
   // Both throw `DovraCtlException` when the device does not answer. A throw ends the listing.
