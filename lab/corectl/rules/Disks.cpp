@@ -22,7 +22,8 @@ std::string Quoted(const std::string& text) {
 DiskRow RequireDevice(Store& store, const HostRow& host, const std::string& device) {
   auto disk = store.Find<DiskRow>(host.id, device);
   if (!disk || disk->unplugged) {
-    Refuse("Host " + host.name + " has no disk " + Quoted(device) + ".");
+    Refuse("Host " + host.name + " has no disk " + Quoted(device) +
+           (disk ? ": it is unplugged." : "."));
   }
   return *disk;
 }
@@ -241,9 +242,6 @@ void Fail(Store& store, const HostRow& host, const std::string& device) {
 }
 
 void Unplug(Store& store, const HostRow& host, const std::string& device) {
-  if (store.Find<DiskRow>(host.id, device).value_or(DiskRow()).unplugged) {
-    Refuse("Disk " + Quoted(device) + " is unplugged already.");
-  }
   DiskRow disk = RequireDevice(store, host, device);
   disk.unplugged = true;
   Lose(store, disk);
