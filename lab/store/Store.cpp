@@ -153,7 +153,9 @@ void Store::SetKnicsRunning(std::int64_t host, bool running) {
 
 DiskCount Store::CountDisks(std::int64_t host) {
   Query query = database_->Prepare(
-      "SELECT total(NOT failed), total(failed) FROM disks WHERE host = ? AND NOT unplugged", host);
+      "SELECT total(NOT failed AND NOT unplugged), total(failed OR unplugged) FROM disks"
+      " WHERE host = ? AND NOT (unplugged AND uuid IS NULL)",
+      host);
   query.Step();
   return {query.Int(0), query.Int(1)};
 }

@@ -109,7 +109,8 @@ class Store {
   bool IsIsolated(std::int64_t host);
   /// Puts every persisted interface of the host into effect, or out of it.
   void SetKnicsRunning(std::int64_t host, bool running);
-  /// Counts the disks that are plugged into the host.
+  /// Counts the disks that are plugged into the host, and those of its disk groups that no longer
+  /// are, as failed.
   DiskCount CountDisks(std::int64_t host);
   /// Returns the host's disks that are in use, in any order.
   std::vector<DiskRow> ListClaimedDisks(std::int64_t host);

@@ -210,6 +210,11 @@ TEST_F(Rules, ALostDiskIsOutOfUseUntilItIsBack) {
   lose(Unplug, kOne);
   EXPECT_THAT(ListDisks(),
               ElementsAre("Unknown unmounted away known", kSsd + " known", kTwo + " known"));
+  lose(Unplug, "mpx.xhba2:C0:T3:L0");  // an empty one, which nobody misses
+  Change([](Store& store, const HostRow& host) {
+    EXPECT_EQ(store.CountDisks(host.id).ok, 4);
+    EXPECT_EQ(store.CountDisks(host.id).failed, 1);
+  });
   EXPECT_EQ(mount(), "Host host1 has no disk \"" + kOne + "\": it is unplugged.");
   lose(Replug, kOne);
   EXPECT_THAT(Refusal([&] { lose(Replug, kOne); }), HasSubstr("has no unplugged disk"));
