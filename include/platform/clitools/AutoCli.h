@@ -64,13 +64,15 @@ class CommandSpec : public NamespaceNode {
   /// Sets the formatter that shows a record or a list of records: "simple", a line per field, or
   /// "table", a line per record. Without one, the result is shown as a bare value.
   void SetDefaultOutputFormatter(std::string formatter);
-  /// Sets a parameter of the formatter. Setting a key again replaces its value. The keys are:
-  /// "header:" + structure name: the caption, which "simple" shows before each record; "table" may
-  /// show it once. "%Field%" stands for the value of that field.
-  /// "fields:" + structure name: the names of the fields to show, in order, joined by commas;
-  /// blanks around a name are not part of it. Without it, every field is shown. "units:" +
-  /// structure name + "." + field name: the unit, shown after the value. A truth value is shown as
-  /// "true" or "false", a list in a field as its strings, joined by commas.
+  /// Sets a parameter of the formatter. Setting a key again replaces its value. The keys, with a
+  /// structure's name for NAME and one of its fields for FIELD:
+  /// - "header:NAME": the caption, which "simple" shows before each record; "table" may show it
+  ///   once. "%FIELD%" in it stands for the field's value.
+  /// - "fields:NAME": the fields to show, in order, joined by commas; blanks around a field are not
+  ///   part of it. Without it, every field is shown.
+  /// - "units:NAME.FIELD": the field's unit, shown after the value.
+  /// Every record has the fields named. A truth value is shown as "true" or "false", a list in a
+  /// field as its strings, joined by commas.
   void SetDefaultOutputParameter(const std::string& key, std::string value);
 
   bool HasNamespaceNode(const std::string& name) const;
@@ -120,10 +122,11 @@ class Command : public CommandSpec, public CallSpec::CallTarget {
   Command();
 };
 
-/// Runs `command` with `/bin/sh -c`, writes `input` to its standard input, waits for it, and
-/// replaces `output` by its standard output and standard error. Returns its exit status, 128 plus
-/// the number of the signal that ended it, or -1 when it could not be run. May throw
-/// `DovraCtlException`, which callers handle; throws nothing when `command` fails.
+/// Runs `command` with `/bin/sh -c`, writes `input` to its standard input, waits until the shell
+/// ends, but not for what it leaves running, and replaces `output` by what went to standard output
+/// and standard error until then. Returns the shell's exit status, 128 plus the number of the
+/// signal that ended it, or -1 when it could not be run. May throw `DovraCtlException`, which
+/// callers handle; throws nothing when `command` fails.
 int AutoCli_ShellCmd(const std::string& command, std::string& output, const std::string& input);
 
 }  // namespace CliTools::AutoCli

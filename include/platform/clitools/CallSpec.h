@@ -28,7 +28,8 @@ enum class ParameterType {
 
 enum class ParameterConstraintType { kIntRange = 1, kStringEnum = 3 };
 
-/// The values that a parameter may take. The framework rejects others before the command runs.
+/// The values that a parameter may take. The framework rejects others before the command runs. Only
+/// strings have a `kStringEnum`, and only numbers a `kIntRange`.
 class ParameterConstraint {
  public:
   static std::shared_ptr<ParameterConstraint> New(ParameterConstraintType type);
@@ -65,8 +66,8 @@ class ParameterSpec {
   void SetShortName(std::string letter);
   /// The framework rejects a call that lacks a required parameter.
   void SetRequired(bool required);
-  /// Sets the help text. The framework replaces "%ENUM%" in it by the values that the constraint
-  /// allows, or by the bounds of a range. autocli writes "a, b, c" and "0 to 512".
+  /// Sets the help text. The framework replaces "%ENUM%" in it by what the constraint allows:
+  /// strings, for example as "a, b, c", or the bounds of a range, for example as "0 to 512".
   void SetDescription(std::string text);
   void SetConstraint(std::shared_ptr<ParameterConstraint> constraint);
 
@@ -105,7 +106,8 @@ class InputSpec {
   std::vector<std::shared_ptr<ParameterSpec>> parameters_;
 };
 
-/// The shape of a command's result: a value of its type with empty fields, never null.
+/// A sample of a command's result: a value of the result's type, never null. A sample record has
+/// every field that the command's records have, each with an empty value.
 class OutputSpec {
  public:
   static std::shared_ptr<OutputSpec> New();
@@ -130,6 +132,7 @@ class Input {
 
   static std::shared_ptr<Input> New();
 
+  /// Returns whether the parameter was given; an empty string is a value, too.
   bool HasParameter(const std::string& name) const;
   /// Returns a string parameter; empty when it is absent.
   std::string GetParameter(const std::string& name) const;
@@ -142,7 +145,7 @@ class Input {
 
   // Called only by the framework.
 
-  /// Gives the parameter its value; a flag is given as true. The last value set counts.
+  /// Gives the parameter its value; a flag's is true. The last value set counts.
   void SetParameter(const std::string& name, Value value);
 
  private:
@@ -150,8 +153,8 @@ class Input {
 };
 
 /// What one call of a command leaves: at most one result and any number of error messages. It may
-/// leave both, and the framework shows both. autocli prints the result to standard output, then the
-/// messages to standard error.
+/// leave both, and the framework shows both, for example the result on standard output and the
+/// messages on standard error.
 class Output {
  public:
   static std::shared_ptr<Output> New();

@@ -71,7 +71,7 @@ class MetaBool : public MetaObject {
 /// truth values and lists of strings, never records.
 class MetaStruct : public MetaObject {
  public:
-  /// An empty record; `name` is the key of its formatter parameters ("fields:" + name).
+  /// Returns a record without fields. `name` is the structure's, as in "fields:" + name.
   static std::shared_ptr<MetaStruct> New(std::string name);
   explicit MetaStruct(const std::string& name);
   ~MetaStruct() override;
@@ -101,8 +101,9 @@ class MetaStruct : public MetaObject {
 /// not expect others, and may reject them.
 class MetaList : public MetaObject {
  public:
-  /// Returns an empty list of `elementType`, `kString` or `kStruct`. `elementTemplate`, an empty
-  /// record, shows formatters the fields of an element even when the list is empty.
+  /// Returns an empty list of `elementType`, `kString` or `kStruct`. `elementTemplate`, a record
+  /// with all fields of an element, each with an empty value of its type, shows formatters the
+  /// fields even when the list is empty.
   static std::shared_ptr<MetaList> New(MetaType elementType,
                                        std::shared_ptr<MetaStruct> elementTemplate = nullptr);
   MetaList(MetaType elementType, std::shared_ptr<MetaStruct> elementTemplate);

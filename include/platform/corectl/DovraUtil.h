@@ -18,16 +18,17 @@ namespace CoreCtl::Dovra {
 class DovraUtil {
  public:
   /// Fills all its arguments from the cluster directory service: the members of this host's
-  /// sub-cluster, in the order in which they are shown, and the host's own state. Strings are shown
-  /// as they are. Called only on a host in a cluster.
+  /// sub-cluster, the host itself among them, in the order in which they are shown, and the host's
+  /// own state. Strings are shown as they are, empty where there is nothing, such as a backup.
+  /// Called only on a host in a cluster.
   static void GetInfoFromTavdir(std::vector<HostCtl::Dovra::DovraMemberInfo>& members,
                                 std::string& localNodeState, std::string& localNodeUuid,
                                 std::string& localNodeHealthState,
                                 std::uint64_t& membershipEntryRevision, std::string& membershipUuid,
                                 std::string& masterUuid, std::string& backupUuid,
                                 std::string& maintenanceModeState);
-  /// Sets whether the cluster's hosts reach each other by unicast. Called only on a host in a
-  /// cluster.
+  /// Sets `enabled` to whether the cluster's hosts reach each other by unicast; changes nothing.
+  /// Called only on a host in a cluster.
   static void GetUnicastMode(bool& enabled);
   /// Returns this host's local time, as it is shown.
   static std::string GetFormattedSystemDateTime();
@@ -40,15 +41,17 @@ class DovraUtil {
   /// Returns the id of this host's fault domain. A host that is in none counts as a fault domain of
   /// its own and has an id, too. Called only on a host in a cluster.
   static std::string GetFaultDomainId();
-  /// Sets both to the preferred fault domain. Called only on a host in a stretched cluster.
+  /// Sets both to those of the preferred fault domain. Called only on a host in a stretched
+  /// cluster.
   static void GetPreferredFaultDomainInfo(std::string& id, std::string& name);
   /// Cancels this host's maintenance-mode operation; throws when none is in progress.
   static void DecomCancel();
 
-  /// Runs the program at the path `command` with one argument, not through a shell, and waits.
-  /// Returns its exit status, 128 plus the number of the signal that ended it, or a negative number
-  /// when it could not be run, which throws nothing; its output is not shown. The flags are
-  /// reserved; callers pass false, true, false.
+  /// Runs the program at the path `command` with one argument, not through a shell, and waits until
+  /// it ends, but not for what it leaves running, such as a daemon. Returns its exit status, 128
+  /// plus the number of the signal that ended it, or a negative number when it could not be run,
+  /// which throws nothing; its output is not shown. The flags are reserved; callers pass false,
+  /// true, false.
   static int DovraExec(const std::string& command, const std::string& argument, bool reserved1,
                        bool reserved2, bool reserved3);
 

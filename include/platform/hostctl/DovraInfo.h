@@ -32,24 +32,29 @@ class DovraInfo {
   using DiskLuns = std::vector<std::shared_ptr<DovraDiskLun>>;
   using Datastores = std::vector<std::shared_ptr<DovraDatastore>>;
 
-  /// Fills `luns` with every disk device of the cluster that this host sees. Needs no information
-  /// object; callers destroy the handles after theirs.
+  /// Fills `luns` with every disk device of the cluster that this host sees. Needs no connection:
+  /// callers make theirs afterwards, and destroy it before the handles.
   static void GetDovraDisks(DiskLuns& luns);
 
   virtual ~DovraInfo();
 
-  // Disks of this host: `ssd` and `disk` are device names, `uuid` is a UUID string. A disk group is
-  // a flash device, whose name also names the group, and the capacity disks behind it.
+  // Disks. A disk group is a flash device, whose name also names the group, and the capacity disks
+  // behind it, which may be flash devices, too. All disks but those of `GetDiskInfo` are this
+  // host's. A string `ssd` or `disk` is a device name, a string `uuid` a UUID.
 
-  /// Fills `info`; throws when no such disk is known, which ends the listing after the disks before
-  /// it. `luns` is the list from `GetDovraDisks`, to match device data to the UUID.
+  /// Fills `info` for any disk that `GetDiskUuids` or a handle of `luns` names; throws when no such
+  /// disk is known, which ends the listing after the disks before it. `luns` is the list from
+  /// `GetDovraDisks`, to match device data to the UUID.
   virtual void GetDiskInfo(const Uuid& disk, const DiskLuns& luns, DovraDiskInfo& info) = 0;
-  /// Partitions and formats empty disks. Makes a disk group of them, or adds `disks` to the group
-  /// that `ssd` has. Throws when a disk is unknown, not empty or of the wrong kind.
+  /// Partitions and formats empty disks. Makes a disk group of `ssd` and `disks` or, if `ssd` has a
+  /// group already, adds `disks` to it. Callers pass at least one in `disks`. `ssd` is a flash
+  /// device without the tag of `AddCapacityFlashTag`; each of `disks` is a flash device with it, or
+  /// no flash device. Throws when a disk is unknown, or of another kind, or has partitions and is
+  /// not the `ssd` of a group.
   virtual void AddDisks(const std::string& ssd, const std::vector<std::string>& disks) = 0;
   /// Puts the group's disks back to use.
   virtual void MountDiskGroup(const std::string& ssd) = 0;
-  /// Mounts one capacity disk or, given a flash device's UUID, its group.
+  /// Mounts one capacity disk or, given the UUID of a group's flash device, the group.
   virtual void MountDiskByUuid(const std::string& uuid) = 0;
   /// Mounts one capacity disk or, given a group's flash device, the group.
   virtual void MountDisk(const std::string& disk) = 0;
@@ -64,9 +69,10 @@ class DovraInfo {
   virtual void UnmountDiskGroup(const std::string& ssd) = 0;
   /// Unmounts one capacity disk or, given a group's flash device, the group.
   virtual void UnmountDisk(const std::string& disk) = 0;
-  /// Unmounts one capacity disk or, given a flash device's UUID, its group.
+  /// Unmounts one capacity disk or, given the UUID of a group's flash device, the group.
   virtual void UnmountDiskByUuid(const std::string& uuid) = 0;
-  /// Does what `RemoveDisk` does or, given a flash device's UUID, `RemoveDiskGroup`.
+  /// Does what `RemoveDisk` does or, given the UUID of a group's flash device, what
+  /// `RemoveDiskGroup` does.
   virtual void RemoveDiskByUuid(const std::string& uuid, const std::string& evacuationMode) = 0;
   /// Sets whether the service claims empty disks by itself, from the next storage event on.
   virtual void SetAutoClaimMode(bool enabled) = 0;
@@ -86,10 +92,10 @@ class DovraInfo {
 
   /// Takes "dovra" or "witness" traffic off the interface, which leaves the storage network with
   /// its last traffic. Callers make two calls on one object, for "dovra" and then for "witness",
-  /// whatever the interface carries. Traffic that it does not carry is no error. Without `force`,
-  /// the first call throws for an interface that is not configured; the second does nothing,
-  /// because the first may have removed it. With `force`, both notify the storage service even
-  /// then.
+  /// whatever the interface carries. Traffic that it does not carry is no error. For an interface
+  /// that is not configured, the call for "dovra" throws, and the call for "witness" does nothing,
+  /// because the one before may have removed it. With `force` neither throws for that: both notify
+  /// the storage service all the same.
   virtual void RemoveKnic(const std::string& name, bool force, const std::string& trafficType) = 0;
   /// Makes the storage service take over the changed list of agents. Called after adding a node,
   /// not after adding a witness, which the library takes over itself, and where
@@ -128,21 +134,23 @@ class DovraInfo {
   // Membership. Join and create are called only on a host in no cluster, leave only on one in a
   // cluster.
 
-  /// Makes this host a member. If no cluster has the UUID, a host that is no witness creates it.
-  /// `preferredFaultDomain` is set for a witness and empty for other hosts. With `wait` it returns
-  /// when the host has joined. `reserved` is false.
+  /// Makes this host a member. If no cluster has the UUID, this creates it, but throws for a
+  /// witness. `preferredFaultDomain` has 1 to 256 characters for a witness and is empty for other
+  /// hosts. With `wait` it returns when the host has joined. `reserved` is false.
   virtual void JoinCluster(const Uuid& cluster, bool asWitness,
                            const std::string& preferredFaultDomain, bool wait, bool reserved) = 0;
-  /// Creates a cluster with this UUID and joins this host to it. Callers pass enable = true,
-  /// reserved = false. The library adds the default datastore to every new cluster.
+  /// Creates a cluster with this UUID and joins this host to it. Callers pass enable = true and
+  /// reserved = false; other values have no meaning yet. The library adds the default datastore to
+  /// every new cluster.
   virtual void CreateCluster(const std::string& uuid, bool enable, bool reserved) = 0;
-  /// Ends this host's membership. Its disks, network, agents and policies stay. `reserved` is
-  /// false.
+  /// Ends this host's membership. Its disks, network, agents, policies and fault domain stay;
+  /// datastores belong to the cluster. `reserved` is false.
   virtual void LeaveCluster(bool reserved) = 0;
   /// Returns a record that lives as long as this object and does not change until the next call of
   /// this function.
   virtual const DovraClusterConfig& GetClusterConfig() = 0;
-  /// Puts this host into the fault domain. The name is not empty and has at most 256 bytes.
+  /// Puts this host into the fault domain. The name has 1 to 256 bytes: callers count bytes here,
+  /// and characters in the preferred fault domain's name.
   virtual void SetFaultDomain(const std::string& name) = 0;
   /// Puts this host into the default fault domain, which means into none.
   virtual void ResetFaultDomain() = 0;
@@ -154,7 +162,7 @@ class DovraInfo {
 
   // Policies and datastores. `policyClass` is spelled as `StringToDovraPolicyClass` takes it. An
   // empty UUID stands for the default datastore in `GetDatastoreName` and `SetDatastoreName`, which
-  // throw for a UUID that no datastore has.
+  // throw for a UUID that no datastore has, and outside a cluster.
 
   /// Removes the default policy of every class.
   virtual void ClearPolicyDefaults() = 0;

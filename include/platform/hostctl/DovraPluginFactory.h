@@ -20,9 +20,9 @@ class DovraPlugin {
 
 class DovraPluginFactory {
  public:
-  /// Returns a new connection, which the caller owns; each call of a command makes one. Callers
-  /// take null for a service without an information object. Throws `DovraCtlException` when the
-  /// service cannot be reached.
+  /// Returns a new connection, which the caller owns; a call of a command makes at most one. Null
+  /// means the same as a connection whose `GetDovraInfo` returns null. Throws `DovraCtlException`
+  /// when the service cannot be reached.
   static std::unique_ptr<DovraPlugin> GetDovraPlugin();
 };
 

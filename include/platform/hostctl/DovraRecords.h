@@ -2,8 +2,10 @@
 #pragma once
 
 #include <array>
+#include <compare>
 #include <cstdint>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/hostctl/Network.h"
