@@ -194,7 +194,7 @@ void RemoveDiskOrGroup(Store& store, const HostRow& host, const DiskRow& disk) {
 
 void SetMounted(Store& store, const HostRow& host, const DiskRow& disk, bool mounted) {
   if (mounted && disk.IsLost()) {
-    Refuse("Disk " + NameOf(disk) + (disk.failed ? " has failed." : " is not plugged in."));
+    Refuse("Disk " + NameOf(disk) + (disk.failed ? " has failed." : " is unplugged."));
   }
   std::vector<DiskRow> disks = {disk};
   if (disk.IsCache()) {
