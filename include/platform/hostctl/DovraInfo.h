@@ -10,8 +10,9 @@
 // - Objects are used by one thread, for the length of one call of a command.
 // - Lists and records that an operation fills are empty when it is called, so it may assign to them
 //   or append. Handles in lists may be null; callers skip those.
-// - Ports, UUID strings, names and policies are as the user typed them, unchecked unless noted. The
-//   library throws for those that it does not accept.
+// - Ports, UUID strings, names and policies are as the user typed them, unchecked unless noted. For
+//   a port or TTL beyond 32 bits, callers pass the nearest number of 32 bits. The library throws
+//   for those that it does not accept.
 // - A UUID string of either letter case names the same object.
 #pragma once
 
@@ -32,8 +33,9 @@ class DovraInfo {
   using DiskLuns = std::vector<std::shared_ptr<DovraDiskLun>>;
   using Datastores = std::vector<std::shared_ptr<DovraDatastore>>;
 
-  /// Fills `luns` with every disk device of the cluster that this host sees. Needs no connection:
-  /// callers make theirs afterwards, and destroy it before the handles.
+  /// Fills `luns` with every device that this host sees and that holds a disk of a disk group, also
+  /// outside a cluster. Needs no connection: callers make theirs afterwards, and destroy it before
+  /// the handles.
   static void GetDovraDisks(DiskLuns& luns);
 
   virtual ~DovraInfo();
@@ -128,7 +130,7 @@ class DovraInfo {
   virtual void RestoreClusterConfig(bool boot) = 0;
   /// Removes every interface from the storage network.
   virtual void ClearNetworkConfig() = 0;
-  /// Removes all datastores but the default one.
+  /// Removes all datastores but the default one. Throws outside a cluster.
   virtual void ClearDatastores() = 0;
 
   // Membership. Join and create are called only on a host in no cluster, leave only on one in a
@@ -171,14 +173,16 @@ class DovraInfo {
   /// Throws outside a cluster, when the name is empty or taken, and when the UUID is malformed or
   /// taken. The datastore is not the default one.
   virtual void AddDatastore(const DovraDatastore& datastore) = 0;
-  /// Throws when the UUID is empty or the default datastore's. `reserved` is true.
+  /// Throws for the empty UUID, the default datastore's, and one that no datastore has. `reserved`
+  /// is true.
   virtual void RemoveDatastore(const std::string& uuid, bool reserved) = 0;
   /// Fills `datastores`, in the order in which they are shown; with none outside a cluster.
   virtual void GetDatastores(Datastores& datastores) = 0;
-  /// Returns whether the interface is configured for "dovra" or "witness" traffic.
+  /// Returns whether the interface is configured for this type of traffic, "dovra" or "witness".
   virtual bool IsKnicInUse(const std::string& name, const std::string& trafficType) = 0;
   /// Fills `disks` with the disks that the storage service knows of, on this host or others, in any
-  /// order. `GetDiskInfo` answers for each of them.
+  /// order. `GetDiskInfo` answers for each of them. A listing of a single disk finds it only in the
+  /// list of `GetDovraDisks`.
   virtual void GetDiskUuids(std::vector<Uuid>& disks) = 0;
   /// Sets the policy of objects of the class that are made without one. Throws when the class or
   /// the policy is not valid.

@@ -71,7 +71,7 @@ class DovraDatastore {
   bool isDefault_;
 };
 
-/// A disk device of the cluster that this host sees. The order of its virtual functions is binary
+/// A device that holds a disk of a disk group. The order of its virtual functions is binary
 /// interface: `GetUuid` is the first, so the destructor follows the others.
 class DovraDiskLun {
  public:
@@ -81,7 +81,8 @@ class DovraDiskLun {
   virtual ~DovraDiskLun();
 };
 
-/// One disk of the cluster. Strings are shown as they are; unknown ones stay empty.
+/// One disk of the cluster. Strings are shown as they are, but vendor and model not at all; unknown
+/// ones stay empty.
 struct DovraDiskInfo {
   std::string deviceName;
   bool isFlash = false;
