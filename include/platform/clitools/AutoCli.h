@@ -67,7 +67,7 @@ class CommandSpec : public NamespaceNode {
   /// Sets a parameter of the formatter. Setting a key again replaces its value. The keys, with a
   /// structure's name for NAME and one of its fields for FIELD:
   /// - "header:NAME": the caption, which "simple" shows before each record; "table" may show it
-  ///   once. "%FIELD%" in it stands for the field's value.
+  ///   once. "%FIELD%" in it, which is not used with "table", stands for the field's value.
   /// - "fields:NAME": the fields to show, in order, joined by commas; blanks around a field are not
   ///   part of it. Without it, every field is shown.
   /// - "units:NAME.FIELD": the field's unit, shown after the value.

@@ -13,8 +13,8 @@
 
 namespace CoreCtl::Dovra {
 
-/// Each function throws `DovraCtlException` when it fails, unless noted. It is called on hosts in a
-/// cluster and on others, unless noted. Out-parameters are empty, false or 0 when it is called.
+/// Unless noted, functions throw `DovraCtlException` when they fail, and are called on hosts in a
+/// cluster and on others. Out-parameters are empty, false or 0 when a function is called.
 class DovraUtil {
  public:
   /// Fills all its arguments from the cluster directory service: the members of this host's
@@ -49,8 +49,8 @@ class DovraUtil {
 
   /// Runs the program at the path `command` with one argument, not through a shell, and waits until
   /// it ends, but not for what it leaves running, such as a daemon. Returns its exit status, 128
-  /// plus the number of the signal that ended it, or a negative number when it could not be run,
-  /// which throws nothing; its output is not shown. The flags are reserved; callers pass false,
+  /// plus the number of the signal that ended it, or a negative number when it could not be run.
+  /// Throws nothing. The program's output is not shown. The flags are reserved; callers pass false,
   /// true, false.
   static int DovraExec(const std::string& command, const std::string& argument, bool reserved1,
                        bool reserved2, bool reserved3);

@@ -11,8 +11,9 @@
 // - Lists and records that an operation fills are empty when it is called, so it may assign to them
 //   or append. Handles in lists may be null; callers skip those.
 // - Ports, UUID strings, names and policies are as the user typed them, unchecked unless noted. For
-//   a port or TTL beyond 32 bits, callers pass the nearest number of 32 bits. The library throws
-//   for those that it does not accept.
+//   a port or TTL beyond 32 bits, callers pass the nearest number of 32 bits; for a port, TTL or
+//   group not given, a usable default of their own. The library throws for those that it does not
+//   accept.
 // - A UUID string of either letter case names the same object.
 #pragma once
 
@@ -45,8 +46,8 @@ class DovraInfo {
   // host's. A string `ssd` or `disk` is a device name, a string `uuid` a UUID.
 
   /// Fills `info` for any disk that `GetDiskUuids` or a handle of `luns` names; throws when no such
-  /// disk is known, which ends the listing after the disks before it. `luns` is the list from
-  /// `GetDovraDisks`, to match device data to the UUID.
+  /// disk is known. A listing then ends, and shows only the disks before it. `luns` is the list
+  /// from `GetDovraDisks`, to match device data to the UUID.
   virtual void GetDiskInfo(const Uuid& disk, const DiskLuns& luns, DovraDiskInfo& info) = 0;
   /// Partitions and formats empty disks. Makes a disk group of `ssd` and `disks` or, if `ssd` has a
   /// group already, adds `disks` to it. Callers pass at least one in `disks`. `ssd` is a flash
@@ -54,7 +55,7 @@ class DovraInfo {
   /// no flash device. Throws when a disk is unknown, or of another kind, or has partitions and is
   /// not the `ssd` of a group.
   virtual void AddDisks(const std::string& ssd, const std::vector<std::string>& disks) = 0;
-  /// Puts the group's disks back to use.
+  /// Puts the group's disks back into use.
   virtual void MountDiskGroup(const std::string& ssd) = 0;
   /// Mounts one capacity disk or, given the UUID of a group's flash device, the group.
   virtual void MountDiskByUuid(const std::string& uuid) = 0;
@@ -173,16 +174,16 @@ class DovraInfo {
   /// Throws outside a cluster, when the name is empty or taken, and when the UUID is malformed or
   /// taken. The datastore is not the default one.
   virtual void AddDatastore(const DovraDatastore& datastore) = 0;
-  /// Throws for the empty UUID, the default datastore's, and one that no datastore has. `reserved`
-  /// is true.
+  /// Throws for the empty UUID, for that of the default datastore, and for one that no datastore
+  /// has. `reserved` is true.
   virtual void RemoveDatastore(const std::string& uuid, bool reserved) = 0;
   /// Fills `datastores`, in the order in which they are shown; with none outside a cluster.
   virtual void GetDatastores(Datastores& datastores) = 0;
   /// Returns whether the interface is configured for this type of traffic, "dovra" or "witness".
   virtual bool IsKnicInUse(const std::string& name, const std::string& trafficType) = 0;
   /// Fills `disks` with the disks that the storage service knows of, on this host or others, in any
-  /// order. `GetDiskInfo` answers for each of them. A listing of a single disk finds it only in the
-  /// list of `GetDovraDisks`.
+  /// order. `GetDiskInfo` answers for each of them. A listing shows these disks and those of
+  /// `GetDovraDisks`, each once; a listing of a single disk finds it only among the latter.
   virtual void GetDiskUuids(std::vector<Uuid>& disks) = 0;
   /// Sets the policy of objects of the class that are made without one. Throws when the class or
   /// the policy is not valid.
