@@ -18,9 +18,9 @@ namespace CoreCtl::Dovra {
 class DovraUtil {
  public:
   /// Fills all its arguments from the cluster directory service: the members of this host's
-  /// sub-cluster, the host itself among them, in the order in which they are shown, and the host's
-  /// own state. Strings are shown as they are, empty where there is nothing, such as a backup.
-  /// Called only on a host in a cluster.
+  /// sub-cluster (the hosts that share its membership), the host itself among them, in the order in
+  /// which they are shown, and the host's own state. Strings are shown as they are, empty where
+  /// there is nothing, such as a backup. Called only on a host in a cluster.
   static void GetInfoFromTavdir(std::vector<HostCtl::Dovra::DovraMemberInfo>& members,
                                 std::string& localNodeState, std::string& localNodeUuid,
                                 std::string& localNodeHealthState,

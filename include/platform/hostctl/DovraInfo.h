@@ -93,8 +93,8 @@ class DovraInfo {
 
   // The storage network and the peers reached by unicast.
 
-  /// Takes "dovra" or "witness" traffic off the interface, which leaves the storage network with
-  /// its last traffic. Callers make two calls on one object, for "dovra" and then for "witness",
+  /// Takes "dovra" or "witness" traffic off the interface. One that carries no more traffic leaves
+  /// the storage network. Callers make two calls on one object, for "dovra" and then for "witness",
   /// whatever the interface carries. Traffic that it does not carry is no error. For an interface
   /// that is not configured, the call for "dovra" throws, and the call for "witness" does nothing,
   /// because the one before may have removed it. With `force` neither throws for that: both notify
@@ -106,9 +106,10 @@ class DovraInfo {
   virtual void RefreshUnicastAgents() = 0;
   /// Adds a peer that this host reaches by unicast. The nil UUID, written out in 36 characters,
   /// stands for a witness whose UUID is not known. Callers check that there is no witness yet. The
-  /// library throws for a malformed UUID, a node's nil UUID, and a UUID or an address and port that
-  /// another agent has. `port` is any 32-bit number. `boundInterface` counts only with
-  /// `hasBoundInterface`. `extra` is for the library; callers pass the empty string.
+  /// library throws for a malformed UUID, for the nil UUID of an agent that is no witness, and for
+  /// a UUID or an address with its port that another agent has. `port` is any 32-bit number.
+  /// `boundInterface` counts only with `hasBoundInterface`. `extra` is for the library; callers
+  /// pass the empty string.
   virtual void AddUnicastAgent(const std::string& nodeUuid, bool isWitness, bool supportsUnicast,
                                const DovraIpAddress& address, std::int32_t port,
                                bool hasBoundInterface, const std::string& boundInterface,

@@ -20,7 +20,7 @@ struct Uuid {
   auto operator<=>(const Uuid&) const = default;
 };
 
-/// The classes of objects. Each has a default storage policy.
+/// The classes of objects. Each may have a default storage policy.
 enum class DovraPolicyClass { kCluster, kVdisk, kVmNamespace, kVmSwap, kVmem };
 
 /// An address of either family; the member of the other family keeps its default.
