@@ -92,7 +92,7 @@ void AppendHelp(std::string& page, const CommandSpec& space, const Style& style)
 /// Returns the declarations that the command's help does not show: type and formatter, then a line
 /// for each of the others.
 std::string DeclarationsOf(Command& command) {
-  constexpr const char* kTypes[] = {"truth value", "number", "text", "record", "list"};
+  constexpr const char* kTypes[] = {"Boolean", "number", "text", "record", "list"};
   const std::string& formatter = command.GetDefaultOutputFormatter();
   std::string text = Printable(PathOf(command)) + ", " + command.GetMetaDataField("type") +
                      (formatter.empty() ? "" : ", " + formatter) + '\n';
