@@ -81,7 +81,7 @@ constexpr Node kTree[] = {
 namespace {
 
 /// Returns the root's `dovra` namespace; adds one when there is none.
-std::shared_ptr<Namespace> TakeOrAddDovra(Namespace& root) {
+std::shared_ptr<Namespace> FindOrAddDovra(Namespace& root) {
   if (root.HasNamespaceNode("dovra")) {
     if (auto dovra = std::dynamic_pointer_cast<Namespace>(root.GetNamespaceNode("dovra"))) {
       return dovra;
@@ -99,7 +99,7 @@ std::shared_ptr<Namespace> TakeOrAddDovra(Namespace& root) {
 extern "C" void AutoCli_RegisterNamespaces(
     const std::shared_ptr<CliTools::AutoCli::Namespace>& root) {
   using namespace OrvaneCli::DovraNamespace;
-  const auto dovra = TakeOrAddDovra(*root);
+  const auto dovra = FindOrAddDovra(*root);
   dovra->SetDescription("Orvane Dovra commands");
   Register(kTree, *dovra, "dovra");
 }

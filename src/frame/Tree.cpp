@@ -25,10 +25,10 @@ std::span<const Node> RegisterBelow(std::span<const Node> nodes, Namespace& pare
       parent.RegisterNamespaceNode((*make)(), name);
       continue;
     }
-    const auto space = Namespace::New();
-    space->SetDescription(std::get<const char*>(node.content));
-    nodes = RegisterBelow(nodes, *space, node.path);
-    parent.RegisterNamespaceNode(space, name);
+    const auto child = Namespace::New();
+    child->SetDescription(std::get<const char*>(node.content));
+    nodes = RegisterBelow(nodes, *child, node.path);
+    parent.RegisterNamespaceNode(child, name);
   }
   return nodes;
 }

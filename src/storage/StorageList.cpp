@@ -22,11 +22,11 @@ std::vector<std::string> FindLocalDisks(const DovraInfo::DiskLuns& luns, const s
     if (!device.empty()) return lun.GetDeviceName() == device;
     return !wanted || lun.GetUuid() == *wanted;
   };
-  std::vector<std::string> texts;
+  std::vector<std::string> uuids;
   for (const auto& lun : luns) {
-    if (lun && matches(*lun)) texts.push_back(DovraUtil::DovraUuidToString(lun->GetUuid()));
+    if (lun && matches(*lun)) uuids.push_back(DovraUtil::DovraUuidToString(lun->GetUuid()));
   }
-  return texts;
+  return uuids;
 }
 
 }  // namespace
@@ -119,29 +119,29 @@ class StorageList final : public ListCommand<StorageList> {
     try {
       DovraInfo::DiskLuns luns;
       DovraInfo::GetDovraDisks(luns);
-      std::vector<std::string> texts = FindLocalDisks(luns, device, uuid);
+      std::vector<std::string> uuids = FindLocalDisks(luns, device, uuid);
 
       const ControlLibrary library;
       std::vector<Uuid> serviceDisks;
       library->GetDiskUuids(serviceDisks);
       if (device.empty() && uuid.empty()) {
-        texts.reserve(texts.size() + serviceDisks.size());
-        for (const Uuid& disk : serviceDisks) texts.push_back(DovraUtil::DovraUuidToString(disk));
+        uuids.reserve(uuids.size() + serviceDisks.size());
+        for (const Uuid& disk : serviceDisks) uuids.push_back(DovraUtil::DovraUuidToString(disk));
       }
       // The service knows local disks too; each is listed once.
-      std::ranges::stable_sort(texts);  // fast on sorted runs, which both lists mostly are
+      std::ranges::stable_sort(uuids);  // fast on sorted runs, which both lists mostly are
       // Not std::ranges::unique, which clang 14 does not compile.
-      texts.erase(std::unique(texts.begin(), texts.end()), texts.end());
+      uuids.erase(std::unique(uuids.begin(), uuids.end()), uuids.end());
 
-      list->Reserve(texts.size());
-      for (const std::string& text : texts) {
+      list->Reserve(uuids.size());
+      for (const std::string& text : uuids) {
         DovraDiskInfo disk;
         library->GetDiskInfo(DovraUtil::StringToDovraUuid(text), luns, disk);
         list->Add(MakeRow(disk));
       }
-      if (texts.empty() && !device.empty()) {
+      if (uuids.empty() && !device.empty()) {
         output->AddErrorMessage("Unable to find device with name: " + device);
-      } else if (texts.empty() && !uuid.empty()) {
+      } else if (uuids.empty() && !uuid.empty()) {
         output->AddErrorMessage("Unable to find device with uuid: " + uuid);
       }
     } catch (const DovraCtlException& failure) {

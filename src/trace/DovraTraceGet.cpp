@@ -36,7 +36,7 @@ std::string WithoutQuotes(std::string_view text) {
 
 /// Applies the line's setting, if it has one. Blanks may precede the key, tabs may not. The value
 /// is the rest of the line, including a carriage return.
-void ReadLine(std::string_view line, Settings& settings) {
+void ApplyLine(std::string_view line, Settings& settings) {
   line.remove_prefix(std::min(line.find_first_not_of(' '), line.size()));
   const auto valueOf = [line](std::string_view key) -> std::optional<std::string_view> {
     if (!line.starts_with(key)) return std::nullopt;
@@ -58,7 +58,7 @@ std::optional<Settings> ReadConfiguration() {
   std::ifstream file(HostFile(TraceDaemon::kConfigurationFile));
   if (!file) return std::nullopt;
   Settings settings;
-  for (std::string line; std::getline(file, line);) ReadLine(line, settings);
+  for (std::string line; std::getline(file, line);) ApplyLine(line, settings);
   if (file.bad()) return std::nullopt;
   return settings;
 }
