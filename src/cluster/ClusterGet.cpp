@@ -11,8 +11,8 @@ using HostCtl::Dovra::DovraMemberInfo;
 
 namespace {
 
-/// Returns the host's local time and its milliseconds, which are not padded: 5 ms after a second
-/// end in ".5". A time in the first second of the epoch is shown as "0." and the milliseconds.
+/// Returns the time in the host's time zone, with milliseconds that are not padded: 5 ms are shown
+/// as ".5". A time in the first second of the epoch is shown as "0." and the milliseconds.
 std::string FormatTimestamp(std::uint64_t milliseconds) {
   const auto seconds = static_cast<std::time_t>(milliseconds / 1000);
   char buffer[32] = "0.";

@@ -21,8 +21,9 @@ std::string ReadDatastoreNames(const ControlLibrary& library) {
   return names;
 }
 
-/// Runs the script that notifies the host's management daemon of an event of the datastores. Its
-/// exit status is ignored: a host can leave without the daemon.
+/// Runs the script that notifies the host's management daemon of an event of the datastores.
+/// Ignores its exit status: a host can leave without the daemon. Throws what `AutoCli_ShellCmd`
+/// throws.
 void NotifyDatastores(const char* event, const std::string& names) {
   const std::string script = HostFile("/usr/lib/orvane/hostmgrd/bin/notifyDatastore.py");
   std::string unused;

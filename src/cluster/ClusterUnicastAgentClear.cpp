@@ -7,7 +7,7 @@ namespace OrvaneCli::DovraNamespace {
 
 namespace {
 
-/// Returns an error message. Unlike the listing's, it names only a missing first or last separator.
+/// Returns an error message. It names the broken field only when that is the UUID or the port.
 std::string DescribeFaultForClearing(const UnicastAgentEntry& entry) {
   const auto field = entry.GetBrokenField();
   const bool isNamed = field == UnicastAgentEntry::kNodeUuid || field == UnicastAgentEntry::kPort;

@@ -27,7 +27,7 @@ class ClusterUnicastAgentList final : public ListCommand<ClusterUnicastAgentList
   }
 
  private:
-  // "IsWitness" is shown as the library's number, not as a truth value.
+  // "IsWitness" is shown as the library's number, not as a Boolean.
   static StructPtr MakeRow(const UnicastAgentEntry& entry) {
     using Entry = UnicastAgentEntry;
     StructPtr row = GetOutputStructure();
@@ -49,7 +49,7 @@ class ClusterUnicastAgentList final : public ListCommand<ClusterUnicastAgentList
         output->AddErrorMessage(
             "Unable to list unicast agent, this host is a witness node which doesn't support "
             "listing unicast agent.");
-        return output->SetRootObject(list);  // empty, although the command fails
+        return output->SetRootObject(list);  // empty; other refusals set no result
       }
       std::vector<std::string> agents;
       library->GetUnicastAgents(agents);

@@ -27,16 +27,16 @@ class UnicastAgentEntry {
 
   explicit UnicastAgentEntry(const std::string& text);
 
-  /// Returns whether no ";" is missing. If one is, only `GetBrokenField` and `DescribeFault` apply.
+  /// Returns whether every ";" is there. If not, only `GetBrokenField` and `DescribeFault` apply.
   bool IsComplete() const { return brokenField_ == kInterfaceName; }
-  /// Returns the first field that lacks its ";"; `kInterfaceName`, which needs none, when complete.
+  /// Returns the first field that lacks its ";", or `kInterfaceName` when the entry is complete.
   Field GetBrokenField() const { return brokenField_; }
   /// Returns an error message that names the broken field and shows the entry.
   std::string DescribeFault() const;
 
   const std::string& GetText(Field field) const { return fields_[field]; }
-  /// Returns the decimal number at the field's beginning, after blanks and a sign; 0 if there is
-  /// none, the nearest 64-bit number if it is out of range.
+  /// Returns the signed decimal number at the field's beginning, after blanks; 0 if there is none,
+  /// the nearest 64-bit number if it is out of range.
   std::int64_t GetNumber(Field field) const;
 
  private:

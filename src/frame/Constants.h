@@ -1,4 +1,4 @@
-// Constants that several commands share.
+// The shared constants. Not all are in use.
 #pragma once
 
 #include <cstddef>
@@ -20,7 +20,7 @@ inline constexpr const char* kAll = "all";
 
 inline constexpr const char* kNilUuid = "00000000-0000-0000-0000-000000000000";
 
-/// The port on which a host listens for its peers.
+/// The default port on which a host listens for its peers.
 inline constexpr std::int32_t kDefaultUnicastPort = 12321;
 
 inline constexpr std::size_t kMaxFaultDomainNameLength = 256;

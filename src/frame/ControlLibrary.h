@@ -6,7 +6,7 @@
 
 namespace OrvaneCli::DovraNamespace {
 
-/// A connection to the control library: owns its plug-in object and its information object.
+/// Owns a connection to the control library and its information object.
 class ControlLibrary {
  public:
   /// Throws `DovraCtlException` when the service cannot be reached.

@@ -66,7 +66,7 @@ void ShowAs(const Record& record, CliTools::AutoCli::Command& command) {
   const std::string name = record.name;
   command.SetDefaultOutputFormatter(record.formatter);
   if (record.caption) command.SetDefaultOutputParameter("header:" + name, record.caption);
-  std::string fields;  // not joined from a vector, which would slow every start
+  std::string fields;  // not Join(), whose vector would slow every start
   for (const Field& field : record.fields) {
     if (record.separator) fields.append(fields.empty() ? "" : record.separator).append(field.name);
     if (field.unit) {

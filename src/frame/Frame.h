@@ -59,7 +59,7 @@ ConstraintPtr OneOf(std::initializer_list<std::pair<const char*, const char*>> v
 /// Returns a constraint that allows the numbers from `min` to `max`, both included.
 ConstraintPtr Between(std::int64_t min, std::int64_t max);
 
-/// Returns the parameter's string, number or truth value; nothing when it is absent.
+/// Returns the parameter's string, number or Boolean; nothing when it is absent.
 template <class Value>
 std::optional<Value> Given(const InputPtr& input, const char* parameter) {
   if (!input->HasParameter(parameter)) return std::nullopt;
@@ -83,12 +83,12 @@ struct Field {
 
 /// The layout of a record that a command returns, and how it is shown by default.
 struct Record {
-  const char* name;  ///< of the structure
+  const char* name;  ///< the structure's name
   std::initializer_list<Field> fields;
   const char* formatter = "simple";
   const char* caption = nullptr;
-  /// Stands between the names in the formatter's parameter "fields:". Without it, the parameter is
-  /// not set, and the formatter shows every field.
+  /// Separates the names in the formatter's parameter "fields:". When null, that parameter is not
+  /// set, and the formatter shows every field.
   const char* separator = nullptr;
 };
 
@@ -100,12 +100,12 @@ OutputSpecPtr MakeOutputSpec(std::shared_ptr<CliTools::MetaObj::MetaObject> root
 
 // Commands.
 
-/// The type of a command's result; success is a truth value.
+/// The type of a command's result; success is a Boolean.
 enum class Returns { kSuccess, kRecord, kList };
 
-/// Base of every command. The records that a command returns have the layout `T::kRecord`. Virtual
-/// inheritance and the order of virtual functions (destructor, input, output, execution) are binary
-/// interface.
+/// Base of every command. The records that a command returns have the layout `T::kRecord`. Part
+/// of the ABI: commands inherit from `Command` virtually, and their virtual functions are in the
+/// order of destructor, input, output and execution.
 template <class T, Returns kReturns>
 class DovraCommand : public virtual CliTools::AutoCli::Command {
  public:
@@ -136,7 +136,7 @@ class DovraCommand : public virtual CliTools::AutoCli::Command {
     SetDescription(description);
     SetMetaDataField("type", "fetcher");
   }
-  /// Declares a command that changes state.
+  /// Declares an operation: a command that changes state, or the listing of unicast agents.
   void DescribeOperation(const char* description) {
     SetDescription(description);
     SetMetaDataField("type", "operation");

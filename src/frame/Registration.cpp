@@ -1,4 +1,4 @@
-// The plug-in's entry point and the `dovra` tree, in the order of registration.
+// The plug-in's entry point and the `dovra` tree.
 
 #include "frame/Tree.h"
 
@@ -6,7 +6,7 @@ namespace OrvaneCli::DovraNamespace {
 
 using CliTools::AutoCli::Namespace;
 
-// Not in an unnamed namespace, because each "class" declares a command's class in this one.
+// Not in an unnamed namespace, where each "class X" would declare another class.
 constexpr Node kTree[] = {
     {"dovra policy", "Commands for Dovra storage policy configuration"},
     {"dovra policy getdefault", MakeCommand<class PolicyGetDefault>},

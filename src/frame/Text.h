@@ -31,8 +31,8 @@ inline constexpr const char* kNoUuidMessage = "Unable to generate a UUID";
 std::string Join(const std::vector<std::string>& texts, std::string_view separator);
 
 /// Returns `text` as one word of a shell's command line. A string of letters, digits and
-/// ". _ - , : / @ +" is returned unchanged, as is the empty string; any other is quoted, so that
-/// the shell interprets none of it.
+/// ". _ - , : / @ +" is returned unchanged, as is the empty string, which is no word; any other is
+/// quoted, so that the shell interprets none of it.
 std::string ShellWord(const std::string& text);
 
 }  // namespace OrvaneCli::DovraNamespace

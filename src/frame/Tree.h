@@ -17,7 +17,8 @@ using CommandPtr = std::shared_ptr<CliTools::AutoCli::Command>;
 template <class CommandClass>
 CommandPtr MakeCommand();
 
-/// A row of the table. A namespace's row precedes its children's, in the order of registration.
+/// A row of the table. A namespace's row precedes its children's; siblings are in the order of
+/// registration.
 struct Node {
   using Maker = CommandPtr (*)();
 

@@ -44,7 +44,7 @@ std::optional<Settings> ReadSettings(DovraInfo2& info, const std::string& name) 
   });
   const DovraKnicConfig2* const entry = named->get();
   if (!entry) return std::nullopt;
-  // Converted by way of a string, which rejects an address of the other family in a slot.
+  // Through strings, because the constructors throw for an address of the other family.
   return Settings{
       .agentGroup = Ipv4Address(entry->GetAgentMulticastGroup().GetStringAddress()),
       .agentV6Group = Ipv6Address(entry->GetAgentV6MulticastGroup().GetStringAddress()),
@@ -98,7 +98,7 @@ void OverrideWhatIsGiven(const InputPtr& input, Settings& settings) {
   OverrideTraffic(input, settings);
 }
 
-/// Returns the interface's configuration. Its UUID is empty: the control library chooses one.
+/// Returns the interface's configuration. Its UUID is empty: the library keeps or assigns one.
 DovraKnicConfig2 MakeEntry(const std::string& name, const Settings& settings) {
   return DovraKnicConfig2(
       name, DovraIpAddress(settings.agentGroup), DovraIpAddress(settings.agentV6Group),

@@ -4,14 +4,14 @@
 
 namespace OrvaneCli::DovraNamespace {
 
-/// `ip set` uses its parameters and its execution.
+/// `ip set` uses the static functions.
 class NetworkIpAdd final : public SuccessCommand<NetworkIpAdd> {
  public:
   NetworkIpAdd();
 
   static InputSpecPtr GetInputSpecCommon();
-  /// With `reconfigure` the interface must be configured already, and settings that are not given
-  /// stay; without it, the interface must be a new one, and they get their defaults.
+  /// With `reconfigure`, the interface must be configured already, and settings that are not given
+  /// keep their values. Without it, the interface must be new, and such settings get defaults.
   static void ExecuteCommon(const InputPtr& input, const OutputPtr& output, bool reconfigure);
 
  private:

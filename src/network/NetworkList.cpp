@@ -37,7 +37,7 @@ class NetworkList final : public ListCommand<NetworkList> {
     knic.GetTrafficTypes(trafficTypes);
     StructPtr row = GetOutputStructure();
     row->SetField("KNic Name", knic.GetKnicName());
-    row->SetField("IP Protocol", "IP");  // of either family
+    row->SetField("IP Protocol", "IP");  // both IPv4 and IPv6
     row->SetField("Interface UUID", knic.GetIfaceUuid());
     row->SetField("Agent Group Multicast Address",
                   knic.GetAgentMulticastGroup().GetStringAddress());

@@ -9,7 +9,7 @@ class StorageAutoModeSet final : public SuccessCommand<StorageAutoModeSet> {
  private:
   InputSpecPtr GetInputSpecInternal() override {
     return MakeInputSpec({
-        // Required, because no mode is the default.
+        // Required, because neither value is the default.
         {"enabled", nullptr, ParameterType::kBool, Need::kRequired,
          "Changing this value to true will result in enabling auto disk claim mode. Disks will be "
          "claimed by the Dovra service in next storage event, e.g.: adapter rescan and disk "

@@ -129,7 +129,7 @@ class StorageList final : public ListCommand<StorageList> {
         for (const Uuid& disk : serviceDisks) uuids.push_back(DovraUtil::DovraUuidToString(disk));
       }
       // The service knows local disks too; each is listed once.
-      std::ranges::stable_sort(uuids);  // fast on sorted runs, which both lists mostly are
+      std::ranges::stable_sort(uuids);  // fast when both lists are sorted already
       // Not std::ranges::unique, which clang 14 does not compile.
       uuids.erase(std::unique(uuids.begin(), uuids.end()), uuids.end());
 

@@ -5,8 +5,8 @@ namespace OrvaneCli::DovraNamespace {
 
 namespace {
 
-/// Returns the control library's name of the mode, which users may type as well; nothing when there
-/// is no such mode.
+/// Returns the control library's spelling of the mode, given either spelling; nothing when there is
+/// no such mode.
 std::optional<std::string> ParseEvacuationMode(const std::string& given) {
   constexpr std::pair<const char*, const char*> kModes[] = {
       {"ensureObjectAccessibility", "EnsureObjectAccessibility"},

@@ -10,7 +10,7 @@ namespace OrvaneCli::DovraNamespace {
 
 namespace {
 
-/// The daemon's settings, at first its defaults for keys that the file lacks.
+/// The daemon's settings. The initial values are shown for keys that the file lacks.
 struct Settings {
   std::string directory = "No volume selected.";
   std::int64_t maxFiles = 8;
@@ -18,9 +18,9 @@ struct Settings {
   bool urgentToSyslog = true;
 };
 
-/// Extracts a number, or a truth value as "1" or "0", as a stream does: skips white space, and
-/// stops at the first character that is not part of it. A string that is not a number counts as 0,
-/// a number out of range as the nearest in range; an empty string changes nothing.
+/// Extracts a number as a stream does: skips white space, and stops at the first character that is
+/// not part of the number. A string that is not a number counts as 0, a number out of range as the
+/// nearest in range. A Boolean is true for any number but 0. A blank string changes nothing.
 template <class Value>
 void Extract(std::string_view text, Value& setting) {
   std::istringstream stream{std::string(text)};

@@ -12,13 +12,12 @@ namespace {
 constexpr std::int64_t kMaxFileSize = 4095;
 constexpr int kRestartAttempts = 8;
 
-/// A setting's key and its new value.
 struct Change {
   std::string key;
   std::string value;
 };
 
-/// In the order in which they are written. A reset has none.
+/// In the order in which they are written; empty for a reset.
 using Changes = std::vector<Change>;
 
 Changes ReadChanges(const InputPtr& input) {
@@ -46,7 +45,7 @@ bool IsKept(const std::string& line, const Changes& changes) {
       changes, [&line](const Change& change) { return line.starts_with(change.key); });
 }
 
-/// Returns nothing when the file cannot be read to its end: a part of it must not replace it.
+/// Returns nothing when the file cannot be read to its end, because a part must not replace it.
 std::optional<std::vector<std::string>> ReadKeptLines(const Changes& changes) {
   std::ifstream file(HostFile(TraceDaemon::kConfigurationFile));
   if (!file) return std::nullopt;
@@ -79,7 +78,8 @@ void RestartDaemon() {
   throw DovraCtlException(failures);
 }
 
-/// Restarts the daemon if it runs, so that it reads its configuration.
+/// Restarts the daemon if it runs, so that it reads its configuration. Throws
+/// `DovraCtlException` when that fails.
 void ApplyConfiguration() {
   const int status = TraceDaemon::RunInitScript("status");
   if (status < 0) throw DovraCtlException("Failed to check dovratraced status.");

@@ -11,8 +11,8 @@ extern "C" {
 /// `free`; null on failure. The long form has at least 36 characters.
 char* UUID_CreateRandom();
 
-/// Converts a UUID from the long form to its 36 characters, in either letter case: the plug-in
-/// passes them on unchanged. `destination` has room for `length` characters and a terminating zero
+/// Converts a UUID from the long form to its 36 characters, in upper or lower case as the library
+/// chooses. `destination` has room for `length` characters and a terminating zero
 /// byte, and may be `source`. Returns `destination`; null, with nothing written, when `source` is
 /// no UUID in the long form or the room does not suffice.
 char* UUID_PackText(const char* source, char* destination, std::size_t length);

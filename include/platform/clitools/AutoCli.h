@@ -2,9 +2,9 @@
 //
 // A plug-in's file needs these libraries of its host: libclitools.so, libcorectlcore.so,
 // libcorectl.so, libdovracorectl.so and libbaselibs.so. Any of them may define any function of
-// these headers. They and the plug-in share one C++ standard library and its binary interface.
+// these headers. They and the plug-in share one C++ standard library and its ABI.
 //
-// As in CallSpec.h, the order of virtual functions is binary interface, and all calls come from one
+// As in CallSpec.h, the order of virtual functions is part of the ABI, and all calls come from one
 // thread.
 #pragma once
 
@@ -66,12 +66,12 @@ class CommandSpec : public NamespaceNode {
   void SetDefaultOutputFormatter(std::string formatter);
   /// Sets a parameter of the formatter. Setting a key again replaces its value. The keys, with a
   /// structure's name for NAME and one of its fields for FIELD:
-  /// - "header:NAME": the caption, which "simple" shows before each record; "table" may show it
-  ///   once. "%FIELD%" in it, which is not used with "table", stands for the field's value.
+  /// - "header:NAME": the caption. "simple" shows it before each record, with the field's value in
+  ///   place of "%FIELD%". "table" may show it once; its captions have no "%FIELD%".
   /// - "fields:NAME": the fields to show, in order, joined by commas; blanks around a field are not
   ///   part of it. Without it, every field is shown.
   /// - "units:NAME.FIELD": the field's unit, shown after the value.
-  /// Every record has the fields named. A truth value is shown as "true" or "false", a list in a
+  /// Every record has the fields named. A Boolean is shown as "true" or "false", a list in a
   /// field as its strings, joined by commas.
   void SetDefaultOutputParameter(const std::string& key, std::string value);
 
@@ -122,10 +122,10 @@ class Command : public CommandSpec, public CallSpec::CallTarget {
   Command();
 };
 
-/// Runs `command` with `/bin/sh -c`, writes `input` to its standard input, waits until the shell
-/// ends, but not for what it leaves running, and replaces `output` by what went to standard output
-/// and standard error until then. Returns the shell's exit status, 128 plus the number of the
-/// signal that ended it, or -1 when it could not be run. May throw `DovraCtlException`, which
+/// Runs `command` with `/bin/sh -c`, with `input` as its standard input. Waits until the shell
+/// ends, but not for processes that it leaves running. Sets `output` to what went to standard
+/// output and standard error until then. Returns the shell's exit status, 128 plus the number of
+/// the signal that ended it, or -1 when it could not be run. May throw `DovraCtlException`, which
 /// callers handle; throws nothing when `command` fails.
 int AutoCli_ShellCmd(const std::string& command, std::string& output, const std::string& input);
 

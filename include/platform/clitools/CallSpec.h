@@ -1,7 +1,7 @@
 // The parameters and the result of a call of a command.
 //
 // The framework calls commands on one thread, one call at a time; nothing here is synchronised. In
-// every class the order of virtual functions is binary interface: do not reorder them.
+// every class the order of virtual functions is part of the ABI: do not reorder them.
 #pragma once
 
 #include <cstdint>
@@ -106,7 +106,7 @@ class InputSpec {
   std::vector<std::shared_ptr<ParameterSpec>> parameters_;
 };
 
-/// A sample of a command's result: a value of the result's type, never null. A sample record has
+/// A template of a command's result: an empty value of the result's type, never null. A record has
 /// every field that the command's records have, each with an empty value.
 class OutputSpec {
  public:
@@ -124,7 +124,7 @@ class OutputSpec {
 /// The parameters given in one call. The framework has checked them against the command's
 /// `InputSpec`.
 ///
-/// Only a string or a flag may be read when it is absent. Reading an absent number, truth value or
+/// Only a string or a flag may be read when it is absent. Reading an absent number, Boolean or
 /// list, or a parameter of another type, is a fault of the command; it throws `std::logic_error`.
 class Input {
  public:
@@ -152,8 +152,8 @@ class Input {
   std::map<std::string, Value> values_;
 };
 
-/// What one call of a command leaves: at most one result and any number of error messages. It may
-/// leave both, and the framework shows both, for example the result on standard output and the
+/// The outcome of one call of a command: at most one result and any number of error messages. There
+/// may be both, and the framework shows both, for example the result on standard output and the
 /// messages on standard error.
 class Output {
  public:

@@ -18,7 +18,7 @@ namespace CliTools::MetaObj {
 /// The type of a value; also the element type given to `MetaList::New`.
 enum class MetaType { kBool = 0, kInt = 1, kString = 2, kStruct = 3, kList = 4 };
 
-/// Base of every value. A handle's owner sees later changes of the value.
+/// Base of every value. Copies of a handle share the value.
 class MetaObject {
  public:
   virtual ~MetaObject();
@@ -56,7 +56,7 @@ class MetaInt : public MetaObject {
   std::int64_t value_;
 };
 
-/// A truth value; also the result of every command that only succeeds or fails.
+/// A Boolean; also the result of every command that only succeeds or fails.
 class MetaBool : public MetaObject {
  public:
   static std::shared_ptr<MetaBool> New(bool value = false);
@@ -68,7 +68,7 @@ class MetaBool : public MetaObject {
 };
 
 /// A record: named fields in the order in which they were first set. Commands set strings, numbers,
-/// truth values and lists of strings, never records.
+/// Booleans and lists of strings, never records.
 class MetaStruct : public MetaObject {
  public:
   /// Returns a record without fields. `name` is the structure's, as in "fields:" + name.
@@ -97,8 +97,8 @@ class MetaStruct : public MetaObject {
   std::unique_ptr<Body> body_;
 };
 
-/// A list of strings or of records. All its elements are of its type, and none is null: a host need
-/// not expect others, and may reject them.
+/// A list of strings or of records. Every element has the list's element type, and none is null; a
+/// host may reject others.
 class MetaList : public MetaObject {
  public:
   /// Returns an empty list of `elementType`, `kString` or `kStruct`. `elementTemplate`, a record

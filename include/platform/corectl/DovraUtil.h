@@ -17,10 +17,10 @@ namespace CoreCtl::Dovra {
 /// cluster and on others. Out-parameters are empty, false or 0 when a function is called.
 class DovraUtil {
  public:
-  /// Fills all its arguments from the cluster directory service: the members of this host's
-  /// sub-cluster (the hosts that share its membership), the host itself among them, in the order in
-  /// which they are shown, and the host's own state. Strings are shown as they are, empty where
-  /// there is nothing, such as a backup. Called only on a host in a cluster.
+  /// Fills its arguments from the cluster directory service: the members of this host's sub-cluster
+  /// (the hosts that share its membership), itself included, in the order in which they are shown,
+  /// and the host's own state. A string is empty when there is no value, such as no backup. Strings
+  /// are shown unchanged. Called only on a host in a cluster.
   static void GetInfoFromTavdir(std::vector<HostCtl::Dovra::DovraMemberInfo>& members,
                                 std::string& localNodeState, std::string& localNodeUuid,
                                 std::string& localNodeHealthState,
@@ -41,8 +41,7 @@ class DovraUtil {
   /// Returns the id of this host's fault domain. A host that is in none counts as a fault domain of
   /// its own and has an id, too. Called only on a host in a cluster.
   static std::string GetFaultDomainId();
-  /// Sets both to those of the preferred fault domain. Called only on a host in a stretched
-  /// cluster.
+  /// Sets the preferred fault domain's id and name. Called only on a host in a stretched cluster.
   static void GetPreferredFaultDomainInfo(std::string& id, std::string& name);
   /// Cancels this host's maintenance-mode operation; throws when none is in progress.
   static void DecomCancel();

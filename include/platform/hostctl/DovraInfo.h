@@ -1,19 +1,19 @@
 // The control library's information objects: the host's part in the storage cluster, read and
 // changed.
 //
-// - The order of virtual functions is binary interface; in these two classes the destructor is the
-//   first. A library with further functions between them declares those in their places here, and
-//   builds the plug-in with that header.
+// - The order of virtual functions is part of the ABI; in these two classes the destructor is the
+//   first. If a library has further functions between them, declare those here in their places, and
+//   build the plug-in with that header.
 // - Every operation throws `DovraCtlException` when the library refuses it or fails. Its message is
 //   shown to the administrator.
 // - Operations are called on hosts in a cluster and on others, unless noted.
 // - Objects are used by one thread, for the length of one call of a command.
 // - Lists and records that an operation fills are empty when it is called, so it may assign to them
 //   or append. Handles in lists may be null; callers skip those.
-// - Ports, UUID strings, names and policies are as the user typed them, unchecked unless noted. For
-//   a port or TTL beyond 32 bits, callers pass the nearest number of 32 bits; for a port, TTL or
-//   group not given, a usable default of their own. The library throws for those that it does not
-//   accept.
+// - Ports, UUID strings, names and policies are as the user typed them, unchecked unless noted. The
+//   library throws for those that it does not accept. For a port or TTL beyond 32 bits, callers
+//   pass the nearest number of 32 bits. For a port, TTL or group that the user did not give, they
+//   pass a usable default, or the present value of an interface that they reconfigure.
 // - A UUID string of either letter case names the same object.
 #pragma once
 
@@ -46,8 +46,8 @@ class DovraInfo {
   // host's. A string `ssd` or `disk` is a device name, a string `uuid` a UUID.
 
   /// Fills `info` for any disk that `GetDiskUuids` or a handle of `luns` names; throws when no such
-  /// disk is known. A listing then ends, and shows only the disks before it. `luns` is the list
-  /// from `GetDovraDisks`, to match device data to the UUID.
+  /// disk is known: a listing then shows only the disks before it. `luns` is the list from
+  /// `GetDovraDisks`, to match device data to the UUID.
   virtual void GetDiskInfo(const Uuid& disk, const DiskLuns& luns, DovraDiskInfo& info) = 0;
   /// Partitions and formats empty disks. Makes a disk group of `ssd` and `disks` or, if `ssd` has a
   /// group already, adds `disks` to it. Callers pass at least one in `disks`. `ssd` is a flash
@@ -88,33 +88,32 @@ class DovraInfo {
   virtual void SetPreferredFaultDomain(const std::string& name) = 0;
   /// Returns whether this host is the cluster's witness. Called only on a host in a cluster.
   virtual bool IsLocalNodeWitness() = 0;
-  /// Returns which configuration of the cluster this host has. Called only on a host in a cluster.
+  /// Returns the version of the cluster's configuration that this host has. Called only on a host
+  /// in a cluster.
   virtual DovraConfigGeneration GetConfigGeneration() = 0;
 
-  // The storage network and the peers reached by unicast.
+  // The storage network, the peers reached by unicast, restoring and clearing.
 
-  /// Takes "dovra" or "witness" traffic off the interface. One that carries no more traffic leaves
-  /// the storage network. Callers make two calls on one object, for "dovra" and then for "witness",
-  /// whatever the interface carries. Traffic that it does not carry is no error. For an interface
-  /// that is not configured, the call for "dovra" throws, and the call for "witness" does nothing,
-  /// because the one before may have removed it. With `force` neither throws for that: both notify
-  /// the storage service all the same.
+  /// Takes "dovra" or "witness" traffic off the interface. An interface without traffic leaves the
+  /// storage network. Does nothing for traffic that the interface does not carry. When the
+  /// interface is not configured, throws for "dovra" and does nothing for "witness": callers make
+  /// both calls, "dovra" first, on one object, and the first may have removed it. With `force` it
+  /// does not throw for that, and notifies the storage service each time.
   virtual void RemoveKnic(const std::string& name, bool force, const std::string& trafficType) = 0;
-  /// Makes the storage service take over the changed list of agents. Called after adding a node,
-  /// not after adding a witness, which the library takes over itself, and where
-  /// `RemoveUnicastAgent` asks for it.
+  /// Makes the storage service load the changed list of agents. Called after adding a node and when
+  /// `RemoveUnicastAgent` returns false. After adding a witness, the library does it itself.
   virtual void RefreshUnicastAgents() = 0;
   /// Adds a peer that this host reaches by unicast. The nil UUID, written out in 36 characters,
-  /// stands for a witness whose UUID is not known. Callers check that there is no witness yet. The
-  /// library throws for a malformed UUID, for the nil UUID of an agent that is no witness, and for
-  /// a UUID or an address with its port that another agent has. `port` is any 32-bit number.
-  /// `boundInterface` counts only with `hasBoundInterface`. `extra` is for the library; callers
+  /// stands for a witness whose UUID is not known. Before adding a witness, callers check that
+  /// there is none. Throws for a malformed UUID, for the nil UUID of an agent that is no witness,
+  /// and for a UUID, or an address with its port, that another agent has. `port` is any 32-bit
+  /// number. `boundInterface` counts only with `hasBoundInterface`. `extra` is reserved; callers
   /// pass the empty string.
   virtual void AddUnicastAgent(const std::string& nodeUuid, bool isWitness, bool supportsUnicast,
                                const DovraIpAddress& address, std::int32_t port,
                                bool hasBoundInterface, const std::string& boundInterface,
                                const std::string& extra) = 0;
-  /// Removes the peer at the address and port. The nil UUID stands for any peer there; whether
+  /// Removes the peer at the address and port. The nil UUID matches any peer; whether
   /// another UUID must match is the library's choice. Throws when there is none. Returns false when
   /// the caller has to call `RefreshUnicastAgents`.
   virtual bool RemoveUnicastAgent(const std::string& nodeUuid, const DovraIpAddress& address,
@@ -124,7 +123,7 @@ class DovraInfo {
   /// numbers, and a flag of 0 means no. The interface is empty when none is bound; it takes the
   /// rest of the entry and may hold ";". An entry with fewer than five ";" is malformed.
   virtual void GetUnicastAgents(std::vector<std::string>& entries) = 0;
-  /// Fills `witnesses` with a string for each agent that is a witness, only to be shown.
+  /// Fills `witnesses` with a string for each agent that is a witness. Callers only show it.
   virtual void GetUnicastWitnesses(std::vector<std::string>& witnesses) = 0;
   /// Puts the persisted interfaces into effect again.
   virtual void RestoreNetworkConfig() = 0;
@@ -135,8 +134,8 @@ class DovraInfo {
   /// Removes all datastores but the default one. Throws outside a cluster.
   virtual void ClearDatastores() = 0;
 
-  // Membership. Join and create are called only on a host in no cluster, leave only on one in a
-  // cluster.
+  // Membership, fault domain and tags. Join and create are called only on a host in no cluster,
+  // leave only on one in a cluster.
 
   /// Makes this host a member. If no cluster has the UUID, this creates it, but throws for a
   /// witness. `preferredFaultDomain` has 1 to 256 characters for a witness and is empty for other
@@ -147,8 +146,8 @@ class DovraInfo {
   /// reserved = false; other values have no meaning yet. The library adds the default datastore to
   /// every new cluster.
   virtual void CreateCluster(const std::string& uuid, bool enable, bool reserved) = 0;
-  /// Ends this host's membership. Its disks, network, agents, policies and fault domain stay;
-  /// datastores belong to the cluster. `reserved` is false.
+  /// Ends this host's membership. Its disks, network, agents, policies and fault domain stay; the
+  /// cluster keeps its datastores. `reserved` is false.
   virtual void LeaveCluster(bool reserved) = 0;
   /// Returns a record that lives as long as this object and does not change until the next call of
   /// this function.
@@ -164,9 +163,9 @@ class DovraInfo {
   virtual void AddCapacityFlashTag(const std::string& disk) = 0;
   virtual void RemoveCapacityFlashTag(const std::string& disk) = 0;
 
-  // Policies and datastores. `policyClass` is spelled as `StringToDovraPolicyClass` takes it. An
-  // empty UUID stands for the default datastore in `GetDatastoreName` and `SetDatastoreName`, which
-  // throw for a UUID that no datastore has, and outside a cluster.
+  // Policies, datastores and others. `policyClass` is spelled as `StringToDovraPolicyClass` takes
+  // it. An empty UUID stands for the default datastore in `GetDatastoreName` and
+  // `SetDatastoreName`, which throw for a UUID that no datastore has, and outside a cluster.
 
   /// Removes the default policy of every class.
   virtual void ClearPolicyDefaults() = 0;
@@ -178,7 +177,7 @@ class DovraInfo {
   /// Throws for the empty UUID, for that of the default datastore, and for one that no datastore
   /// has. `reserved` is true.
   virtual void RemoveDatastore(const std::string& uuid, bool reserved) = 0;
-  /// Fills `datastores`, in the order in which they are shown; with none outside a cluster.
+  /// Fills `datastores`, in the order in which they are shown. It stays empty outside a cluster.
   virtual void GetDatastores(Datastores& datastores) = 0;
   /// Returns whether the interface is configured for this type of traffic, "dovra" or "witness".
   virtual bool IsKnicInUse(const std::string& name, const std::string& trafficType) = 0;
@@ -201,8 +200,8 @@ class DovraInfo {
 };
 
 /// The newer network operations. `GetDovraInfo` returns an object that is a `DovraInfo2` where the
-/// library has them; callers find out by `dynamic_cast`. A library without them defines the classes
-/// all the same, because the plug-in refers to them when it is loaded.
+/// library has them; callers find out by `dynamic_cast`. Every library defines this class and
+/// `DovraKnicConfig2`, because the plug-in is linked with both.
 class DovraInfo2 : public virtual DovraInfo {
  public:
   ~DovraInfo2() override;

@@ -8,8 +8,8 @@
 
 namespace HostCtl {
 
-/// The connection to the storage cluster's service. The order of its virtual functions is binary
-/// interface: `GetDovraInfo` is the first, so the destructor follows it.
+/// The connection to the storage cluster's service. The order of its virtual functions is part of
+/// the ABI: `GetDovraInfo` is the first, so the destructor follows it.
 class DovraPlugin {
  public:
   /// Returns a new information object; null when the service has none. The caller owns it and

@@ -42,7 +42,7 @@ struct DovraIpAddress {
 };
 
 struct DovraClusterConfig {
-  bool enabled = false;     ///< the host is in a cluster; callers decide by it what to call
+  bool enabled = false;     ///< the host is in a cluster
   std::string clusterUuid;  ///< empty when `enabled` is false
 };
 
@@ -56,8 +56,8 @@ struct DovraMemberInfo {
   std::string uuid;
 };
 
-/// A datastore of the cluster. Its name is chosen by a user of any host in the cluster; it holds no
-/// zero byte, since it becomes part of a shell command.
+/// A datastore of the cluster. Users of any host in the cluster choose its name, which holds no
+/// zero byte, because it becomes part of a shell command.
 class DovraDatastore {
  public:
   DovraDatastore(std::string uuid, std::string name, bool isDefault);
@@ -71,8 +71,8 @@ class DovraDatastore {
   bool isDefault_;
 };
 
-/// A device that holds a disk of a disk group. The order of its virtual functions is binary
-/// interface: `GetUuid` is the first, so the destructor follows the others.
+/// A device that holds a disk of a disk group. The order of its virtual functions is part of
+/// the ABI: `GetUuid` is the first, so the destructor follows the others.
 class DovraDiskLun {
  public:
   // Both throw `DovraCtlException` when the device does not answer. A throw ends the listing.
@@ -81,8 +81,8 @@ class DovraDiskLun {
   virtual ~DovraDiskLun();
 };
 
-/// One disk of the cluster. Strings are shown as they are, but vendor and model not at all; unknown
-/// ones stay empty.
+/// One disk of the cluster. Unknown strings are empty. Strings are shown unchanged; vendor and
+/// model are not shown.
 struct DovraDiskInfo {
   std::string deviceName;
   bool isFlash = false;
