@@ -91,8 +91,9 @@ class ParameterSpec {
   std::shared_ptr<ParameterConstraint> constraint_;
 };
 
-/// A command's parameters, in the order in which help shows them. Their names differ, and
-/// so do their short names.
+/// A command's parameters, in the order in which help shows them. Their names differ, and so do
+/// their short names. No command has `--help` or `-h`. A host's other options belong before the
+/// command, because a command may have an option of the same name.
 class InputSpec {
  public:
   static std::shared_ptr<InputSpec> New();

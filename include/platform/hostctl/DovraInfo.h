@@ -42,11 +42,12 @@ class DovraInfo {
   virtual ~DovraInfo();
 
   // Disks. A disk group is a flash device, whose name also names the group, and the capacity disks
-  // behind it, which may be flash devices, too. All disks but those of `GetDiskInfo` are this
-  // host's. A string `ssd` or `disk` is a device name, a string `uuid` a UUID.
+  // behind it, which may be flash devices, too. These operations act on disks of this host only;
+  // `GetDiskInfo` also answers for those of other hosts. A string `ssd` or `disk` is a device name,
+  // a string `uuid` a UUID.
 
   /// Fills `info` for any disk that `GetDiskUuids` or a handle of `luns` names; throws when no such
-  /// disk is known: a listing then shows only the disks before it. `luns` is the list from
+  /// disk is known, which ends a listing: it shows the disks up to there. `luns` is the list from
   /// `GetDovraDisks`, to match device data to the UUID.
   virtual void GetDiskInfo(const Uuid& disk, const DiskLuns& luns, DovraDiskInfo& info) = 0;
   /// Partitions and formats empty disks. Makes a disk group of `ssd` and `disks` or, if `ssd` has a
@@ -97,8 +98,8 @@ class DovraInfo {
   /// Takes "dovra" or "witness" traffic off the interface. An interface without traffic leaves the
   /// storage network. Does nothing for traffic that the interface does not carry. When the
   /// interface is not configured, throws for "dovra" and does nothing for "witness": callers make
-  /// both calls, "dovra" first, on one object, and the first may have removed it. With `force` it
-  /// does not throw for that, and notifies the storage service each time.
+  /// both calls, "dovra" first, on one object, and the first may have removed the interface. With
+  /// `force` it does not throw for a missing interface, and notifies the storage service each time.
   virtual void RemoveKnic(const std::string& name, bool force, const std::string& trafficType) = 0;
   /// Makes the storage service load the changed list of agents. Called after adding a node and when
   /// `RemoveUnicastAgent` returns false. After adding a witness, the library does it itself.
