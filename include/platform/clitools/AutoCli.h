@@ -62,8 +62,8 @@ class CommandSpec : public NamespaceNode {
   /// replaces its value.
   void SetMetaDataField(const std::string& key, std::string value);
   /// Sets the formatter that shows a record or a list of records: "simple", a line per field, or
-  /// "table", a line per record. Every record and list of records has one. Without one, the result
-  /// is a Boolean, shown as a bare value.
+  /// "table", a line per record. Commands whose result is a record or a list of records set one.
+  /// The result of others is a Boolean, shown as a bare value.
   void SetDefaultOutputFormatter(std::string formatter);
   /// Sets a parameter of the formatter. Setting a key again replaces its value. The keys, with a
   /// structure's name for NAME and one of its fields for FIELD:

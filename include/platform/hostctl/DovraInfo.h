@@ -99,7 +99,8 @@ class DovraInfo {
   /// storage network. Does nothing for traffic that the interface does not carry. When the
   /// interface is not configured, throws for "dovra" and does nothing for "witness": callers make
   /// both calls, "dovra" first, on one object, and the first may have removed the interface. With
-  /// `force` it does not throw for a missing interface, and notifies the storage service each time.
+  /// `force` it does not throw when the interface is not configured, and every call notifies the
+  /// storage service.
   virtual void RemoveKnic(const std::string& name, bool force, const std::string& trafficType) = 0;
   /// Makes the storage service load the changed list of agents. Called after adding a node and when
   /// `RemoveUnicastAgent` returns false. After adding a witness, the library does it itself.
