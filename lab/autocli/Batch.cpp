@@ -37,11 +37,11 @@ class CommandLineReader {
   CommandLineReader& operator=(const CommandLineReader&) = delete;
 
   /// Reads a line and the lines that continue it. Returns false at the end of the file. Throws
-  /// `UsageError` when the file cannot be read.
+  /// as `Fail` does.
   bool Read(std::string& line) {
     if (!ReadLine(line)) return false;
     begin_ = number_;
-    CliTools::WordScanner scanner;  // kept, so that each line is scanned once
+    CliTools::WordScanner scanner;  // kept: to begin anew at each line would be quadratic
     scanner.Scan(line);
     for (std::string next; scanner.IsContinued() && ReadLine(next); scanner.Scan(next)) {
       line.pop_back();

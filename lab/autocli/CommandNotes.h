@@ -1,10 +1,10 @@
-// What help, the reference and completion show of a command beyond its declarations. A command sets
-// it as metadata:
+// What autocli takes from a command beyond its declarations. A command sets it as metadata:
 //   "examples": lines in pairs, "# PURPOSE" and a command line;
 //   "values": "PARAMETER=LIST" separated by commas, where LIST is one of `CompletionValues`;
 //   "scope": "lab" for a command on the whole lab, which takes no --host;
 //     "external" for one that works on a host from outside, powered off or not;
-//     none for one that runs on the host;
+//     not set for one that runs on the host;
+//   "confirm": the question before it runs, which its flag --force answers;
 //   "columns": the fields that a table shows unless a formatter is named, separated by commas.
 // The commands below `dovra` have the first two in `CommandNotes.cpp` instead.
 #pragma once

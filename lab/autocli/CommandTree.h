@@ -20,7 +20,7 @@ struct Target {
 
 /// The tree of all commands. Plug-ins are loaded when a command line needs them. Any plug-in may
 /// add commands to any namespace, but `lib<name>.so` is expected to hold the namespace `<name>`, so
-/// most command lines need one plug-in.
+/// most command lines need one plug-in. All objects share one root: make only one.
 class CommandTree {
  public:
   explicit CommandTree(std::filesystem::path pluginDirectory);

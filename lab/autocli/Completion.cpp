@@ -28,7 +28,7 @@ namespace {
 
 using Candidates = std::vector<Candidate>;
 
-/// Returns the lists of fields that `typed` can become: one more field of the command's records.
+/// Returns the lists that `typed` can become: up to its last comma, and each field it lacks.
 Candidates FieldsOf(CliTools::AutoCli::CommandSpec& node, std::string_view typed) {
   auto* const command = dynamic_cast<CliTools::AutoCli::Command*>(&node);
   if (command == nullptr) return {};

@@ -11,8 +11,8 @@ std::string ReadCompletionScript(const std::string& shell);
 
 /// Prints the words that the line's last word can become, each on a line with a tab and its
 /// description. The word "/" asks the shell to complete a path. `line` is the command line up to
-/// the cursor as it was typed, with the program's name. Creates no lab. Prints nothing after an
-/// error.
+/// the cursor as it was typed, with the program's name. Sets the variables assigned in it. Creates
+/// no lab, and prints nothing after an error. Ends the process after two seconds.
 void CompleteLine(const std::string& line) noexcept;
 
 }  // namespace AutoCliProgram

@@ -128,7 +128,7 @@ std::string HelpOf(CommandSpec& node, const Style& style) {
 }
 
 std::string Reference(Namespace& root) {
-  const Style style{.width = 72};  // man indents it, too
+  const Style style{.width = 72};  // man adds an indentation
   std::string contents;
   std::string declarations;
   for (const auto& command : CliTools::CommandsBelow(root)) {

@@ -8,6 +8,8 @@
 
 namespace AutoCliProgram {
 
+// Both throw `PluginError`.
+
 /// Returns the help of a command or a namespace; of the program when `node` is the root.
 std::string HelpOf(CliTools::AutoCli::CommandSpec& node, const CliTools::Style& style);
 

@@ -16,7 +16,7 @@ struct Options {
   std::string lab;        ///< directory; empty: the default one
   std::string host;       ///< empty: `defaultHost`
   std::string formatter;  ///< empty: the command's own
-  std::string fields;     ///< of a record, in order, separated by commas; empty: all
+  std::string fields;     ///< of a record, in order, separated by commas; empty: default
   bool noHeader = false;
   std::string pluginDirectory;  ///< empty: the installed plug-ins'
   std::string batch;            ///< file of command lines, "-" for standard input; empty: none
@@ -59,7 +59,7 @@ Options ReadOptions(const std::vector<std::string>& arguments, const Options& de
 Options TakeOptions(const CliTools::CallSpec::Input& given, Options options);
 
 /// Returns the option that replaces a command, such as "--list"; empty when none is given. Throws
-/// `UsageError` for two of them, and for a --batch option without --batch.
+/// `UsageError` for two of them, and for one that goes with --batch without it.
 std::string TaskOf(const Options& options);
 
 /// Return the options as parameters: all, or those that may follow a command.

@@ -14,7 +14,7 @@ enum ExitStatus {
   kCommandFailed = 1,
   kWrongUse = 2,
   kHostUnusable = 3,
-  kResultLost = 4,  ///< the command ran, but its result could not be written
+  kResultLost = 4,  ///< standard output could not be written
 };
 
 /// Returns the directory that holds bin, lib and share.
@@ -26,8 +26,8 @@ std::filesystem::path PluginDirectory(const Options& options);
 /// environment names a directory for the lab.
 void SelectLab(const Options& options);
 
-/// Runs `work`. Prints an exception as one line, which begins with `location`, and returns the exit
-/// status for it.
+/// Runs `work`. Prints an exception as the line "autocli: ", `location` and its message, and
+/// returns the exit status for it.
 ExitStatus Guard(const std::string& location, const std::function<ExitStatus()>& work);
 
 }  // namespace AutoCliProgram

@@ -9,7 +9,7 @@
 namespace AutoCliProgram {
 
 /// Runs the command that the options' words name, or shows its help. Throws `UsageError`,
-/// `HostError` and `PluginError`.
+/// `HostError` and, from help, `OutputError`.
 ExitStatus RunCommandLine(CommandTree& tree, const Options& options);
 
 /// Returns the list of all commands, as the options want it to be shown.

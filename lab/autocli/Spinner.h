@@ -4,7 +4,7 @@
 
 namespace AutoCliProgram {
 
-/// While it exists, shows a line on the terminal that counts the seconds, from the first one on.
+/// While it exists, shows a line on the terminal that counts the seconds, but not within the first.
 /// `command` is the beginning of the line, and must outlive the object. One object at a time; it
 /// uses SIGALRM.
 class Spinner {

@@ -14,7 +14,7 @@ namespace AutoCliProgram {
 
 namespace {
 
-/// Returns the columns of the terminal; 80 when standard output is not a terminal.
+/// Returns the columns of the terminal; 80 when they are not known.
 std::size_t Columns() {
   winsize size{};
   const bool isKnown = ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col != 0;

@@ -10,12 +10,12 @@
 namespace AutoCliProgram {
 
 /// Returns whether the descriptor is a terminal that interprets escape sequences, and NO_COLOR is
-/// not set.
+/// empty.
 bool TakesEscapes(int descriptor);
 
 /// Returns the style of results on standard output: as wide as needed unless it is a terminal.
 CliTools::Style ResultStyle();
-/// Returns the style of help on standard output: as wide as the terminal, else 80 columns.
+/// Returns the style of help on standard output: as wide as the terminal, but at least 40.
 CliTools::Style HelpStyle();
 
 /// A result cannot be written to standard output. `what()` names the reason.

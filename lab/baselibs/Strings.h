@@ -33,7 +33,7 @@ inline std::vector<std::string_view> Split(std::string_view text, char separator
   return parts;
 }
 
-/// Returns `text` without the blanks around it.
+/// Returns `text` without the spaces around it.
 inline std::string_view Trim(std::string_view text) {
   text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
   return text.substr(0, text.find_last_not_of(' ') + 1);

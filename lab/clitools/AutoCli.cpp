@@ -68,7 +68,7 @@ void CommandSpec::RegisterNamespaceNode(std::shared_ptr<NamespaceNode> child,
                                         const std::string& name) {
   if (child == nullptr) Refuse(name, "is null");
   if (IsWithin(*this, *child)) Refuse(name, "cannot be below itself");
-  // The check above finds every cycle only if each node has one parent.
+  // Without an owner, a child would have no link to its parent, which the check above follows.
   if (weak_from_this().expired()) Refuse(name, "is registered in a namespace under construction");
   const auto parent = child->GetParent();
   if (parent && parent.get() != this) Refuse(name, "is registered in another namespace already");

@@ -49,7 +49,7 @@ void OutputSpec::SetRootObject(std::shared_ptr<MetaObj::MetaObject> rootTemplate
 
 namespace {
 
-/// Throws `std::logic_error` when the value was not given: the command must test for it first.
+/// Throws `std::logic_error` when the value is absent or of another type: the command is wrong.
 template <class T>
 const T& ValueOf(const std::map<std::string, Input::Value>& values, const std::string& name) {
   const auto found = values.find(name);

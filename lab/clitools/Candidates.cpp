@@ -37,8 +37,8 @@ class OptionWords {
   OptionWords(const ProgramOptions& program, const ValueSource& values)
       : program_(program), parameters_(program.alone.GetParameters()), values_(values) {}
 
-  /// Switches to the options that are valid after the command at `path`: its parameters and the
-  /// program's options for commands.
+  /// Switches to the options that are valid after `path`: the program's options for commands and,
+  /// if it is a command's, the parameters.
   void Enter(const std::string& path, Parameters parameters) {
     path_ = path;
     own_ = parameters.size();

@@ -17,8 +17,8 @@ struct Candidate {
 /// The text of a candidate that lets the shell complete a path.
 inline constexpr const char* kAnyPath = "/";
 
-/// Returns values of a parameter that declares none: of the command at `path`, or, when `path` is
-/// empty, of a program option before the command.
+/// Returns values of an option that declares none: one of the program's, or one of the command at
+/// `path`. `path` is what precedes the option, a namespace or nothing, too.
 using ValueSource =
     std::function<std::vector<Candidate>(const std::string& path, const std::string& parameter)>;
 
@@ -28,8 +28,8 @@ struct ProgramOptions {
   const CallSpec::InputSpec& withCommand;  ///< those accepted also after it
 };
 
-/// Returns the completions of the last of `words`, which may be empty: names of namespaces and
-/// commands, options, values of options. `words` follow the program's name.
+/// Returns the completions of the last word: names of namespaces and commands, options, values of
+/// options. `words`, at least one, follow the program's name. Throws `PluginError`.
 std::vector<Candidate> Complete(const ProgramOptions& program, const AutoCli::CommandSpec& root,
                                 const std::vector<std::string>& words, const ValueSource& values);
 

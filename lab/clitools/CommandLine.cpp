@@ -50,7 +50,7 @@ const ParameterSpec* Find(const Parameters& parameters,
   return found == parameters.end() ? nullptr : found->get();
 }
 
-/// Reads the options among the words of a command line, which must hold nothing else.
+/// Reads a command line of options alone.
 class OptionReader {
  public:
   /// Error messages list the first `own` parameters.

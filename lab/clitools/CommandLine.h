@@ -13,8 +13,8 @@
 namespace CliTools {
 
 /// Parses the words that follow a command: `-u X`, `-uX`, `--uuid X`, `--uuid=X`, joined flags
-/// (`-wt`). A value is any string, even if it is empty or begins with a hyphen. An option that is
-/// repeated gives a list. Throws `UsageError` for words that the parameters do not allow.
+/// (`-wt`). A value is any string, even if it is empty or begins with a hyphen. Only flags and
+/// lists may be repeated. Throws `UsageError` for a wrong word and for a missing parameter.
 std::shared_ptr<CallSpec::Input> ParseParameters(const CallSpec::InputSpec& spec,
                                                  const std::vector<std::string>& arguments);
 
@@ -31,7 +31,7 @@ CommandLine ParseCommandLine(const CallSpec::InputSpec& command, const CallSpec:
 
 /// A word that gives options: "--name", "--name=VALUE", "-x", "-xVALUE", "-xyz".
 struct OptionWord {
-  std::vector<const CallSpec::ParameterSpec*> options;  ///< up to the first unknown one
+  std::vector<const CallSpec::ParameterSpec*> options;  ///< the caller's, up to an unknown one
   std::string unknown;               ///< that one with its hyphens; empty if all are known
   std::optional<std::string> value;  ///< of the last option, if it is part of the word
   bool takesNextWord = false;        ///< whether the next word is the last option's value

@@ -1,5 +1,5 @@
-// Strings as people and documents see them. A string may hold any bytes; what is shown of it may
-// not.
+// Strings as terminals and documents show them. A string may hold any bytes; what is shown is
+// UTF-8.
 #pragma once
 
 #include <cstddef>
@@ -13,7 +13,7 @@ namespace CliTools {
 /// U+FFFD, which replaces bytes that are not UTF-8.
 inline constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
 
-/// One code point, or the longest sequence of bytes that could have begun one.
+/// One code point, or a truncated one, or a byte that begins none.
 struct CodePoint {
   char32_t value;          ///< U+FFFD if not valid
   std::string_view bytes;  ///< refers to the decoded string
@@ -56,18 +56,18 @@ std::size_t DisplayWidth(std::string_view text);
 /// Takes the parts of a document, one after the other.
 using Sink = std::function<void(std::string_view)>;
 
-/// How text for people is laid out.
+/// The layout of documents.
 struct Style {
   std::size_t width = 0;  ///< columns of the page; 0: no limit
   bool bold = false;      ///< whether captions are printed bold
-  bool header = true;     ///< whether tables have a header
+  bool header = true;     ///< whether tables and CSV have a header
 };
 
 /// Returns `text`, in bold if the style asks for it.
 std::string Caption(const std::string& text, const Style& style);
 
 /// Returns the items, each as `Printable` returns it, in lines of at most `width` columns that
-/// begin with `indent` blanks and end in a newline. An item wider than that has a line to itself.
+/// begin with `indent` blanks and end in a newline. An item that does not fit has a line to itself.
 std::string WrapItems(const std::vector<std::string>& items, std::size_t indent, std::size_t width);
 
 /// Returns the words of `text` wrapped as `WrapItems` wraps items. Line breaks of the text stay,

@@ -17,17 +17,16 @@ Pairs Formatters();
 /// records.
 std::vector<std::string> FormattersFor(const MetaObject& rootTemplate);
 
-/// Writes a result to `sink` in parts of some 64 KiB, so that the document of a long list is never
-/// in memory as a whole. A document ends in a newline unless it is empty.
+/// Writes a result to `sink` in parts, so that the CSV or JSON of many records is never in memory
+/// as a whole. A document ends in a newline unless it is empty.
 ///
 /// `parameters` are the command's "header:", "fields:" and "units:". Without a formatter's name, a
-/// value that is no record is written bare, byte for byte. A result that the formatter cannot show,
-/// as a failed command may leave, is written by "simple". Throws `std::invalid_argument` for an
-/// unknown formatter.
+/// value without records is written bare, byte for byte. A result that the formatter cannot show is
+/// written by "simple". Throws `std::invalid_argument` for an unknown formatter.
 ///
-/// All documents but a bare value are valid UTF-8. Only "simple" and "table" heed the style: they
-/// emphasise captions, and a table that does not fit the page is wrapped within its columns, or,
-/// where that would break words, written as "simple" writes it.
+/// All documents but a bare value are valid UTF-8. Of the style, "table" and "csv" heed the
+/// header, "simple" and "table" the bold captions, and "table" the width: it is wrapped within its
+/// columns or, where that would break words, written as "simple" writes it.
 void Format(const MetaObject& root, std::string_view formatter, const Pairs& parameters,
             const Style& style, const Sink& sink);
 

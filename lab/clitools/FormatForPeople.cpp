@@ -44,7 +44,7 @@ std::string Lines(const MetaStruct& record, const RecordSet& set, const Style& s
 using Row = std::vector<std::string>;
 using Widths = std::vector<std::size_t>;
 
-/// Returns each column's largest cell, as `measure` measures cells.
+/// Returns the largest `measure` of each column's cells.
 template <class Measure>
 Widths LargestCells(const std::vector<Row>& rows, Measure&& measure) {
   Widths widths(rows.front().size());

@@ -9,8 +9,8 @@ namespace CliTools {
 
 namespace {
 
-/// Hands over each record as soon as it is written, so that a long list is never in memory as a
-/// whole.
+/// Hands over each record as soon as it is written, so that the JSON of many is never in memory as
+/// a whole.
 class JsonWriter {
  public:
   JsonWriter(const Pairs& parameters, const Sink& sink) : parameters_(parameters), sink_(sink) {

@@ -1,4 +1,3 @@
-// The formatters.
 #pragma once
 
 #include "clitools/Display.h"

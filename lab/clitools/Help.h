@@ -13,6 +13,8 @@ namespace CliTools {
 /// Returns the parameter's description with "%ENUM%" replaced by the allowed values.
 std::string DescriptionOf(const CallSpec::ParameterSpec& parameter);
 
+// The style must have a width. All but `DescriptionOf` and `ColumnsHelp` throw `PluginError`.
+
 /// Returns the fields of the records that the command prints; empty if it prints none.
 std::vector<std::string> FieldsOf(AutoCli::Command& command);
 
@@ -22,9 +24,9 @@ std::string ColumnsHelp(const std::string& heading,
                         const std::vector<std::pair<std::string, std::string>>& rows,
                         const Style& style);
 
-// `program` is the program's name. The style must have a width.
+// `program` is the program's name.
 
-/// Returns the list of the namespace's children, in registration order.
+/// Returns the list of the namespace's children: namespaces, then commands, as registered.
 std::string ChildrenHelp(const std::string& program, const AutoCli::CommandSpec& node,
                          const Style& style);
 

@@ -9,7 +9,7 @@ MetaObject::~MetaObject() = default;
 
 MetaString::MetaString(std::string value)
     : MetaObject(MetaType::kString), value_(std::move(value)) {}
-// Values are immutable, so the most frequent ones are shared.
+// Strings and Booleans are immutable, so the most frequent ones are shared.
 std::shared_ptr<MetaString> MetaString::New(std::string value) {
   static const auto empty = std::make_shared<MetaString>(std::string());
   if (value.empty()) return empty;
@@ -30,8 +30,8 @@ std::shared_ptr<MetaBool> MetaBool::New(bool value) {
 
 namespace {
 
-/// The names of a record's fields. Records that set the same fields in the same order share them,
-/// so that a list of many keeps them once; a shared layout gets no further fields.
+/// The names of a record's fields. Successive records with the same fields in the same order share
+/// them, so that a list of many keeps them once; a shared layout gets no further fields.
 struct Layout {
   std::string structure;
   std::vector<std::string> fields;

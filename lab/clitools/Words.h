@@ -13,11 +13,10 @@ namespace CliTools {
 /// comment.
 class WordScanner {
  public:
-  /// Scans the next line of the command line. It continues the line before, which ended in a
-  /// backslash.
+  /// Scans a line: the first one, or one that continues the line before (`IsContinued`).
   void Scan(std::string_view line);
 
-  /// Whether the last line ends in a backslash, which joins it with the next one.
+  /// Whether the last line ends in a backslash that joins it with the next one.
   bool IsContinued() const { return afterBackslash_; }
 
   /// Returns the words, once. Throws `UsageError` for a quote without an end and for a backslash
@@ -37,7 +36,7 @@ class WordScanner {
   bool inWord_ = false;
   bool afterBackslash_ = false;
   char quote_ = '\0';            ///< the open quote
-  std::size_t column_ = 0;       ///< of the last character, counted from 1 across joined lines
+  std::size_t column_ = 0;       ///< of the last byte, counted from 1 across joined lines
   std::size_t quoteColumn_ = 0;  ///< of the open quote
 };
 

@@ -2,7 +2,7 @@
 #
 # autocli parses the line as it was typed, so the script removes no quotes. bash also breaks words at
 # ":" and "=", and expects only the part after the last break. It hides the variables that are assigned
-# before the command, so another lab must be named with --lab.
+# before the command, so that AUTOCLI_LAB there is ignored.
 _autocli() {
     local LC_ALL=C program=$1 line word what typed kept='' quote='' item
     local breaks=${COMP_WORDBREAKS//[^:=]/} current=${COMP_WORDS[COMP_CWORD]}
