@@ -53,7 +53,7 @@ std::optional<HostRow> OwnerOf(const std::string& lab, const fs::path& root) {
   return host;
 }
 
-/// What a root is called before its host is committed, and when its host has been removed.
+/// Returns the path of a host's root until `SettleRoots` names it, and after the host's removal.
 fs::path HiddenRootOf(const fs::path& hosts, const HostRow& host) {
   return hosts / ("." + host.uuid);
 }
@@ -222,7 +222,7 @@ void ReplaceFile(const fs::path& root, const fs::path& name, const std::string& 
     for (const fs::path& part : name.parent_path()) {
       const fs::path above = std::exchange(directory, directory / part);
       fs::create_directory(directory);
-      SyncDirectory(above);  // also where one made it that was killed then
+      SyncDirectory(above);  // also of a directory whose maker was killed
     }
     fs::remove(draft);
     WriteNewFile(draft, content);

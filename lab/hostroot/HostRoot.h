@@ -19,7 +19,7 @@ inline constexpr const char* kTraceState = "var/run/dovratraced.json";
 std::filesystem::path RootOf(const std::filesystem::path& lab, const HostRow& host);
 
 /// Returns the path of a file below the root. Throws `HostError` when another user owns or may
-/// write something on the way to it, or to a file that the host's programs write.
+/// write something on the way to it, to `kTraceState` or to the notification log.
 std::filesystem::path HostFile(const std::filesystem::path& root,
                                const std::filesystem::path& name);
 

@@ -288,7 +288,7 @@ constexpr CommandRow kRows[] = {
      RecordList{[] { return HostRecord({}, "", ""); }, ListHosts, false,
                 "Name,Membership,Fault Domain,UUID"}},
     {"lab host stop",
-     "Power a host off, as if it had died. Its configuration stays, and its vote counts among all.",
+     "Power a host off, as if it had died. Its configuration stays, and its vote still counts.",
      "# Let a host die.\nautocli lab host stop --name host1",
      {kHostOrSelected},
      LabChange{OnPower<Stop>, true},
@@ -311,7 +311,7 @@ constexpr CommandRow kRows[] = {
     {"lab disk", "Commands for the disks of a host; --host names the host"},
     {"lab disk add",
      "Plug an empty disk into this host. With auto claim mode on, the Dovra service then claims "
-     "every empty disk.",
+     "empty disks.",
      "# Plug a disk into an empty slot.\n"
      "autocli lab disk add --device mpx.xhba2:C0:T4:L0 --kind capacity",
      {{"device", "d", kString, kRequired, "Device name of the disk, e.g. mpx.xhba2:C0:T4:L0."},

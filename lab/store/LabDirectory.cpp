@@ -22,7 +22,7 @@ namespace {
   throw fs::filesystem_error(what, path, {errno, std::generic_category()});
 }
 
-/// An open file, closed with its owner.
+/// An open file, which its destructor closes.
 class Descriptor {
  public:
   Descriptor(const fs::path& path, int flags, mode_t mode = 0)
@@ -47,7 +47,7 @@ void MakeDirectory(const fs::path& directory) {
   SyncDirectory(parent);
 }
 
-/// Whether the directory is empty or holds a store, or a draft of one.
+/// Whether the directory holds a store, or nothing but the files of a draft.
 bool MayBeLab(const fs::path& directory) {
   std::set<std::string> names;
   for (const auto& entry : fs::directory_iterator(directory)) names.insert(entry.path().filename());

@@ -1,4 +1,4 @@
-// A lab's directory, apart from SQLite: what may become a lab, who may use one, durable files.
+// A lab's directory, apart from SQLite: its creation, checks of ownership, durable files.
 // Errors are thrown as `filesystem_error` where no other exception is named.
 #pragma once
 
@@ -17,13 +17,13 @@ inline constexpr const char* kHostsDirectory = "hosts";
 /// The store until it is complete.
 inline constexpr const char* kStoreDraft = "lab.db.new";
 
-/// Makes the directory if it does not exist. Throws `HostError` when it holds other files and no
-/// lab.
+/// Makes the directory and its parents where they do not exist. Throws only `HostError`, also when
+/// the directory holds other files and no lab.
 void PrepareLabDirectory(const std::filesystem::path& directory);
 
 /// Throws `HostError` when another user owns the file or may write it: a lab holds programs that
 /// are run and directories that are emptied. Judges a symlink and the file behind it. Accepts a
-/// file that does not exist.
+/// path that `stat` fails on.
 void RequireOwn(const std::filesystem::path& path);
 /// The same for each component of `below`, a path relative to `base`; `base` itself is not judged.
 void RequireOwn(std::filesystem::path base, const std::filesystem::path& below);

@@ -8,14 +8,15 @@
 
 namespace Lab {
 
-/// Describes the table of a row's type, which further declares
-/// - `Visit(row, column)`: calls `column(name, member, presence)` for each column in turn;
+/// Describes the table of a row's type. The row's type also declares
+/// - `Visit(row, column)`: calls `column(name, member)` or, for an optional column,
+///   `column(name, member, kOptional)`, for each column in turn;
 /// - `GetDamage()`, optionally: says what is wrong with a row that was read; empty when nothing is.
 struct Table {
   const char* name;
   const char* key;              ///< the columns of the primary key
   const char* owner = nullptr;  ///< the column that refers to the row's owner
-  const char* order = nullptr;  ///< in which rows are listed
+  const char* order = nullptr;  ///< the columns by which rows are sorted
   const char* rules = "";       ///< further constraints, each after a comma
 };
 
@@ -53,9 +54,9 @@ struct HostRow {
   std::string faultDomain;  ///< empty if none
   bool autoClaim = false;
   bool enteringMaintenance = false;
-  std::int64_t resyncThrottle = 0;  ///< Mbps
+  std::int64_t resyncThrottle = 0;  ///< Mbps; 0: none
   std::int64_t resyncDemand = 0;    ///< bandwidth used without a throttle, Mbps
-  /// 0 for a host that no split named; each split puts its hosts into a new group.
+  /// 0 without a split; each split puts the hosts that it names into a new group.
   std::int64_t networkGroup = 0;
 
   static void Visit(auto& row, auto&& column) {
@@ -271,7 +272,7 @@ struct FaultRow {
   std::int64_t host = 0;
   std::string operation;
   std::string message;
-  std::int64_t passes = 0;     ///< calls that succeed first
+  std::int64_t passes = 0;     ///< calls that the fault spares first
   std::int64_t remaining = 0;  ///< calls that then fail
   bool late = false;           ///< an operation that changes something fails after its change
 

@@ -25,7 +25,8 @@ constexpr std::chrono::seconds kLongestWait(60);
 
 std::atomic<const char*> waitsFor = "";
 
-/// Spares SQLite its locks and its count of memory in use. Works only before SQLite is first used.
+/// Turns off SQLite's mutexes and its count of memory in use. Works only before SQLite is first
+/// used.
 void Configure() {
   static bool isConfigured = false;
   if (std::exchange(isConfigured, true)) return;

@@ -1,5 +1,5 @@
-// SQLite with C++ lifetimes. Every failure is thrown as `HostError`. SQLite runs without locks:
-// only one thread of the process may use this file, but for `WaitsFor`.
+// SQLite with C++ lifetimes. Every failure is thrown as `HostError`. SQLite runs without mutexes:
+// only one thread of the process may use these classes, but for `WaitsFor`.
 #pragma once
 
 #include <chrono>
@@ -35,7 +35,7 @@ class Query {
 
   std::int64_t Int(int column) const;
   std::string Text(int column) const;
-  // By the type of the value.
+  // Reads the column as the type of `value`.
   void Read(int column, std::int64_t& value) const { value = Int(column); }
   void Read(int column, bool& value) const { value = Int(column) != 0; }
   void Read(int column, std::string& value) const { value = Text(column); }
@@ -65,13 +65,13 @@ class Database {
   Database(const Database&) = delete;
   Database& operator=(const Database&) = delete;
 
-  /// Compiles `sql` and binds `values` in order.
+  /// Compiles `sql` and binds `values` in order. Only one `Query` of the same `sql` at a time.
   template <class... Values>
   Query Prepare(std::string_view sql, const Values&... values) {
     return Query(Compile(sql), values...);
   }
 
-  /// Runs a statement that yields no rows.
+  /// Runs a statement whose row, if any, does not matter.
   template <class... Values>
   void Run(std::string_view sql, const Values&... values) {
     Prepare(sql, values...).Step();

@@ -144,7 +144,7 @@ std::vector<MemberRow> Store::ListPeers(std::int64_t host) {
 
 bool Store::IsIsolated(std::int64_t host) {
   Query query = database_->Prepare("SELECT max(running) = 0 FROM knics WHERE host = ?", host);
-  return query.Step() && query.Int(0) != 0;  // NULL, read as 0, without interfaces
+  return query.Step() && query.Int(0) != 0;  // no interfaces: NULL, read as 0
 }
 
 void Store::SetKnicsRunning(std::int64_t host, bool running) {

@@ -21,7 +21,7 @@ class Store;
 /// Callbacks that complete a new lab.
 struct NewLab {
   std::function<void(Store&)> fill;    ///< adds the first host
-  std::function<void(Store&)> settle;  ///< runs when the host is committed
+  std::function<void(Store&)> settle;  ///< runs after its commit; may run again
 };
 
 struct DiskCount {
@@ -35,7 +35,8 @@ class Store {
   /// changes nothing, when the directory or its contents are no lab and cannot become one.
   Store(const std::filesystem::path& directory, const NewLab& newLab);
 
-  /// Whether opening the lab anew would lead to the same file. Throws `HostError` as opening would.
+  /// Prepares the store for another use; false when it must be opened anew. Throws `HostError` as
+  /// opening does.
   bool IsCurrent();
 
   const std::filesystem::path& GetDirectory() const { return directory_; }
@@ -60,7 +61,7 @@ class Store {
     return SelectOne<Row>(kWhere, key...);
   }
 
-  /// Returns all rows, in the order of `Row::kTable.order`.
+  /// Returns all rows, in the order of `Row::kTable.order`, which is not null.
   template <class Row>
   std::vector<Row> List() {
     static const std::string kOrder = std::string(" ORDER BY ") + Row::kTable.order;
@@ -82,7 +83,7 @@ class Store {
     return database_->Prepare(kSelect, owner).Step();
   }
 
-  /// Removes the row with this key, and the rows that belong to it.
+  /// Removes the row with this key, and the rows that belong to it. A cluster has no members then.
   template <class Row, class... Key>
   void Remove(const Key&... key) {
     static const std::string kDelete =
@@ -109,10 +110,9 @@ class Store {
   bool IsIsolated(std::int64_t host);
   /// Puts every persisted interface of the host into effect, or out of it.
   void SetKnicsRunning(std::int64_t host, bool running);
-  /// Counts the disks that are plugged into the host, and those of its disk groups that no longer
-  /// are, as failed.
+  /// Counts the host's disks. An unplugged disk counts as failed if it is claimed, else not at all.
   DiskCount CountDisks(std::int64_t host);
-  /// Returns the host's disks that are in use, in any order.
+  /// Returns the host's claimed disks, in any order.
   std::vector<DiskRow> ListClaimedDisks(std::int64_t host);
   /// Returns the disks of a group, its cache device among them.
   std::vector<DiskRow> ListGroup(std::int64_t host, std::string_view group);

@@ -10,7 +10,7 @@ inline constexpr const char* kNilUuid = "00000000-0000-0000-0000-000000000000";
 bool IsUuid(const std::string& text);
 /// The text of a new random UUID.
 std::string NewUuid();
-/// The text of the UUID that belongs to `name` and no other: the same each time.
+/// The text of the name-based UUID of `name`: the same each time.
 std::string UuidOfName(const std::string& name);
 
 }  // namespace Lab

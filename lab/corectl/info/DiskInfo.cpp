@@ -8,8 +8,8 @@
 #include "corectl/rules/Refuse.h"
 #include "platform/corectl/DovraUtil.h"
 
-// A listing calls GetDovraDisks, GetDiskUuids, and GetDiskInfo for each disk. The result of the
-// first call holds the view, so that all results are of one moment.
+// A listing calls GetDovraDisks, GetDiskUuids, and GetDiskInfo for each disk. The handles of
+// the first call hold the view, so that all results are of one moment.
 
 void HostCtl::Dovra::DovraInfo::GetDovraDisks(DiskLuns& luns) {
   auto& host = Lab::Session::Current();

@@ -90,7 +90,7 @@ int DovraUtil::DovraExec(const std::string& command, const std::string& argument
   const auto fault = Session::Current().TakeFault("DovraExec");
   const bool runs = !fault || fault->late;
   const int status = runs ? BaseLibs::RunProgram({command, argument}).status : -1;
-  return fault ? -1 : status;  // DovraExec does not throw
+  return fault ? -1 : status;  // DovraExec throws no fault
 }
 
 }  // namespace CoreCtl::Dovra

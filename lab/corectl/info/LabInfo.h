@@ -1,4 +1,4 @@
-// The control library's information objects over the lab's store. Each operation is one
+// The control library's information objects over the lab's store. Each change is one
 // transaction.
 #pragma once
 

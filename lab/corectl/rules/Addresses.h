@@ -14,8 +14,7 @@ HostCtl::Dovra::DovraIpAddress ToAddress(const std::string& text);
 bool IsMulticast(const HostCtl::Dovra::DovraIpAddress& address);
 /// Whether the address is one of a single host.
 bool IsUnicast(const HostCtl::Dovra::DovraIpAddress& address);
-/// Returns the address in the one form that all its spellings have in the store: an IPv4 address
-/// mapped to IPv6 as IPv4.
+/// Returns the one form for all spellings of the address: an IPv4 address mapped to IPv6 as IPv4.
 std::string CanonicalAddress(const HostCtl::Dovra::DovraIpAddress& address);
 
 /// Refuses a number outside its range. `what` names it in the message.

@@ -22,7 +22,7 @@ inline constexpr const char* kNoMember = "This host is not in a Dovra cluster.";
 std::optional<MemberRow> FindRunningMember(Store& store, const HostRow& host);
 /// The same. Refuses when there is none.
 MemberRow RequireRunningMember(Store& store, const HostRow& host);
-/// Returns the cluster of a member.
+/// Returns the cluster of a member. Throws `HostError`, as damage, when there is none.
 ClusterRow RequireCluster(Store& store, const std::string& uuid);
 
 /// A partition that has the quorum.
@@ -31,8 +31,8 @@ struct Quorum {
   std::vector<std::string> others;  ///< UUIDs of its data hosts but the one that asked
 };
 
-/// Refuses when the host's partition has no quorum. A host that is `joining` counts as running,
-/// also where it has not restored its membership, and need not be a member yet.
+/// Returns the quorum of the host's partition. Refuses when it has none. A host that is `joining`
+/// counts as running, also where it has not restored its membership, and need not be a member yet.
 Quorum RequireQuorum(Store& store, const HostRow& host, const std::string& cluster,
                      const MemberRow* joining = nullptr);
 /// Refuses to change a fault domain without the quorum, and while the network splits the cluster:

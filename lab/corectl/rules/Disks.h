@@ -17,7 +17,7 @@ void AddDisks(Store& store, const HostRow& host, const std::string& ssd,
               const std::vector<std::string>& disks);
 
 // The ways in which a command names a claimed disk: by its device name, by the device name of a
-// cache device, or by its UUID.
+// cache device, or by its UUID, which alone finds an unplugged disk.
 DiskRow RequireClaimedDisk(Store& store, const HostRow& host, const std::string& device);
 DiskRow RequireGroupDisk(Store& store, const HostRow& host, const std::string& ssd);
 DiskRow RequireDiskByUuid(Store& store, const HostRow& host, const std::string& uuid);
@@ -47,14 +47,14 @@ void AutoClaim(Store& store, const HostRow& host);
 /// Adds an empty disk to the host, then claims empty disks as `AutoClaim` does.
 void PlugIn(Store& store, const HostRow& host, const std::string& device, bool flash);
 
-// Events of a disk. A lost disk (failed or unplugged) is out of use until it is replugged or
-// replaced, and with a cache device its group.
+// Events of a disk. A lost disk (failed or unplugged) is unmounted until it is replugged or
+// replaced; a lost cache device unmounts its group.
 
 /// Lets the disk fail: it stays attached, but cannot be read.
 void Fail(Store& store, const HostRow& host, const std::string& device);
-/// Detaches the disk; the cluster still knows it.
+/// Detaches the disk. The cluster still knows a claimed one.
 void Unplug(Store& store, const HostRow& host, const std::string& device);
-/// Attaches the disk again, and mounts it if its group is mounted.
+/// Attaches the disk again. Mounts the group of a cache device, or a disk of a mounted group.
 void Replug(Store& store, const HostRow& host, const std::string& device);
 /// Puts a new, empty disk in the place of a lost one that is in no group.
 void Replace(Store& store, const HostRow& host, const std::string& device);

@@ -18,7 +18,9 @@ std::string UnknownHostMessage(Store& store, const std::string& name);
 /// Returns the host of that name. Refuses when there is none.
 HostRow RequireHost(Store& store, const std::string& name);
 
-/// Adds a host with empty disks and a root that holds a copy of `files`.
+// `SettleRoots` must follow the commit of the next three.
+
+/// Adds a host with empty disks and a root that holds a copy of `files`. Callers check the name.
 void AddHost(Store& store, const std::string& name, const std::filesystem::path& files);
 /// Makes the lab as it was when new; its host's root holds a copy of `files`.
 void ResetLab(Store& store, const std::filesystem::path& files);
@@ -26,13 +28,13 @@ void ResetLab(Store& store, const std::filesystem::path& files);
 /// empty for a host outside any cluster.
 std::string RemoveHost(Store& store, const HostRow& host);
 
-/// Powers the host off. What runs is lost: the membership, interfaces, a maintenance operation.
+/// Powers the host off. Its membership and interfaces stop, a maintenance operation is lost.
 void Stop(Store& store, HostRow& host);
 /// Powers the host on. With auto claim on, its empty disks are claimed.
 void Start(Store& store, HostRow& host);
 void Reboot(Store& store, HostRow& host);
 
-/// Cuts the named hosts off from all others; they reach each other.
+/// Cuts the named hosts off from all others, but not from a witness that is not named.
 void SplitNetwork(Store& store, const std::vector<std::string>& hosts);
 /// Ends all splits.
 void HealNetwork(Store& store);

@@ -23,12 +23,12 @@ struct Member {
 /// The running members that reach each other, the master first, then the backup, then the others in
 /// join order. A witness is neither master nor backup.
 struct Partition {
-  std::vector<const Member*> members;  ///< in the list that the partition was made from
+  std::vector<const Member*> members;  ///< they point into the list it was made from
   std::int64_t group = 0;              ///< network group; `kIsolated` for an isolated member
   std::size_t number = 0;              ///< among the cluster's partitions, from 1 on; 0: none
   bool isOnly = false;                 ///< the cluster has no other partition
-  std::size_t votes = 0;
-  std::size_t allVotes = 0;  ///< the cluster's, of running members or not
+  std::size_t votes = 0;               ///< one a member; when stretched, one a site and the witness
+  std::size_t allVotes = 0;            ///< the cluster's, of running members or not
 
   static constexpr std::int64_t kIsolated = -1;
 
@@ -40,13 +40,14 @@ struct Partition {
   /// Returns the UUID of the data host in this place, 0 for the master and 1 for the backup; the
   /// nil UUID when there is none.
   std::string GetLeader(std::size_t place) const;
-  /// Returns the membership's UUID: the cluster's, or the partition's own beside other partitions.
+  /// Returns the membership's UUID: `clusters`, or the partition's own beside other partitions.
   std::string GetMembershipUuid(const std::string& clusters) const;
 };
 
 /// Returns the partitions of the cluster, given all its members in join order. Members reach each
 /// other in the same network group, unless they are isolated. A witness in group 0 has a link to
-/// every partition but those of isolated members, and belongs to the one that it prefers.
+/// every partition but those of isolated members. It belongs to the one with most data hosts or,
+/// when the cluster is stretched, to that of its preferred site.
 std::vector<Partition> PartitionsOf(const std::vector<Member>& members);
 std::vector<Partition> PartitionsOf(std::vector<Member>&&) = delete;  // the members would be gone
 

@@ -51,16 +51,17 @@ class Session {
 
   explicit Session(Store& store, const HostRow& host);
 
-  /// Runs an operation of the control library as one transaction that only reads, and returns the
-  /// result of `work(store, host)`. Throws `DovraCtlException` when a fault strikes, late or not.
+  /// Runs an operation of the control library that only reads. Returns the result of
+  /// `work(store, host)`, which runs in one transaction. Throws `DovraCtlException` when a fault
+  /// strikes, late or not.
   template <class Work>
   auto Read(Operation operation, Work&& work) {
     InjectFault(operation);
     return Read(std::forward<Work>(work));
   }
 
-  /// The same for an operation that writes. An exception of `work` rolls it back. A late fault
-  /// strikes after the commit; it is not spent when `work` throws.
+  /// The same for an operation that writes. Throws `HostError` when the host is powered off. An
+  /// exception of `work` rolls it back. A late fault strikes after the commit, which spends it.
   template <class Work>
   auto Change(Operation operation, Work&& work) {
     const auto fault = TakeFault(operation, kSpare);
@@ -72,7 +73,7 @@ class Session {
     return Change(onHost, fault ? &*fault : nullptr);
   }
 
-  // The same for work that is no operation of the control library.
+  // For other work: without faults, and also on a host that is powered off.
   template <class Work>
   auto Read(Work&& work) {
     return Run(Store::Transaction::Kind::kRead, std::forward<Work>(work));
@@ -84,20 +85,20 @@ class Session {
     return Run(Store::Transaction::Kind::kWrite, std::forward<Work>(work), late);
   }
 
-  /// Counts a call of the operation on each of its injected faults. Returns the first fault that is
-  /// due, and counts it down, but for a late one if those are spared.
   enum LateFaults { kSpend, kSpare };
+  /// Counts a call of the operation on each of its injected faults. Returns the first fault that is
+  /// due, and counts it down, unless it is late and such faults are spared.
   std::optional<FaultRow> TakeFault(Operation operation, LateFaults lateFaults = kSpend);
-  /// Throws the message of that fault as `DovraCtlException`.
+  /// Throws `DovraCtlException` when a fault is due.
   void InjectFault(Operation operation);
 
   const std::string& GetName() const { return name_; }
-  // As of the selection.
+  // As of the first use after the selection.
   std::int64_t GetApiVersion() const { return apiVersion_; }
   /// Throws `HostError` when the host is powered off.
   void RequirePower() const { RequirePower(power_); }
   /// Returns what the host knows of its cluster: read once, and again after the host has changed
-  /// something. Throws `DovraCtlException` when a fault is injected into the operation.
+  /// something. Throws `DovraCtlException` when a fault strikes.
   const ClusterView& GetClusterView(Operation operation);
   /// Returns the disks that the host knows: the same view as long as a caller holds it, until the
   /// host changes something.
@@ -137,7 +138,7 @@ class Session {
   bool power_;
   std::optional<ClusterView> clusterView_;
   std::weak_ptr<DiskView> diskView_;
-  bool hasFaults_;  // as of the selection
+  bool hasFaults_;  // as of the first use after the selection
 };
 
 }  // namespace Lab

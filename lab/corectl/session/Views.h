@@ -31,7 +31,7 @@ struct DiskView {
 
     HostCtl::Dovra::Uuid uuid;
     DiskRow row;
-    bool isAttached;  ///< to this host; of other disks it only knows
+    bool isAttached;  ///< to this host; false for an unplugged one
   };
 
   bool isMember = false;    ///< of a cluster, in effect

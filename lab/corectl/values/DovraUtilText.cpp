@@ -26,8 +26,7 @@ constexpr std::array<std::pair<DovraPolicyClass, const char*>, 5> kPolicyClasses
     {DovraPolicyClass::kVmem, "vmem"},
 }};
 
-/// Returns the length of the first character in bytes. A byte of invalid UTF-8 counts as a
-/// character.
+/// Returns the length of the first character in bytes. A stray or truncated byte counts as one.
 std::size_t LengthOfCharacter(std::string_view text) {
   const auto first = static_cast<unsigned char>(text.front());
   const std::size_t length = first < 0xC0 ? 1 : first < 0xE0 ? 2 : first < 0xF0 ? 3 : 4;
