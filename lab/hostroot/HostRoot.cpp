@@ -48,7 +48,7 @@ std::optional<HostRow> OwnerOf(const std::string& lab, const fs::path& root) {
   HostRow host;
   mark >> itsLab >> host.uuid >> host.name;
   const std::string name = root.filename();
-  const bool isItsName = name == host.name || name == '.' + host.name || name == '.' + host.uuid;
+  const bool isItsName = name == host.name || name == '.' + host.uuid;
   if (!mark || itsLab != lab || !isItsName) return {};
   return host;
 }
@@ -88,11 +88,10 @@ std::string Reason(const fs::filesystem_error& error) {
   return "\"" + error.path1().string() + "\": " + error.code().message();
 }
 
-/// Deletes an unmarked root that a killed process left: a hidden directory named after a host or a
-/// UUID that contains nothing but, at most, an empty mark.
+/// Deletes an unmarked root that a killed process left: a hidden directory named after a UUID that
+/// contains nothing but, at most, an empty mark.
 void ClearUnmarked(const fs::path& path) {
-  const std::string name = path.filename().string().substr(1);
-  if (!IsRealDirectory(path) || !(IsUuid(name) || IsHostName(name))) return;
+  if (!IsRealDirectory(path) || !IsUuid(path.filename().string().substr(1))) return;
   for (const auto& entry : fs::directory_iterator(path)) {
     if (entry.path().filename() != kMark || entry.is_symlink() || !fs::is_empty(entry)) return;
   }

@@ -82,14 +82,16 @@ as_user() {
     for host in host2 host3; do succeed lab host add --name $host; done
     hosts=$AUTOCLI_LAB/hosts
     blocked=$hosts/.$(host_uuid host2)
-    mkdir -p "$blocked/mine" "$hosts/.$(</proc/sys/kernel/random/uuid)" "$hosts/.gone" "$hosts/host1/var/run"
-    touch "$hosts/.gone/.autocli-host" "$hosts/host1/var/run/"{dovratraced.json.new-{$$,"$(sh -c 'echo $$')"},mine.new-4}
+    gone=$hosts/.$(</proc/sys/kernel/random/uuid)
+    mkdir -p "$blocked/mine" "$hosts/.$(</proc/sys/kernel/random/uuid)" "$gone" "$hosts/.mine" "$hosts/host1/var/run"
+    touch "$gone/.autocli-host" "$hosts/host1/var/run/"{dovratraced.json.new-{$$,"$(sh -c 'echo $$')"},mine.new-4}
     chmod 000 "$hosts/host3/.autocli-host"
     [[ $(id -u) != 0 ]] || chown -R 65534:65534 "$hosts"
     taken="\"$hosts/host2\" cannot be put in order: \"$hosts/host2\": Directory not empty"
     secret="\"$hosts/host3\" cannot be put in order: \"$hosts/host3/.autocli-host\": Permission denied"
     expect 1 true "$taken" lab host remove --name host2
     expect 1 true "$taken"$'\n'"$secret" lab host remove --name host3
+    rmdir "$hosts/.mine" # the user's, although it is empty
     same "${blocked##*/} host1 host2 host3" "$(ls -A "$hosts" | xargs)"
     same "dovratraced.json.new-$$ mine.new-4" "$(ls "$hosts/host1/var/run" | xargs)"
     expect 1 true "$taken"$'\n'"$secret" lab host add --name host4
