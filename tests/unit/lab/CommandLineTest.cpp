@@ -71,7 +71,7 @@ TEST(CommandLine, TakesOptionsAsAdministratorsTypeThem) {
       {{"--uuid", "X", "--"}, "--uuid=X"},
       {{"-u", "a", "--uuid-file", "b"},
        "--uuid=a --uuid-file=b"},  // one name is a prefix of the other
-      {{"-wbuX", "-?", "-w"}, "--uuid=X --uuid-file=-w --wait --boot"},
+      {{"-wbwuX", "-?", "-w"}, "--uuid=X --uuid-file=-w --wait --boot"},
       {{"-u", "--"}, "--uuid=--"},
       {{"--uuid=", "-d", ""}, "--uuid= --disks="},
       {{"-u", " [a,b] \n\"'\\"}, "--uuid= [a,b] \n\"'\\"},
@@ -117,6 +117,7 @@ TEST(CommandLine, RefusesWhatItCannotTakeAsItIs) {
       {{"-w"}, "Missing required parameter --uuid (text)"},
       {{"-ua", "--uuid=b\x1b"},
        "--uuid is given twice, as \"a\" and \"b\\x1b\"; it takes one value"},
+      {{"-uX", "-r", ""}, "Invalid value \"\" for --roles: expected one of witness, node"},
       {{"-uX", "-twitnes"}, "Invalid value \"witnes\" for --type: expected one of witness, node"},
       {{"-uX", "-l513"}, "Invalid value \"513\"" + level},
       {{"-uX", "-l", "-1"}, "Invalid value \"-1\"" + level},

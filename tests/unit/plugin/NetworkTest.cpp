@@ -67,6 +67,8 @@ TEST(NetworkIpAddAndSet, EachParameterReplacesOneSetting) {
       {"--master-mc-port 70000", 5, "70000"},
       {"--host-uc-port 4294979617", 6, "2147483647"},
       {"--multicast-ttl 4294967301", 7, "2147483647"},
+      {"--traffic-type witness", 8, "[witness]"},
+      {"--traffic-type dovra", 8, "[dovra]"},
       {"--traffic-type witness --traffic-type dovra", 8, "[dovra, witness]"},
   };
   for (const auto& [option, position, stored] : rows) {
