@@ -11,7 +11,7 @@ using CliTools::AutoCli::CommandSpec;
 
 namespace {
 
-/// The notes on a command below `dovra`. Some commands without parameters need none.
+/// The notes on a command below `dovra`.
 struct DovraNotes {
   std::string_view path;
   const char* values;    ///< as in the metadata field

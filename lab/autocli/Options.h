@@ -59,7 +59,7 @@ Options ReadOptions(const std::vector<std::string>& arguments, const Options& de
 Options TakeOptions(const CliTools::CallSpec::Input& given, Options options);
 
 /// Returns the option that replaces a command, such as "--list"; empty when none is given. Throws
-/// `UsageError` for two of them, and for one that goes with --batch without it.
+/// `UsageError` for two of them, and for --keep-going or --echo without --batch.
 std::string TaskOf(const Options& options);
 
 /// Return the options as parameters: all, or those that may follow a command.

@@ -15,7 +15,7 @@ bool TakesEscapes(int descriptor);
 
 /// Returns the style of results on standard output: as wide as needed unless it is a terminal.
 CliTools::Style ResultStyle();
-/// Returns the style of help on standard output: as wide as the terminal, but at least 40.
+/// Returns the style of help on standard output: as wide as the terminal, at least 40.
 CliTools::Style HelpStyle();
 
 /// A result cannot be written to standard output. `what()` names the reason.

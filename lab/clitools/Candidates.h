@@ -18,7 +18,7 @@ struct Candidate {
 inline constexpr const char* kAnyPath = "/";
 
 /// Returns values of an option that declares none: one of the program's, or one of the command at
-/// `path`. `path` is what precedes the option, a namespace or nothing, too.
+/// `path`. `path` may also be a namespace's, or empty.
 using ValueSource =
     std::function<std::vector<Candidate>(const std::string& path, const std::string& parameter)>;
 

@@ -13,7 +13,7 @@ namespace CliTools {
 /// Returns the parameter's description with "%ENUM%" replaced by the allowed values.
 std::string DescriptionOf(const CallSpec::ParameterSpec& parameter);
 
-// The style must have a width. All but `DescriptionOf` and `ColumnsHelp` throw `PluginError`.
+// The style must have a width. `FieldsOf` and `CommandHelp` throw `PluginError`.
 
 /// Returns the fields of the records that the command prints; empty if it prints none.
 std::vector<std::string> FieldsOf(AutoCli::Command& command);

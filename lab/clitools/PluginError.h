@@ -18,7 +18,7 @@ class [[gnu::visibility("default")]] PluginError : public BaseLibs::HostError {
 /// Returns a `PluginError` for the exception being handled, which `command` threw.
 PluginError ThrownBy(const AutoCli::Command& command);
 
-/// Returns the command's parameters. Throws `PluginError` for null ones and for an exception.
+/// Returns the command's parameters. Throws `PluginError` when it declares none, or a null one.
 std::shared_ptr<CallSpec::InputSpec> InputOf(AutoCli::Command& command);
 
 /// Returns an empty value of the shape of the command's result; null if it has no result. Throws

@@ -465,10 +465,8 @@ constexpr CommandRow kRows[] = {
 
     {"lab status",
      "Show every host's role, partition, votes, disks and first problem. Partition 0: none, since "
-     "the "
-     "host does not run as a member. Problems: stopped, not restored, no interface, cut off "
-     "(another "
-     "partition has the quorum), no quorum, disk failed.",
+     "the host does not run as a member. Problems: stopped, not restored, no interface, cut off "
+     "(another partition has the quorum), no quorum, disk failed.",
      "# See why a host is not in its cluster.\nautocli lab status",
      {},
      RecordList{[] { return StatusRecord({}, {}, {}); }, ListStatus, false,

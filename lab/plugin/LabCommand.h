@@ -52,7 +52,7 @@ struct RecordList {
   const char* columns = nullptr;  ///< the fields that a table shows by default; null: all
 };
 
-/// A command, or a namespace.
+/// A command or, without `work` and `failure`, a namespace.
 struct CommandRow {
   const char* path;
   const char* description;

@@ -83,7 +83,7 @@ class Store {
     return database_->Prepare(kSelect, owner).Step();
   }
 
-  /// Removes the row with this key, and the rows that belong to it. A cluster has no members then.
+  /// Removes the row with this key, and the rows that belong to it. A cluster must have no members.
   template <class Row, class... Key>
   void Remove(const Key&... key) {
     static const std::string kDelete =

@@ -12,9 +12,9 @@ extern "C" {
 char* UUID_CreateRandom();
 
 /// Converts a UUID from the long form to its 36 characters, in upper or lower case as the library
-/// chooses. `destination` has room for `length` characters and a terminating zero
-/// byte, and may be `source`. Returns `destination`; null, with nothing written, when `source` is
-/// no UUID in the long form or the room does not suffice.
+/// chooses. `destination` has room for `length` characters and a terminating zero byte, and may be
+/// `source`. Returns `destination`; null, with nothing written, when `source` is no UUID in the
+/// long form or the room does not suffice.
 char* UUID_PackText(const char* source, char* destination, std::size_t length);
 
 /// Formats like `snprintf`, and always writes a terminating zero byte. Returns the number of

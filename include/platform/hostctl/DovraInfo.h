@@ -115,9 +115,9 @@ class DovraInfo {
                                const DovraIpAddress& address, std::int32_t port,
                                bool hasBoundInterface, const std::string& boundInterface,
                                const std::string& extra) = 0;
-  /// Removes the peer at the address and port. The nil UUID matches any peer; whether
-  /// another UUID must match is the library's choice. Throws when there is none. Returns false when
-  /// the caller has to call `RefreshUnicastAgents`.
+  /// Removes the peer at the address and port. The nil UUID matches any peer; whether another
+  /// UUID must match is the library's choice. Throws when there is none. Returns false when the
+  /// caller has to call `RefreshUnicastAgents`.
   virtual bool RemoveUnicastAgent(const std::string& nodeUuid, const DovraIpAddress& address,
                                   std::int32_t port) = 0;
   /// Fills `entries`, one for each agent: node UUID, whether it is a witness, whether it supports
@@ -125,7 +125,7 @@ class DovraInfo {
   /// numbers, and a flag of 0 means no. The interface is empty when none is bound; it takes the
   /// rest of the entry and may hold ";". An entry with fewer than five ";" is malformed.
   virtual void GetUnicastAgents(std::vector<std::string>& entries) = 0;
-  /// Fills `witnesses` with a string for each agent that is a witness. Callers only show it.
+  /// Fills `witnesses` with a string for each agent that is a witness, which callers only show.
   virtual void GetUnicastWitnesses(std::vector<std::string>& witnesses) = 0;
   /// Puts the persisted interfaces into effect again.
   virtual void RestoreNetworkConfig() = 0;

@@ -23,7 +23,7 @@ struct Member {
 /// The running members that reach each other, the master first, then the backup, then the others in
 /// join order. A witness is neither master nor backup.
 struct Partition {
-  std::vector<const Member*> members;  ///< they point into the list it was made from
+  std::vector<const Member*> members;  ///< pointers into the list of members
   std::int64_t group = 0;              ///< network group; `kIsolated` for an isolated member
   std::size_t number = 0;              ///< among the cluster's partitions, from 1 on; 0: none
   bool isOnly = false;                 ///< the cluster has no other partition
